@@ -1,0 +1,24 @@
+# The programs look for their data beside themselves, so they live in a folder of their own,
+# with links to them in the folder for programs.
+include(GNUInstallDirs)
+
+set(program_folder "${CMAKE_INSTALL_LIBEXECDIR}/tovrel")
+
+foreach(program IN ITEMS tovrel tovrel-batch)
+    if(TARGET ${program})
+        install(TARGETS ${program} RUNTIME DESTINATION "${program_folder}")
+        file(RELATIVE_PATH link_target
+            "${CMAKE_INSTALL_FULL_BINDIR}"
+            "${CMAKE_INSTALL_FULL_LIBEXECDIR}/tovrel/${program}")
+        file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/links")
+        file(CREATE_LINK "${link_target}" "${PROJECT_BINARY_DIR}/links/${program}" SYMBOLIC)
+        install(FILES "${PROJECT_BINARY_DIR}/links/${program}"
+            DESTINATION "${CMAKE_INSTALL_BINDIR}")
+    endif()
+endforeach()
+
+install(FILES ${TOVREL_DATA_FILES} DESTINATION "${program_folder}")
+if(EXISTS "${PROJECT_SOURCE_DIR}/data/tovrel.desktop")
+    install(FILES "${PROJECT_SOURCE_DIR}/data/tovrel.desktop"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+endif()

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tovrel {
+
+/// Rows of FieldTable that hold the tags the program asks for, 0 where the dictionary lacks one.
+struct FieldRows {
+    int RowQsoDate = 0;
+    int RowTimeOn = 0;
+    int RowCall = 0;
+    int RowOperator = 0;
+    int RowRstSent = 0;
+    int RowRstRcvd = 0;
+    int RowFreq = 0;
+    int RowMode = 0;
+    int RowTxPwr = 0;
+    int RowTimeOff = 0;
+    int RowComment = 0;
+    int RowQslSent = 0;
+    int RowQslRcvd = 0;
+    int RowQslVia = 0;
+    int RowBand = 0;
+    int RowName = 0;
+    int RowGridsquare = 0;
+    int RowIota = 0;
+    int RowPfx = 0;
+    int RowState = 0;
+    int RowLatitude = 0;  ///< APP_LOGGER32_LAT
+    int RowLongitude = 0; ///< APP_LOGGER32_LNG
+    int RowEqslRcvd = 0;
+    int RowLotwRcvd = 0;
+    int RowLoggerCountry = 0; ///< APP_LOGGER32_COUNTRY
+    int RowCountry = 0;
+};
+
+/// The field dictionary, a list of the tags that the program keeps, and the values that they have
+/// in the record in hand. Rows count from 1 in the order of the dictionary's lines; row 0 has no
+/// tag and takes the value of every tag without a row. The case of a tag's letters does not count.
+class FieldTable {
+public:
+    static constexpr std::string_view fileName = "TVADIF.txt";
+
+    /// What the user is told when the dictionary is missing at the start of a pass.
+    static constexpr std::string_view missingMessage = "     TVADIF.txt file not found.\r\n"
+                                                       "Tovrel will not function properly\r\n"
+                                                       "without the latest TVADIF.txt file.";
+
+    FieldTable() = default;
+    FieldTable(const FieldTable&) = delete;
+    FieldTable& operator=(const FieldTable&) = delete;
+
+    /// The 24 lines of a new dictionary, each ended by CR LF.
+    static std::string_view defaultFieldDictionary();
+
+    /// Writes the default dictionary into `folder` unless a file of its name, in any case, stands
+    /// there; that one stays as it is, whatever it holds.
+    /// @return whether there is a dictionary now
+    static bool CreateFieldDictionary(const std::string& folder);
+
+    /// Empties the table and builds it from the dictionary in `folder`. All row numbers are 0
+    /// until ResolveFieldRows().
+    /// @return false when the file is missing or can't be read; FieldCount() is 0 then
+    bool LoadFieldDictionary(const std::string& folder);
+
+    /// The same from a dictionary's text: one tag a line, ended by CR, LF or CR LF, blanks round it
+    /// ignored. An empty line makes a row that nothing finds.
+    void loadFrom(std::string_view text);
+
+    /// Looks up the rows of all tags that the program asks for.
+    void ResolveFieldRows();
+    const FieldRows& rows() const { return rows_; }
+
+    /// Number of lines of the dictionary, the row 0 not counted.
+    int FieldCount() const { return static_cast<int>(values_.size()) - 1; }
+
+    /// Row of the first tag that equals `name`, case not counting; 0 when there is none.
+    int FindFieldRow(std::string_view name) const;
+
+    /// Takes the values of a record's fields, which end where the next `<` begins, whatever length
+    /// a tag declares. A later field of a row replaces an earlier one. A `<` with no ":" behind it
+    /// has no name and is passed over; a tag with no ">" behind it has an empty value. Any bytes
+    /// will do; the time is linear in the line's length.
+    /// @param line must live as long as the values are read, since they are views into it
+    void ParseRecordLine(std::string_view line);
+
+    /// Value of a row in the record in hand, all its blanks included; empty when it had none.
+    /// @param row 0 to FieldCount()
+    std::string_view value(int row) const { return values_[static_cast<std::size_t>(row)]; }
+
+    /// The same without the blanks at its ends.
+    std::string_view trimmed(int row) const;
+
+private:
+    struct HashIgnoringCase {
+        std::size_t operator()(std::string_view name) const;
+    };
+    struct EqualIgnoringCase {
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+
+    void addName(std::string_view name, int row);
+    void store(int row, std::string_view value);
+
+    std::string dictionary_; ///< the text that the keys of rowOf_ are views into
+    std::unordered_map<std::string_view, int, HashIgnoringCase, EqualIgnoringCase> rowOf_;
+    /// By a name's length, those past the end together at the end: the first letters that names of
+    /// this length have, a bit for each value of the letter's low five bits.
+    std::array<std::uint32_t, 64> firstLetters_{};
+
+    FieldRows rows_;
+    std::vector<std::string_view> values_ = std::vector<std::string_view>(1);
+    std::vector<int> touched_; ///< rows that the record in hand gave a value
+};
+
+} // namespace tovrel

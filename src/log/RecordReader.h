@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QFile>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// What RecordReader::next() came upon.
+enum class Cut {
+    Record, ///< a record line stands in line()
+    Blank,  ///< an empty line between two records; it counts as nothing, but a pass yields here
+    End,    ///< the end of the log; text behind the last `<EOR>` is dropped
+    Failed  ///< the log could not be opened or read; error() says why
+};
+
+/// Cuts an ADIF log into record lines: the whole text of a record, its physical lines joined with
+/// one blank, up to a line that ends in `<EOR>`. Lines end at CR, LF or CR LF; a UTF-8 byte order
+/// mark at the start of the file is passed over. The header ends before the first line that begins
+/// with `<` and does not end in `<EOH>`; a log needs none.
+///
+/// The file is read in blocks, as far as it reached when it was opened.
+class RecordReader {
+public:
+    static constexpr std::size_t defaultBlockSize = std::size_t{1} << 20U;
+
+    /// Opens the log; a failure is told by the first next().
+    /// @param path of a plain file, UTF-8
+    /// @param blockSize bytes read at a time, at least 1
+    explicit RecordReader(const std::string& path, std::size_t blockSize = defaultBlockSize);
+
+    /// Goes on to the next record or blank line. End and Failed are final.
+    Cut next();
+
+    /// The record line of the last next() that gave Record, blanks at its ends included unless it
+    /// was joined; valid until the next call.
+    std::string_view line() const { return line_; }
+
+    /// Length of the log in bytes when it was opened; 0 when it could not be.
+    std::int64_t size() const { return size_; }
+
+    /// Short reason of a failure, UTF-8; empty when there was none.
+    const std::string& error() const { return error_; }
+
+private:
+    Cut cut();
+    Cut finish();
+    bool skipHeader();
+    bool joinUpToRecordEnd();
+    bool readLine();
+    bool readBlock();
+    std::size_t findLineEnd();
+    std::size_t findByte(char byte, std::size_t end) const;
+
+    QFile file_;
+    std::int64_t size_ = 0;
+    std::int64_t bytesRead_ = 0;
+    std::string error_;
+
+    std::size_t blockSize_;
+    std::unique_ptr<char[]> block_;
+    std::size_t blockEnd_ = 0;
+    std::size_t position_ = 0;     ///< in the block, of the first byte not yet taken
+    std::size_t nextLineFeed_ = 0; ///< in the block, at or behind position_; blockEnd_ for none
+    bool skipLineFeed_ = false;    ///< the last line ended in a CR that was the block's last byte
+
+    bool headerPending_ = true;
+    bool finished_ = false;
+    std::string_view line_;
+    std::string split_;  ///< a physical line that goes over the end of a block
+    std::string joined_; ///< a record that goes over several lines
+};
+
+} // namespace tovrel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "map/PictureSurface.h"
+#include "platform/PassListener.h"
+#include "platform/Projection.h"
+#include "platform/UserPrompt.h"
+
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Size of Picture1 in twips, on both axes. The fixed pixel positions of the fills rest on it: 667
+/// pixels across, centre at pixel 333, 66 map units a pixel.
+inline constexpr float baseMapSize = 10000.0F;
+
+/// What a base map depends on besides its data files.
+struct BaseMapStyle {
+    Projection projection = Projection::Azimuthal;
+    float HomeLatitude = 0.0F;  ///< degrees
+    float HomeLongitude = 0.0F; ///< degrees
+    Colour land = 0xC0FFC0;
+    Colour water = 0xFECDA5;
+};
+
+/// Name of the file in which the base map of a projection is cached.
+std::string_view baseMapCacheName(Projection projection);
+
+/// Draws the picture under everything else, land, sea and coastlines, on Picture1, from the
+/// coastline database and the sea's seed points in the program's folder. A missing file costs a
+/// message and its part of the map.
+void drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
+                 const std::string& programFolder, PassListener& listener, UserPrompt& prompt);
+
+} // namespace tovrel

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "map/GreatCircle.h"
+#include "map/PictureSurface.h"
+#include "platform/PassListener.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tovrel {
+
+/// One record of the coastline database.
+struct CoastRecord {
+    std::int16_t marker;    ///< above 1000 the record starts a new stroke
+    std::int16_t latitude;  ///< arc minutes, north positive
+    std::int16_t longitude; ///< arc minutes, east positive, may pass 180 degrees
+};
+
+/// Records of a coastline database: 6 bytes each, little-endian, no header. The count is the length
+/// divided by 6, rounded; bytes that a last record lacks count as 0.
+std::vector<CoastRecord> readCoastRecords(std::string_view bytes);
+
+/// Draws coastlines on a surface.
+class Coastline {
+public:
+    /// @param greatCircle projection of the azimuthal map, whose pen state the strokes share
+    Coastline(PictureSurface& surface, GreatCircle& greatCircle, PassListener& listener);
+
+    /// Draws all records in ForeColor, letting events run at each stroke start.
+    void DrawCoastline(const std::vector<CoastRecord>& records, Projection projection);
+
+    /// Azimuthal map: carries each stroke that was cut off near the antipode straight outward to
+    /// the inner circle, and likewise from where it comes back. Without it the sea would run round
+    /// through the gap between the coast's last point and the circle, and flood a continent.
+    void SealAntipodeRing();
+
+private:
+    void drawAzimuthal(const CoastRecord& record);
+    void drawMiller(const CoastRecord& record);
+    void PlotCoastPoint();
+
+    PictureSurface& surface_;
+    GreatCircle& greatCircle_;
+    PassListener& listener_;
+    std::int32_t PreviousCoastX_ = 0; ///< map units, of the Miller map's last point
+    bool strokeCut_ = false;          ///< the record before, in this stroke, was cut off
+    bool strokeShown_ = false;        ///< the record before, in this stroke, was drawn
+    std::vector<MapPoint> cutEnds_;   ///< where strokes were cut off or came back
+};
+
+} // namespace tovrel

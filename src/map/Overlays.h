@@ -1,0 +1,37 @@
+#pragma once
+
+#include "map/GreatCircle.h"
+#include "map/PictureSurface.h"
+#include "platform/PassListener.h"
+
+namespace tovrel {
+
+/// Pixels across the two dots of a mark: the inner one leaves a ring of the outer.
+struct DotWidths {
+    int outer = 5;
+    int inner = 3;
+};
+
+/// Draws a mark at a position in map units; DrawWidth is 1 behind it.
+void drawMark(PictureSurface& surface, MapPoint at, DotWidths widths, Colour outline, Colour inner);
+
+struct CompassStyle {
+    int step = 15; ///< degrees between two ticks, 15 or 45
+    bool bold = false;
+};
+
+/// Draws the compass rose round the azimuthal map: ticks between its circles and labels "000" to
+/// "345" outside them, each centred over its tick.
+void DrawCompass(PictureSurface& Picture1, CompassStyle style);
+
+/// Draws meridians and parallels, letting events run after each meridian.
+/// @param homeLatitude, homeLongitude degrees, for the azimuthal map
+void DrawGraticule(PictureSurface& Picture2, Projection projection, float homeLatitude,
+                   float homeLongitude, Colour colour, PassListener& listener);
+
+/// Draws the home station's mark. On the azimuthal map home is in radians, a few map units from the
+/// centre, which is within a pixel of it.
+void DrawHomeMarker(PictureSurface& Picture2, HomePosition home, DotWidths widths, Colour outline,
+                    Colour inner);
+
+} // namespace tovrel

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/Colour.h"
+
+#include <QFont>
+#include <QImage>
+#include <QString>
+
+namespace tovrel {
+
+/// A picture that keeps what is drawn on it, with two ways to reach its pixels: map units (-22000
+/// to 22000 on both axes, X to the right, Y upward) and whole pixels ((0, 0) at the top left).
+///
+/// Coordinates may be anything, infinities and NaN included: what lies off the surface shows
+/// nothing, and a bad coordinate costs its own drawing operation alone.
+class PictureSurface {
+public:
+    /// A white surface, its size in twips.
+    PictureSurface(float width, float height);
+
+    float Width() const { return width_; }
+    float Height() const { return height_; }
+    int pixelWidth() const { return image_.width(); }
+    int pixelHeight() const { return image_.height(); }
+
+    /// Changes the size, in twips; what was drawn is gone.
+    void setSize(float width, float height);
+
+    /// All that was drawn, as a 32-bit image without alpha.
+    const QImage& Image() const { return image_; }
+
+    /// Covers the surface with BackColor.
+    void Cls();
+
+    /// Covers the surface with BackColor and shows an image at its top left.
+    void setPicture(const QImage& picture);
+
+    Colour BackColor = 0xFFFFFF;
+    Colour ForeColor = 0x000000;
+    int DrawWidth = 1; ///< pixels across a dot of PSet; lines and circles are one pixel wide
+
+    double CurrentX = 0.0; ///< the current point, map units
+    double CurrentY = 0.0;
+
+    /// A round dot DrawWidth pixels wide; the current point moves there.
+    void PSet(double x, double y, Colour colour);
+    void PSet(double x, double y) { PSet(x, y, ForeColor); }
+
+    /// A line from the current point, which moves to its end. It is clipped, not walked, where it
+    /// leaves the surface.
+    void Line(double x, double y, Colour colour);
+    void Line(double x, double y) { Line(x, y, ForeColor); }
+
+    /// The outline of a circle in ForeColor, without a gap; all in map units.
+    void Circle(double x, double y, double radius);
+
+    /// Text in ForeColor whose top left corner is the current point, turned about it.
+    /// @param escapement tenths of a degree, counterclockwise
+    void Print(const QString& text, const QFont& font, int escapement = 0);
+
+    /// Colour of a pixel; nothing is drawn and 0xFFFFFFFF given for one off the surface.
+    Colour GetPixel(int x, int y) const;
+    void SetPixel(int x, int y, Colour colour);
+
+    /// Fills the region of 4-connected pixels of exactly the seed's colour round (x, y).
+    void ExtFloodFill(int x, int y, Colour colour);
+
+    /// Stretches all of `source` over all of this surface, smoothly.
+    void StretchBlt(const PictureSurface& source);
+
+    /// Pixel nearest to a position in map units, not limited to the surface; NaN stays one.
+    double pixelX(double x) const;
+    double pixelY(double y) const;
+
+private:
+    struct Pixel {
+        int x;
+        int y;
+    };
+    bool contains(int x, int y) const;
+    void drawLine(double x0, double y0, double x1, double y1, Colour colour);
+    void walkLine(Pixel from, Pixel to, std::uint32_t pixel);
+    std::uint32_t* row(int y);
+
+    float width_;
+    float height_;
+    QImage image_;
+};
+
+} // namespace tovrel

@@ -1,0 +1,46 @@
+#include "platform/ByteText.h"
+
+#include <QStringDecoder>
+#include <algorithm>
+#include <array>
+
+namespace tovrel {
+
+std::string_view trimBlanksRight(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view trimBlanks(std::string_view text) {
+    text = trimBlanksRight(text);
+    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+bool equalIgnoringCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return upperCase(x) == upperCase(y); });
+}
+
+QString displayText(std::string_view bytes) {
+    const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+    QString text = utf8.decode(view);
+    if (!utf8.hasError())
+        return text;
+
+    // Windows-1252 differs from Latin-1 in the range 0x80 to 0x9F alone. The five bytes that it
+    // leaves undefined show as the replacement character.
+    static constexpr std::array<char16_t, 32> upperControls = {
+        0x20AC, 0xFFFD, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+        0x2039, 0x0152, 0xFFFD, 0x017D, 0xFFFD, 0xFFFD, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0xFFFD, 0x017E, 0x0178};
+    text = QString::fromLatin1(view);
+    for (QChar& c : text) {
+        if (c.unicode() >= 0x80 && c.unicode() < 0xA0)
+            c = upperControls[c.unicode() - 0x80U];
+    }
+    return text;
+}
+
+std::string byteText(const QString& text) { return text.toStdString(); }
+
+} // namespace tovrel

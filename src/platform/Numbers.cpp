@@ -1,0 +1,86 @@
+#include "platform/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace tovrel {
+
+namespace {
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+template <typename Real>
+std::string shortestFixed(Real value) {
+    // The smallest double needs 324 places behind the point and 17 digits more.
+    std::array<char, 400> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::fixed);
+    return {buffer.data(), end.ptr};
+}
+
+} // namespace
+
+float toSingle(double value) {
+    constexpr double largest = std::numeric_limits<float>::max();
+    if (std::isnan(value))
+        return 0.0F;
+    return static_cast<float>(std::clamp(value, -largest, largest));
+}
+
+double roundHalfEven(double value) { return std::nearbyint(value); }
+
+double roundHalfEven(double value, int decimals) {
+    constexpr double wholeBeyond = 9007199254740992.0; // 2^53: no fraction left to round
+    if (!(std::abs(value) < wholeBeyond))
+        return value;
+    const double scale = std::pow(10.0, decimals);
+    return std::nearbyint(value * scale) / scale + 0.0;
+}
+
+int roundToInt(double value) {
+    constexpr double least = std::numeric_limits<int>::min();
+    constexpr double most = std::numeric_limits<int>::max();
+    if (std::isnan(value))
+        return 0;
+    return static_cast<int>(std::clamp(std::nearbyint(value), least, most));
+}
+
+std::optional<double> leadingNumber(std::string_view text) {
+    const std::size_t start = text.find_first_not_of(' ');
+    if (start == std::string_view::npos)
+        return std::nullopt;
+    text.remove_prefix(start);
+    const bool negative = text.front() == '-';
+    if (negative || text.front() == '+')
+        text.remove_prefix(1);
+
+    // Only digits and a point may begin it: from_chars alone would take "inf" and "nan" too.
+    const bool begins = !text.empty() && (isDigit(text[0]) ||
+                                          (text[0] == '.' && text.size() > 1 && isDigit(text[1])));
+    if (!begins)
+        return std::nullopt;
+
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        // from_chars does not say which end of the range was passed; the exponent's sign does.
+        const std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
+        const std::size_t exponent = digits.find_first_of("eE");
+        const bool tiny = exponent == std::string_view::npos
+                              ? digits.find_first_not_of("0.") > digits.find('.')
+                              : exponent + 1 < digits.size() && digits[exponent + 1] == '-';
+        value = tiny ? 0.0 : std::numeric_limits<double>::max();
+    }
+    return negative ? -value : value;
+}
+
+double numberValue(std::string_view text) { return leadingNumber(text).value_or(0.0); }
+
+std::string decimalText(double value) { return shortestFixed(value + 0.0); }
+
+std::string decimalText(float value) { return shortestFixed(value + 0.0F); }
+
+} // namespace tovrel

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Nearest single-precision value. Sizes past the range give the largest single, NaN gives 0.
+float toSingle(double value);
+
+/// Nearest whole number, a tie going to the even neighbour. NaN and infinities come back unchanged.
+double roundHalfEven(double value);
+
+/// The same at `decimals` (0 to 9) places behind the point; never gives a negative zero.
+double roundHalfEven(double value, int decimals);
+
+/// Nearest whole number, a tie going to the even neighbour, held within the range of int; NaN is 0.
+int roundToInt(double value);
+
+/// Number that `text` begins with, blanks in front skipped, the point as decimal mark and an
+/// exponent ("1.5e3") taken along. Reading stops at the first character that can't belong to it.
+/// @return nothing when there is none; never a NaN; at most 1.8e308 in size
+std::optional<double> leadingNumber(std::string_view text);
+
+/// Value of leadingNumber(), 0 when there is none.
+double numberValue(std::string_view text);
+
+/// Shortest plain decimal text ("-0.5", never an exponent) that reads back as the same double.
+std::string decimalText(double value);
+
+/// Shortest plain decimal text that reads back as the same single.
+std::string decimalText(float value);
+
+} // namespace tovrel

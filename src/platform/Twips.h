@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/Numbers.h"
+
+/// Windows and controls are measured in twips, 1/1440 inch; a pixel is always 15 of them.
+namespace tovrel {
+
+inline constexpr int twipsPerPixel = 15;
+
+/// Whole pixels nearest to a length in twips.
+inline int pixelsFromTwips(double twips) { return roundToInt(twips / twipsPerPixel); }
+
+/// Twips of a length in pixels.
+constexpr float twipsFromPixels(int pixels) { return static_cast<float>(pixels * twipsPerPixel); }
+
+} // namespace tovrel

@@ -1,0 +1,80 @@
+#include "state/FilterGroup.h"
+
+namespace tovrel {
+
+const CriterionNames& namesOf(Criterion criterion) {
+    static constexpr std::array<CriterionNames, 3> names = {{
+        {"Band",
+         "BAND",
+         "Band",
+         12,
+         {"OFF", "2M", "6M", "10M", "12M", "15M", "17M", "20M", "30M", "40M", "60M", "80M",
+          "160M"}},
+        {"Mode", "MODE", "Mode", 3, {"OFF", "Phone", "CW", "Digital"}},
+        {"IOTA", "IOTA", "IOTA", 7, {"OFF", "AF", "AN", "AS", "EU", "NA", "OC", "SA"}},
+    }};
+    return names[static_cast<std::size_t>(criterion)];
+}
+
+void FilterGroup::set(int member, bool on) {
+    if (selected(member) == on)
+        return;
+    assign(member, on);
+    keepConsistent(member);
+    if (changed)
+        changed();
+}
+
+void FilterGroup::reset() {
+    if (selection_ == 1)
+        return;
+    selection_ = 1;
+    if (changed)
+        changed();
+}
+
+void FilterGroup::assign(int member, bool on) {
+    const auto bit = static_cast<std::uint16_t>(1U << member);
+    selection_ = static_cast<std::uint16_t>(on ? selection_ | bit : selection_ & ~bit);
+}
+
+void FilterGroup::keepConsistent(int member) {
+    if (member > 0) {
+        assign(0, false);
+    } else if (selected(0)) {
+        selection_ = 1;
+    }
+    if (selection_ == 0)
+        assign(0, true);
+}
+
+FilterGroup& Filter::group(Criterion criterion) {
+    switch (criterion) {
+    case Criterion::Band:
+        return band;
+    case Criterion::Mode:
+        return mode;
+    case Criterion::Iota:
+        break;
+    }
+    return iota;
+}
+
+const FilterGroup& Filter::group(Criterion criterion) const {
+    switch (criterion) {
+    case Criterion::Band:
+        return band;
+    case Criterion::Mode:
+        return mode;
+    case Criterion::Iota:
+        break;
+    }
+    return iota;
+}
+
+void Filter::reset() {
+    for (const Criterion criterion : allCriteria)
+        group(criterion).reset();
+}
+
+} // namespace tovrel

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "state/FilterGroup.h"
+#include "state/RunState.h"
+#include "state/iniFiles.h"
+
+#include <functional>
+#include <string>
+
+namespace tovrel {
+
+/// Size of the plot marks; the settings hold the words "Small", "Medium" and "Large".
+enum class MarkerSize { Small, Medium, Large };
+
+std::string_view wordOf(MarkerSize size);
+
+/// Sets `size` when `word` is one of the three words, exactly so written; leaves it else.
+void readMarkerWord(std::string_view word, MarkerSize& size);
+
+/// What the option window of one map holds, applied or not.
+struct MapOptions {
+    Filter filter;
+    MarkerSize marker = MarkerSize::Small; ///< Option1, Option2, Option3
+    int line = 1;                          ///< optLine1 to optLine3: thickness of the plot line
+    bool chkCall = false;                  ///< the parts of the tool tip
+    bool chkLatLong = false;
+    bool chkCountry = false;
+
+    /// Called when the other options were set from the settings; a filter group tells by itself.
+    std::function<void()> changed;
+
+    /// The state in which a window is made, before it reads the settings.
+    void resetToDesign();
+};
+
+/// The options of both maps. A window that has been closed has dropped what was not applied: the
+/// next access to its options loads them from the settings again, which also sets the menu's marks
+/// and the home position, since they belong to the same load.
+class MapOptionForms {
+public:
+    MapOptionForms(iniFiles& ini, RunState& run);
+
+    /// Options of a map, loaded first if need be.
+    MapOptions& of(Projection projection);
+    MapOptions& inForce() { return of(run_.marks.projection); }
+
+    void LoadGCMapOptions() { load(Projection::Azimuthal); }
+    void LoadMCMapOptions() { load(Projection::Miller); }
+    void load(Projection projection);
+
+    void SaveGCMapOptions() { save(Projection::Azimuthal); }
+    void SaveMCMapOptions() { save(Projection::Miller); }
+    void save(Projection projection);
+    void saveInForce() { save(run_.marks.projection); }
+
+    /// The window of a map was closed: what was not applied is dropped.
+    void unload(Projection projection);
+
+    /// Loads a group's boxes from the settings, member 0 and all others in rising order; with an
+    /// empty key of member 0, OFF is selected and the rest left alone.
+    static void loadGroup(const iniFiles& ini, std::string_view section, FilterGroup& group);
+    static void saveFilter(iniFiles& ini, std::string_view section, const Filter& filter);
+
+private:
+    struct Form {
+        MapOptions options;
+        bool loaded = false;
+    };
+    Form& form(Projection projection);
+    void setFromSettings(Projection projection, MapOptions& options);
+
+    iniFiles& ini_;
+    RunState& run_;
+    Form gc_;
+    Form mc_;
+};
+
+/// Settings section of a map's options.
+std::string_view sectionOf(Projection projection);
+
+/// Text of a filter box of the statistics window: heading, rule, and the captions of the members
+/// that the section's settings select, each followed by CR LF.
+std::string filterText(const iniFiles& ini, std::string_view section, Criterion criterion);
+
+} // namespace tovrel

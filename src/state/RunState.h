@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/Projection.h"
+
+#include <functional>
+#include <string>
+
+namespace tovrel {
+
+/// The check marks of the menu. They hold the options of the map; which projection is on stands in
+/// `projection` (mnuGreatCircle or mnuMiller is checked, never both).
+struct MenuMarks {
+    Projection projection = Projection::Azimuthal;
+    bool mnuShowMe = false;
+    bool mnuMeridian = false;
+    bool mnuTopo = false;
+    bool mnuShowCompass = false;
+    bool mnuBoldCompass = false;
+    bool mnuLightCompass = false;
+    bool mnu15Degrees = false;
+    bool mnu45Degrees = false;
+
+    bool azimuthal() const { return projection == Projection::Azimuthal; }
+    bool operator==(const MenuMarks&) const = default;
+};
+
+/// The state of a run of the program that no table and no window holds.
+struct RunState {
+    std::string LogFileName;     ///< path of the log, UTF-8; empty when none is chosen
+    float HomeLatitude = 0.0F;   ///< degrees, north positive
+    float HomeLongitude = 0.0F;  ///< degrees, east positive
+    bool MapPlotted = false;     ///< a plot pass was started on the map on show
+    bool AbortRequested = false; ///< polled and cleared by the passes over the log
+    bool FormReady = false;      ///< Form_Resize may rearrange the map
+    int PlotLineWidth = 1;       ///< pixels, 1 to 3
+    MenuMarks marks;
+
+    /// Called by whoever changes a mark, so that the menu shows it.
+    std::function<void()> marksChanged;
+
+    void tellMarksChanged() const {
+        if (marksChanged)
+            marksChanged();
+    }
+};
+
+} // namespace tovrel

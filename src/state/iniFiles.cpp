@@ -1,0 +1,65 @@
+#include "state/iniFiles.h"
+
+#include "platform/ByteText.h"
+#include "platform/Files.h"
+#include "platform/Numbers.h"
+
+#include <utility>
+
+namespace tovrel {
+
+namespace {
+
+constexpr std::size_t valueBuffer = 512;
+
+} // namespace
+
+iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName)
+    : programFolder_(std::move(programFolder)), profile_(joinPath(programFolder_, IniFileName)) {}
+
+std::string iniFiles::ReadIniValue(std::string_view section, std::string_view key,
+                                   std::string_view defaultValue) const {
+    return profile_.read(section, key, defaultValue, valueBuffer);
+}
+
+bool iniFiles::WriteIniValue(std::string_view section, std::string_view key,
+                             std::string_view value) {
+    return profile_.write(section, trimBlanks(key), trimBlanks(value));
+}
+
+double iniFiles::readNumber(std::string_view section, std::string_view key, double fallback) const {
+    return leadingNumber(ReadIniValue(section, key)).value_or(fallback);
+}
+
+bool iniFiles::readBoolean(std::string_view section, std::string_view key, bool fallback) const {
+    const std::string text = ReadIniValue(section, key);
+    if (text.empty())
+        return fallback;
+    // A number is a boolean too to whoever edits the file by hand: all but 0 is true.
+    return equalIgnoringCase(text, "True") || numberValue(text) != 0.0;
+}
+
+void iniFiles::writeBoolean(std::string_view section, std::string_view key, bool value) {
+    WriteIniValue(section, key, value ? "True" : "False");
+}
+
+bool iniFiles::readCheck(std::string_view section, std::string_view key) const {
+    return readNumber(section, key) == 1.0;
+}
+
+void iniFiles::writeCheck(std::string_view section, std::string_view key, bool value) {
+    WriteIniValue(section, key, value ? "1" : "0");
+}
+
+Colour readColour(const iniFiles& ini, std::string_view section, std::string_view key,
+                  Colour fallback) {
+    const double number = ini.readNumber(section, key, -1.0);
+    const bool isColour = number >= 0.0 && number <= 0xFFFFFF;
+    return isColour ? static_cast<Colour>(number) : fallback;
+}
+
+std::string memberKey(std::string_view group, int member) {
+    return std::string(group).append(std::to_string(member));
+}
+
+} // namespace tovrel

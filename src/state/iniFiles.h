@@ -1,0 +1,71 @@
+#pragma once
+
+#include "platform/Colour.h"
+#include "platform/PrivateProfile.h"
+
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// The settings: all lasting state of the program, in one file in the program's folder. A consumer
+/// reads a value at the moment that it needs it, a writer stores it at the moment that it changes.
+class iniFiles {
+public:
+    /// @param programFolder folder of the program and its data
+    /// @param IniFileName name of the settings file, appended to the folder unchanged
+    iniFiles(std::string programFolder, std::string_view IniFileName);
+
+    const std::string& programFolder() const { return programFolder_; }
+    bool fileExists() const { return profile_.exists(); }
+
+    /// Value of a key, at most 511 bytes; `defaultValue` when it is missing.
+    std::string ReadIniValue(std::string_view section, std::string_view key,
+                             std::string_view defaultValue = {}) const;
+
+    /// Stores a value, blanks at both ends taken off key and value.
+    /// @return false when the file could not be written
+    bool WriteIniValue(std::string_view section, std::string_view key, std::string_view value);
+
+    /// Number of a key, or `fallback` when the key is empty or begins with no number.
+    double readNumber(std::string_view section, std::string_view key, double fallback = 0.0) const;
+
+    /// Whether a key reads "True", case not counting; `fallback` when it is empty.
+    bool readBoolean(std::string_view section, std::string_view key, bool fallback = false) const;
+    void writeBoolean(std::string_view section, std::string_view key, bool value);
+
+    /// Whether a check box value reads as the number 1.
+    bool readCheck(std::string_view section, std::string_view key) const;
+    void writeCheck(std::string_view section, std::string_view key, bool value);
+
+    /// While one lives, all writes reach the file together, at its end.
+    class Batch {
+    public:
+        explicit Batch(iniFiles& ini) : batch_(ini.profile_) {}
+
+    private:
+        PrivateProfile::Batch batch_;
+    };
+
+private:
+    std::string programFolder_;
+    PrivateProfile profile_;
+};
+
+/// Sections of the settings file.
+namespace section {
+inline constexpr std::string_view globals = "Globals";
+inline constexpr std::string_view log = "Log";
+inline constexpr std::string_view google = "GoogleMapOptions";
+inline constexpr std::string_view azimuthal = "GCMapOptions";
+inline constexpr std::string_view miller = "MCMapOptions";
+} // namespace section
+
+/// Colour that a key holds as decimal text; `fallback` when it is empty, no number, or no colour.
+Colour readColour(const iniFiles& ini, std::string_view section, std::string_view key,
+                  Colour fallback);
+
+/// Key of a member of a filter group, for example "Band12".
+std::string memberKey(std::string_view group, int member);
+
+} // namespace tovrel

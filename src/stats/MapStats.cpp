@@ -1,0 +1,82 @@
+#include "stats/MapStats.h"
+
+#include "map/GreatCircle.h"
+
+namespace tovrel {
+
+MapStats::MapStats(iniFiles& ini, MapOptionForms& maps, RunState& run, PlotLine& lneGCPlotLine)
+    : ini_(ini), maps_(maps), run_(run), lneGCPlotLine_(lneGCPlotLine) {}
+
+StatusLists& MapStats::lists() {
+    load();
+    return lists_;
+}
+
+Legend& MapStats::legend() {
+    load();
+    return legend_;
+}
+
+const std::string& MapStats::filterText(Criterion criterion) {
+    load();
+    return filterTexts_[static_cast<std::size_t>(criterion)];
+}
+
+void MapStats::load() {
+    if (loaded_)
+        return;
+    loaded_ = true;
+    const Projection projection = run_.marks.projection;
+    legend_.load(ini_, projection);
+    run_.PlotLineWidth = maps_.of(projection).line;
+    showFilter(projection);
+}
+
+void MapStats::unload() {
+    if (!loaded_)
+        return;
+    loaded_ = false;
+    lists_.clear();
+    legend_.resetToDesign();
+    tellChanged();
+}
+
+void MapStats::showFilter(Projection projection) {
+    load();
+    for (const Criterion criterion : allCriteria) {
+        filterTexts_[static_cast<std::size_t>(criterion)] =
+            tovrel::filterText(ini_, sectionOf(projection), criterion);
+    }
+    tellChanged();
+}
+
+void MapStats::pickColour(LegendEntry entry, Colour colour) {
+    legend().set(entry, colour);
+    legend().save(ini_, run_.marks.projection, entry);
+}
+
+void MapStats::pickStation(const Station& station) {
+    if (!station.shown()) {
+        lneGCPlotLine_.hide();
+        return;
+    }
+    PlotLine::Shape line;
+    if (!run_.marks.azimuthal()) {
+        const HomePosition home =
+            homePosition(Projection::Miller, run_.HomeLatitude, run_.HomeLongitude);
+        line.fromX = home.HomeX;
+        line.fromY = home.HomeY;
+    }
+    line.toX = station.mapX;
+    line.toY = station.mapY;
+    line.width = run_.PlotLineWidth;
+    line.colour = legend().colour(LegendEntry::Line);
+    lneGCPlotLine_.show(line);
+}
+
+void MapStats::tellChanged() const {
+    if (changed)
+        changed();
+}
+
+} // namespace tovrel

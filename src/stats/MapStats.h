@@ -1,0 +1,64 @@
+#pragma once
+
+#include "state/MapOptions.h"
+#include "state/PlotLine.h"
+#include "state/RunState.h"
+#include "state/iniFiles.h"
+#include "stats/Legend.h"
+#include "stats/StatusLists.h"
+
+#include <array>
+#include <functional>
+#include <string>
+
+namespace tovrel {
+
+/// What the statistics window holds: the lists, the filter in force and the plot colours. Whoever
+/// draws or counts uses it, whether the window is open or not.
+///
+/// Closing the window drops all of it. The next access loads it again, lists empty, filter and
+/// colours from the settings of the map in force.
+class MapStats {
+public:
+    MapStats(iniFiles& ini, MapOptionForms& maps, RunState& run, PlotLine& lneGCPlotLine);
+
+    StatusLists& lists();
+    Legend& legend();
+
+    /// Text of the filter boxes txtBand, txtMode and txtIOTA.
+    const std::string& filterText(Criterion criterion);
+
+    /// Takes the filter texts from the settings of a map, as when its options were applied.
+    void showFilter(Projection projection);
+
+    /// Takes a colour that the user chose: the legend and the settings of the map in force get it.
+    void pickColour(LegendEntry entry, Colour colour);
+
+    /// Draws the line to a station that was picked in a list; for one that can't be shown the line
+    /// goes away.
+    void pickStation(const Station& station);
+
+    /// The window is made, or somebody needs what it holds.
+    void load();
+
+    /// The window was closed.
+    void unload();
+    bool loaded() const { return loaded_; }
+
+    /// Called when filter texts have changed or the window's content was dropped.
+    std::function<void()> changed;
+
+private:
+    void tellChanged() const;
+
+    iniFiles& ini_;
+    MapOptionForms& maps_;
+    RunState& run_;
+    PlotLine& lneGCPlotLine_;
+    StatusLists lists_;
+    Legend legend_;
+    std::array<std::string, 3> filterTexts_;
+    bool loaded_ = false;
+};
+
+} // namespace tovrel
