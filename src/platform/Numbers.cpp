@@ -21,6 +21,25 @@ std::string shortestFixed(Real value) {
     return {buffer.data(), end.ptr};
 }
 
+/// Whether a number past the range of double is so near 0, or so far from it; from_chars does not
+/// say which end was passed.
+/// @param digits a number other than 0, without sign
+bool belowOne(std::string_view digits) {
+    const std::size_t mark = std::min(digits.find_first_of("eE"), digits.size());
+    const std::size_t point = std::min(digits.find('.'), mark);
+    const std::size_t first = digits.find_first_of("123456789");
+    const double places = static_cast<double>(point) - static_cast<double>(first);
+
+    const bool negative =
+        digits.substr(mark).starts_with("e-") || digits.substr(mark).starts_with("E-");
+    double power = 0.0;
+    for (const char c : digits.substr(mark)) {
+        if (isDigit(c))
+            power = std::min(power * 10.0 + (c - '0'), 1e300);
+    }
+    return places + (negative ? -power : power) < 0.0;
+}
+
 } // namespace
 
 float toSingle(double value) {
@@ -66,13 +85,8 @@ std::optional<double> leadingNumber(std::string_view text) {
     double value = 0.0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
-        // from_chars does not say which end of the range was passed; the exponent's sign does.
         const std::string_view digits(text.data(), static_cast<std::size_t>(end - text.data()));
-        const std::size_t exponent = digits.find_first_of("eE");
-        const bool tiny = exponent == std::string_view::npos
-                              ? digits.find_first_not_of("0.") > digits.find('.')
-                              : exponent + 1 < digits.size() && digits[exponent + 1] == '-';
-        value = tiny ? 0.0 : std::numeric_limits<double>::max();
+        value = belowOne(digits) ? 0.0 : std::numeric_limits<double>::max();
     }
     return negative ? -value : value;
 }

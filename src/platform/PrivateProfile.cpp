@@ -70,7 +70,12 @@ std::string_view lineEndOf(std::string_view content) {
 
 } // namespace
 
-PrivateProfile::PrivateProfile(std::string path) : path_(std::move(path)) {}
+PrivateProfile::PrivateProfile(std::string path, Storage storage) : path_(std::move(path)) {
+    if (storage == Storage::Memory) {
+        held_ = readFile(path_).value_or(std::string());
+        batches_ = 1; // one that never ends
+    }
+}
 
 bool PrivateProfile::exists() const { return fileExists(path_); }
 

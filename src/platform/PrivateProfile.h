@@ -16,7 +16,13 @@ namespace tovrel {
 /// The file itself is the state: every read looks at the file, every write replaces it as a whole.
 class PrivateProfile {
 public:
-    explicit PrivateProfile(std::string path);
+    /// Where writes go.
+    enum class Storage {
+        File,  ///< to the file, at once
+        Memory ///< nowhere: the file is read once and never written
+    };
+
+    explicit PrivateProfile(std::string path, Storage storage = Storage::File);
 
     const std::string& path() const { return path_; }
     bool exists() const;

@@ -120,7 +120,6 @@ void MapOptionForms::saveFilter(iniFiles& ini, std::string_view section, const F
 void MapOptionForms::save(Projection projection) {
     const iniFiles::Batch together(ini_);
     const std::string_view section = sectionOf(projection);
-    const MapOptions& options = of(projection);
     const MenuMarks& marks = run_.marks;
     ini_.writeBoolean(section, "Topo", marks.mnuTopo);
     ini_.writeBoolean(section, "ShowMe", marks.mnuShowMe);
@@ -132,6 +131,8 @@ void MapOptionForms::save(Projection projection) {
         ini_.writeBoolean(section, "15Deg", marks.mnu15Degrees);
         ini_.writeBoolean(section, "45Deg", marks.mnu45Degrees);
     }
+    // Options that are not loaded are loaded here, and that reads the marks: they stand by now.
+    const MapOptions& options = of(projection);
     saveFilter(ini_, section, options.filter);
     ini_.writeCheck(section, "Call", options.chkCall);
     ini_.writeCheck(section, "LatLong", options.chkLatLong);

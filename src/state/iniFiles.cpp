@@ -14,8 +14,10 @@ constexpr std::size_t valueBuffer = 512;
 
 } // namespace
 
-iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName)
-    : programFolder_(std::move(programFolder)), profile_(joinPath(programFolder_, IniFileName)) {}
+iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName,
+                   PrivateProfile::Storage storage)
+    : programFolder_(std::move(programFolder)), storage_(storage),
+      profile_(joinPath(programFolder_, IniFileName), storage) {}
 
 std::string iniFiles::ReadIniValue(std::string_view section, std::string_view key,
                                    std::string_view defaultValue) const {

@@ -14,10 +14,14 @@ class iniFiles {
 public:
     /// @param programFolder folder of the program and its data
     /// @param IniFileName name of the settings file, appended to the folder unchanged
-    iniFiles(std::string programFolder, std::string_view IniFileName);
+    /// @param storage Memory for a run that must leave the folder as it is: what it writes lives
+    ///        as long as this object
+    iniFiles(std::string programFolder, std::string_view IniFileName,
+             PrivateProfile::Storage storage = PrivateProfile::Storage::File);
 
     const std::string& programFolder() const { return programFolder_; }
     bool fileExists() const { return profile_.exists(); }
+    bool isMemoryOnly() const { return storage_ == PrivateProfile::Storage::Memory; }
 
     /// Value of a key, at most 511 bytes; `defaultValue` when it is missing.
     std::string ReadIniValue(std::string_view section, std::string_view key,
@@ -49,6 +53,7 @@ public:
 
 private:
     std::string programFolder_;
+    PrivateProfile::Storage storage_;
     PrivateProfile profile_;
 };
 

@@ -1,0 +1,84 @@
+#include "batch/PlotReport.h"
+
+#include "platform/ByteText.h"
+#include "platform/Numbers.h"
+
+#include <cstdio>
+
+namespace tovrel {
+
+namespace {
+
+std::string quoted(std::string_view bytes) {
+    std::string json = "\"";
+    for (const char c : byteText(displayText(bytes))) {
+        if (c == '"' || c == '\\') {
+            json += '\\';
+            json += c;
+        } else if (static_cast<unsigned char>(c) < 0x20) {
+            char escape[8];
+            std::snprintf(escape, sizeof escape, "\\u%04x", static_cast<unsigned>(c));
+            json += escape;
+        } else {
+            json += c;
+        }
+    }
+    return json + '"';
+}
+
+/// A member of an object, with the comma that the next one needs.
+std::string member(const char* name, const std::string& value) {
+    return quoted(name) + ":" + value + ",";
+}
+
+template <typename Texts>
+std::string list(const Texts& texts) {
+    std::string json = "[";
+    for (const auto& text : texts) {
+        json.append(json.size() > 1 ? "," : "").append(quoted(text));
+    }
+    return json + "]";
+}
+
+std::string plottedContacts(const PlotTables& tables) {
+    const std::vector<PlotRow>& rows = tables.plotTable.rows();
+    std::string json = "[";
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const HoverRow& at = tables.HoverTable[i];
+        const bool shown = at.mapX == at.mapX;
+        json += i > 0 ? ",\n{" : "\n{";
+        json += member("call", quoted(rows[i].call));
+        json += member("status", quoted(std::string(1, static_cast<char>(rows[i].status))));
+        json += member("country", quoted(tables.plotTable.country(rows[i])));
+        json += member("latitude", decimalText(rows[i].latitude));
+        json += member("longitude", decimalText(rows[i].longitude));
+        json += member("mapY", shown ? decimalText(at.mapY) : "null");
+        json += "\"mapX\":" + (shown ? decimalText(at.mapX) : "null") + "}";
+    }
+    return json + "]";
+}
+
+} // namespace
+
+std::string plotReport(RunData& data, const std::vector<std::string>& messages) {
+    const PlotTables& tables = data.tables;
+    const PassCounters& counters = tables.counters;
+    const StatusLists& lists = data.stats.lists();
+    const auto count = [](std::int32_t value) { return std::to_string(value); };
+    const auto boolean = [](bool value) { return std::string(value ? "true" : "false"); };
+    std::string json = "{";
+    json += member("QsosRead", count(counters.QsosRead));
+    json += member("QsosPlotted", count(counters.QsosPlotted));
+    json += member("QsosConfirmed", count(counters.QsosConfirmed));
+    json += member("QsosWorked", count(counters.QsosWorked));
+    json += member("QsosHeard", count(counters.QsosHeard));
+    json += member("QsosNotPlotted", count(counters.QsosNotPlotted)) + "\n ";
+    json += member("LogHasCoordinates", boolean(tables.LogHasCoordinates));
+    json += member("FilterPassedAny", boolean(tables.FilterPassedAny)) + "\n ";
+    json += member("messages", list(messages)) + "\n ";
+    json += member("lstStats", list(lists.lstStats)) + "\n ";
+    json += member("lstPfxNotPlotted", list(lists.lstPfxNotPlotted.sorted())) + "\n ";
+    return json + "\"plotted\":" + plottedContacts(tables) + "}\n";
+}
+
+} // namespace tovrel

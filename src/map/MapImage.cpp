@@ -1,0 +1,49 @@
+#include "map/MapImage.h"
+
+#include <QLocale>
+
+namespace tovrel {
+
+namespace {
+
+const QString creditLine = QStringLiteral("Maps of amateur radio contacts");
+
+constexpr double leftEdge = -21500.0;
+constexpr double rightStamp = 13000.0;
+constexpr double upperLine = -19600.0;
+constexpr double lowerLine = -20500.0;
+
+} // namespace
+
+void composeMapImage(const PictureSurface& Picture2, Projection projection, const QDateTime& now,
+                     PictureSurface& Picture3) {
+    Picture3.setSize(Picture2.Width(), Picture2.Height());
+    Picture3.StretchBlt(Picture2);
+    Picture3.ForeColor = 0x000000;
+
+    QFont font(QStringLiteral("Arial"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(11); // 8 points
+    const auto print = [&Picture3, &font](double x, double y, const QString& text) {
+        Picture3.CurrentX = x;
+        Picture3.CurrentY = y;
+        Picture3.Print(text, font);
+    };
+    const QString creator = QStringLiteral("Created by Tovrel");
+    const QString clock = QLocale::system().toString(now, QLocale::ShortFormat);
+    if (projection == Projection::Azimuthal) {
+        print(leftEdge, upperLine, creator);
+        print(leftEdge, lowerLine, creditLine);
+        print(rightStamp, lowerLine, clock);
+    } else {
+        print(leftEdge, upperLine, creator + QStringLiteral(" - ") + creditLine);
+        print(rightStamp, upperLine, clock);
+    }
+}
+
+std::string mapImageName(Projection projection, const QDateTime& now) {
+    const char* prefix = projection == Projection::Azimuthal ? "TovrelAP_" : "TovrelMP_";
+    return prefix + now.toString(QStringLiteral("yyyyMMdd-HHmmss")).toStdString();
+}
+
+} // namespace tovrel

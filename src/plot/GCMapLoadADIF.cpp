@@ -1,0 +1,169 @@
+#include "plot/GCMapLoadADIF.h"
+
+#include "log/QsoFilter.h"
+#include "log/RecordReader.h"
+#include "map/Overlays.h"
+#include "platform/Files.h"
+#include "platform/Numbers.h"
+#include "plot/PlotRendering.h"
+
+namespace tovrel {
+
+bool isUsableCoordinate(std::string_view text) { return numberValue(text) != 0.0; }
+
+GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
+                             PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
+                             UserPrompt& prompt)
+    : ini_(ini), maps_(maps), run_(run), stats_(stats), tables_(tables), Picture2_(Picture2),
+      listener_(listener), prompt_(prompt) {}
+
+PassEnd GCMapLoadADIF::PlotLog() {
+    constexpr float fullBar = 100.0F;
+    run_.AbortRequested = false;
+    const std::string status = std::string("Processing: ").append(splitPath(run_.LogFileName).name);
+    listener_.beginPass("Plotting ADIF File", status, fullBar);
+    run_.MapPlotted = true;
+    if (!run_.marks.azimuthal()) {
+        run_.HomeLatitude = toSingle(ini_.readNumber(section::globals, "Latitude"));
+        run_.HomeLongitude = toSingle(ini_.readNumber(section::globals, "Longitude"));
+    }
+    tables_.clear();
+    progress_ = 0.0F;
+
+    const PassEnd end = readLog();
+    if (end != PassEnd::Done) {
+        return end;
+    }
+    const Legend& legend = stats_.legend();
+    const PlotStyle style{.projection = run_.marks.projection,
+                          .HomeLatitude = run_.HomeLatitude,
+                          .HomeLongitude = run_.HomeLongitude,
+                          .marker = maps_.inForce().marker};
+    DrawPlottedQsos(tables_, style, legend, stats_.lists(), Picture2_, prompt_);
+    if (run_.marks.mnuShowMe) {
+        DrawHomeMarker(Picture2_,
+                       homePosition(style.projection, style.HomeLatitude, style.HomeLongitude),
+                       dotWidths(style.marker), legend.colour(LegendEntry::PlotOutline),
+                       legend.colour(LegendEntry::Home));
+    }
+    listener_.showProgress(progress_);
+    listener_.endPass();
+    writeSummary();
+    run_.AbortRequested = false;
+    return PassEnd::Done;
+}
+
+PassEnd GCMapLoadADIF::readLog() {
+    RecordReader log(run_.LogFileName);
+    bool dictionaryLoaded = false;
+    std::int64_t LogBytesDone = 0;
+    for (;;) {
+        switch (log.next()) {
+        case Cut::End:
+            return PassEnd::Done;
+        case Cut::Failed:
+            return fail(PassEnd::LogUnreadable,
+                        "The ADIF file could not be read.\r\n" + run_.LogFileName + "\r\n" +
+                            log.error(),
+                        MessageIcon::Exclamation);
+        case Cut::Blank:
+            break;
+        case Cut::Record:
+            if (!dictionaryLoaded) {
+                if (!loadDictionary()) {
+                    return fail(PassEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
+                                MessageIcon::Critical);
+                }
+                dictionaryLoaded = true;
+            }
+            takeRecord(log.line());
+            // Before the yield: a request made behind this record stops the pass after the next.
+            if (run_.AbortRequested) {
+                run_.AbortRequested = false;
+                return PassEnd::Aborted;
+            }
+            LogBytesDone += static_cast<std::int64_t>(log.line().size());
+            progress_ = toSingle(static_cast<double>(LogBytesDone) /
+                                 static_cast<double>(log.size()) * 100.0);
+            listener_.showProgress(progress_);
+            break;
+        }
+        listener_.yield();
+    }
+}
+
+bool GCMapLoadADIF::loadDictionary() {
+    if (!fields_.LoadFieldDictionary(ini_.programFolder())) {
+        // A folder that must stay as it is was given no dictionary at the start.
+        if (!ini_.isMemoryOnly()) {
+            return false;
+        }
+        fields_.loadFrom(FieldTable::defaultFieldDictionary());
+    }
+    fields_.ResolveFieldRows();
+    return true;
+}
+
+void GCMapLoadADIF::takeRecord(std::string_view line) {
+    ++tables_.counters.QsosRead;
+    fields_.ParseRecordLine(line);
+    const FieldRows& rows = fields_.rows();
+    const std::string_view longitude = field(rows.RowLongitude);
+    if (isUsableCoordinate(longitude)) {
+        tables_.LogHasCoordinates = true;
+    }
+    if (!passesFilter()) {
+        return;
+    }
+    tables_.FilterPassedAny = true;
+    plotRecord(field(rows.RowCall), field(rows.RowLatitude), longitude);
+}
+
+bool GCMapLoadADIF::passesFilter() {
+    const FieldRows& rows = fields_.rows();
+    const auto passes = run_.marks.azimuthal() ? PassesAzimuthalFilter : PassesMillerFilter;
+    return passes(maps_.inForce().filter, field(rows.RowBand), field(rows.RowMode),
+                  field(rows.RowIota));
+}
+
+void GCMapLoadADIF::plotRecord(std::string_view call, std::string_view latitude,
+                               std::string_view longitude) {
+    const FieldRows& rows = fields_.rows();
+    const double north = numberValue(latitude);
+    const double west = numberValue(longitude);
+    if (north == 0.0 || west == 0.0) {
+        ++tables_.counters.QsosNotPlotted;
+        stats_.lists().addNotPlotted(call);
+        return;
+    }
+    ++tables_.counters.QsosPlotted;
+    const QsoStatus status =
+        statusOf(call, field(rows.RowQslRcvd), field(rows.RowEqslRcvd), field(rows.RowLotwRcvd));
+    tables_.plotTable.add(toSingle(north), -toSingle(west), status, call, field(rows.RowCountry));
+}
+
+PassEnd GCMapLoadADIF::fail(PassEnd end, const std::string& message, MessageIcon icon) {
+    // What was read is no result: the lists and tables stay as a map without a plot has them.
+    tables_.clear();
+    stats_.lists().clear();
+    run_.MapPlotted = false;
+    listener_.endPass();
+    prompt_.tell(message, icon);
+    return end;
+}
+
+void GCMapLoadADIF::writeSummary() {
+    const PassCounters& n = tables_.counters;
+    const auto count = [](std::int32_t value) { return std::to_string(value); };
+    constexpr const char* rule = " --------------------";
+    stats_.lists().lstStats = {" " + count(n.QsosRead) + " QSOs Read",
+                               rule,
+                               " " + count(n.QsosPlotted) + " QSOs Plotted",
+                               "   " + count(n.QsosWorked) + " Worked",
+                               "   " + count(n.QsosConfirmed) + " Confirmed",
+                               "   " + count(n.QsosHeard) + " Heard",
+                               rule,
+                               " " + count(n.QsosNotPlotted) + " Not Plotted"};
+}
+
+} // namespace tovrel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Keeps the user's commands from harming each other. A command lets events run midway, and with
+/// them the next one may arrive: it waits until the running one has ended, with all its steps and
+/// message boxes, and then runs once, however often it was asked for.
+class CommandQueue {
+public:
+    using Command = std::function<void()>;
+
+    /// Runs a command now, and behind it those that arrived meanwhile; or lets it wait.
+    /// @param name what makes two commands the same
+    void run(std::string_view name, Command command);
+
+    bool busy() const { return busy_; }
+
+    /// No command runs any more: those that wait are dropped and new ones are not taken.
+    void close();
+
+    /// Called behind each command.
+    std::function<void()> commandEnded;
+
+private:
+    struct Waiting {
+        std::string name;
+        Command command;
+    };
+
+    bool busy_ = false;
+    bool closed_ = false;
+    std::deque<Waiting> waiting_;
+};
+
+} // namespace tovrel

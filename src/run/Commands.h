@@ -1,0 +1,80 @@
+#pragma once
+
+#include "platform/PassListener.h"
+#include "platform/UserPrompt.h"
+#include "run/MapRun.h"
+#include "run/MapWindow.h"
+#include "run/RunData.h"
+
+#include <string_view>
+
+namespace tovrel {
+
+/// The menu's commands that work on the map, each with its steps in their order. Which of them may
+/// run at a moment is the command queue's affair.
+class Commands {
+public:
+    Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& listener,
+             UserPrompt& prompt);
+
+    /// Start-up: settings, state, options and the first map, all before the window is first shown.
+    void Form_Load();
+
+    /// Gives the window its stored size again and draws the map to it, now that the width of its
+    /// frame is known.
+    void fitWindow();
+
+    /// Shut-down: stores the window's size of the projection on show.
+    void Form_Unload();
+
+    void mnuOpenADIFFile();
+    void mnuLoadADIF();
+    void mnuClearMap();
+    void mnuHidePlotLine() { data_.lneGCPlotLine.hide(); }
+    void mnuShowMe();
+    void mnuMeridian();
+    void mnuShowCompass();
+    void mnuBoldCompass() { setCompassWeight(true); }
+    void mnuLightCompass() { setCompassWeight(false); }
+    void mnu15Degrees() { setCompassStep(true); }
+    void mnu45Degrees() { setCompassStep(false); }
+    void mnuGreatCircle() { switchProjection(Projection::Azimuthal); }
+    void mnuMiller() { switchProjection(Projection::Miller); }
+    void mnuRecreateMap();
+    void mnuChangeLandColor();
+    void mnuChangeWaterColor();
+    void mnuResetBaseColors();
+    void mnuAbort() { data_.run.AbortRequested = true; }
+
+    /// Apply Changes of a map's option window: stores the options and tells the statistics window
+    /// the new filter. The window closes itself.
+    void applyMapOptions(Projection projection);
+
+    /// Lets the user choose a colour of the key.
+    /// @return whether the base map has to be rebuilt, since the meridians have a new colour
+    bool pickLegendColour(LegendEntry entry);
+
+private:
+    bool logChosen() const;
+    void replot();
+    void setProjection(Projection projection);
+    void setStoredSize();
+    void setCompassWeight(bool bold);
+    void setCompassStep(bool every15);
+    void switchProjection(Projection projection);
+    void toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(), bool MenuMarks::*otherMark,
+                       void (MapRun::*drawOther)());
+    void changeBaseColour(std::string_view key, Colour whenEmpty);
+    void loadLegendAtStart();
+
+    RunData& data_;
+    MapRun& map_;
+    MapWindow& window_;
+    PassListener& listener_;
+    UserPrompt& prompt_;
+};
+
+/// The program's own version: major, minor and revision joined by points.
+std::string_view GetVersionString();
+
+} // namespace tovrel

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/Colour.h"
+
+#include <optional>
+#include <string>
+
+namespace tovrel {
+
+/// What a run needs of the windows. The program's is the main window with those beside it; a run
+/// without a window has one that is only a size. Sizes are twips, of the outer window.
+class MapWindow {
+public:
+    enum class State { Normal, Minimized, Maximized };
+
+    virtual ~MapWindow() = default;
+
+    virtual State windowState() const = 0;
+    virtual float Width() const = 0;
+    virtual float Height() const = 0;
+    virtual void setWidth(float width) = 0;
+    virtual void setHeight(float height) = 0;
+
+    /// Height of the client area, below title bar and menu.
+    virtual float ScaleHeight() const = 0;
+
+    virtual void setCaption(const std::string& caption) = 0;
+    virtual void setVisible(bool visible) = 0;
+
+    /// Moves the window to the middle of the screen.
+    virtual void CenterForm() = 0;
+
+    /// Takes the sizing rule off while the window is minimized, and the statistics window along
+    /// with the main one.
+    virtual void followState(State state) = 0;
+
+    /// Picture2 has changed; it reaches the screen with the next repaint.
+    virtual void showMap() = 0;
+
+    /// Shows the wait pointer, or the default one.
+    virtual void setWaitPointer(bool wait) = 0;
+
+    /// Starts or stops Timer1.
+    virtual void setTimer1(bool enabled) = 0;
+
+    virtual bool statsVisible() const = 0;
+    virtual void hideStats() = 0;
+    /// Closes the statistics window, visible or not, which drops what it holds.
+    virtual void closeStats() = 0;
+    /// Opens the statistics window beside the map; nothing happens when it is visible.
+    virtual void mnuView_Stats() = 0;
+
+    /// Shows frmInfoInput and waits until the user has closed it.
+    virtual void askStationInfo() = 0;
+
+    /// The open dialog. Filters have the form "ADIF Files (*.ADI)|*.ADI" and match in any case.
+    /// @return path of the chosen file; nothing on cancel
+    virtual std::optional<std::string> openFile(const std::string& title, const std::string& folder,
+                                                const std::string& filter) = 0;
+
+    /// The colour dialog, fully open.
+    /// @return nothing on cancel
+    virtual std::optional<Colour> chooseColour(Colour start) = 0;
+
+    /// Closes the main window, and with it the program.
+    virtual void close() = 0;
+};
+
+} // namespace tovrel

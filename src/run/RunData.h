@@ -1,0 +1,37 @@
+#pragma once
+
+#include "plot/PlotTables.h"
+#include "state/GoogleMapOptions.h"
+#include "state/MapOptions.h"
+#include "state/PlotLine.h"
+#include "state/RunState.h"
+#include "state/iniFiles.h"
+#include "stats/MapStats.h"
+
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace tovrel {
+
+/// All that a run of the program remembers, besides its pictures.
+struct RunData {
+    /// @param programFolder folder of the program and its data
+    /// @param IniFileName name of the settings file in it
+    /// @param storage Memory for a run that leaves the folder as it is
+    RunData(std::string programFolder, std::string_view IniFileName,
+            PrivateProfile::Storage storage = PrivateProfile::Storage::File)
+        : ini(std::move(programFolder), IniFileName, storage) {}
+    RunData(const RunData&) = delete;
+    RunData& operator=(const RunData&) = delete;
+
+    iniFiles ini;
+    RunState run;
+    MapOptionForms maps{ini, run};
+    GoogleMapOptions google;
+    PlotLine lneGCPlotLine;
+    MapStats stats{ini, maps, run, lneGCPlotLine};
+    PlotTables tables;
+};
+
+} // namespace tovrel

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "state/iniFiles.h"
+
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// What the user tells of the station, as typed (bytes, UTF-8).
+struct StationInfo {
+    std::string MyCall;
+    std::string Latitude;  ///< decimal degrees, south negative; empty counts as 0
+    std::string Longitude; ///< decimal degrees, west negative; empty counts as 0
+};
+
+StationInfo readStationInfo(const iniFiles& ini);
+
+/// Stores the three texts as they stand.
+void writeStationInfo(iniFiles& ini, const StationInfo& info);
+
+/// What is wrong with the text of a coordinate.
+enum class CoordinateFault {
+    None,
+    Blank,   ///< a blank anywhere: degrees, minutes and seconds were meant, or a stray key
+    NoNumber ///< not empty and no plain decimal number
+};
+
+/// Judges a coordinate by its form alone; no range is tested.
+CoordinateFault coordinateFault(std::string_view text);
+
+/// Message for a fault.
+/// @param coordinate "Latitude" or "Longitude"
+std::string coordinateMessage(std::string_view coordinate, CoordinateFault fault);
+
+} // namespace tovrel
