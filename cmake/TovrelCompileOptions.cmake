@@ -6,8 +6,8 @@ add_library(tovrel_options INTERFACE)
 #                       asks for hide more than they show.
 #   -Wnull-dereference  with optimisation it reports paths inside the standard library's headers.
 #   -Wmaybe-uninitialized, -Wrestrict
-#                       GCC 12 sees both in its own std::string when that is optimised. Reads of what
-#                       was never set are left to clang-tidy.
+#                       GCC 12 sees both in its own std::string when that is optimised. Reads of
+#                       what was never set are left to clang-tidy.
 target_compile_options(tovrel_options INTERFACE
     -Wall
     -Wextra

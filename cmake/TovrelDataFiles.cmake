@@ -4,7 +4,6 @@ file(GLOB TOVREL_DATA_FILES CONFIGURE_DEPENDS
     "${PROJECT_SOURCE_DIR}/data/*.pnt"
     "${PROJECT_SOURCE_DIR}/data/*.txt"
     "${PROJECT_SOURCE_DIR}/data/*.png"
-    "${PROJECT_SOURCE_DIR}/data/*.jpg"
     "${PROJECT_SOURCE_DIR}/data/Tovrel-Help.pdf"
     "${PROJECT_SOURCE_DIR}/data/sample.adi")
 

@@ -4,17 +4,14 @@ include(GNUInstallDirs)
 
 set(program_folder "${CMAKE_INSTALL_LIBEXECDIR}/tovrel")
 
+file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/links")
 foreach(program IN ITEMS tovrel tovrel-batch)
-    if(TARGET ${program})
-        install(TARGETS ${program} RUNTIME DESTINATION "${program_folder}")
-        file(RELATIVE_PATH link_target
-            "${CMAKE_INSTALL_FULL_BINDIR}"
-            "${CMAKE_INSTALL_FULL_LIBEXECDIR}/tovrel/${program}")
-        file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/links")
-        file(CREATE_LINK "${link_target}" "${PROJECT_BINARY_DIR}/links/${program}" SYMBOLIC)
-        install(FILES "${PROJECT_BINARY_DIR}/links/${program}"
-            DESTINATION "${CMAKE_INSTALL_BINDIR}")
-    endif()
+    install(TARGETS ${program} RUNTIME DESTINATION "${program_folder}")
+    file(RELATIVE_PATH link_target
+        "${CMAKE_INSTALL_FULL_BINDIR}"
+        "${CMAKE_INSTALL_FULL_LIBEXECDIR}/tovrel/${program}")
+    file(CREATE_LINK "${link_target}" "${PROJECT_BINARY_DIR}/links/${program}" SYMBOLIC)
+    install(FILES "${PROJECT_BINARY_DIR}/links/${program}" DESTINATION "${CMAKE_INSTALL_BINDIR}")
 endforeach()
 
 install(FILES ${TOVREL_DATA_FILES} DESTINATION "${program_folder}")

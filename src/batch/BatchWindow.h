@@ -35,6 +35,7 @@ public:
         return std::nullopt;
     }
     std::optional<Colour> chooseColour(Colour /*start*/) override { return std::nullopt; }
+    bool openWithSystem(const std::string& /*path*/) override { return false; }
     void close() override {}
 
 private:

@@ -16,16 +16,23 @@ constexpr auto npos = std::string_view::npos;
 /// kept until the walk has passed it, so that a line full of half tags costs no more than another.
 class TagWalk {
 public:
-    explicit TagWalk(std::string_view line) : line_(line), tag_(line.find('<')) {}
+    explicit TagWalk(std::string_view line) : line_(line), nextTag_(line.find('<')) { toNextTag(); }
 
     bool atTag() const { return tag_ != npos; }
-    void toNextTag() { tag_ = line_.find('<', tag_ + 1); }
+
+    void toNextTag() {
+        tag_ = nextTag_;
+        if (tag_ != npos) {
+            nextTag_ = line_.find('<', tag_ + 1);
+        }
+    }
 
     /// Whether the tag marks the end of a record or of the header. A tag whose name only begins
     /// with these letters counts as one too.
     bool isEndMark() const {
         const std::string_view name = line_.substr(tag_ + 1, 3);
-        return equalIgnoringCase(name, "EOR") || equalIgnoringCase(name, "EOH");
+        return name.size() == 3 && upperCase(name[0]) == 'E' && upperCase(name[1]) == 'O' &&
+               (upperCase(name[2]) == 'R' || upperCase(name[2]) == 'H');
     }
 
     /// Whether there is a ":" somewhere behind the tag's `<`, which its name needs.
@@ -46,7 +53,8 @@ public:
         }
         if (end != tagEnd_) {
             tagEnd_ = end;
-            valueEnd_ = std::min(line_.find('<', end), line_.size());
+            const bool withinTag = end < nextTag_;
+            valueEnd_ = std::min(withinTag ? nextTag_ : line_.find('<', end), line_.size());
         }
         return line_.substr(end + 1, valueEnd_ - end - 1);
     }
@@ -58,7 +66,8 @@ private:
     }
 
     std::string_view line_;
-    std::size_t tag_;
+    std::size_t tag_ = npos;
+    std::size_t nextTag_;
     std::size_t colon_ = 0;
     std::size_t tagEnd_ = 0;
     std::size_t valueEnd_ = 0;
@@ -159,10 +168,10 @@ bool FieldTable::CreateFieldDictionary(const std::string& folder) {
            writeFile(joinPath(folder, fileName), defaultFieldDictionary());
 }
 
-bool FieldTable::LoadFieldDictionary(const std::string& folder) {
+bool FieldTable::LoadFieldDictionary(const std::string& folder, bool defaultServes) {
     const std::optional<std::string> text = readFile(findFile(folder, fileName));
-    loadFrom(text ? *text : std::string_view());
-    return text.has_value();
+    loadFrom(text ? *text : defaultServes ? defaultFieldDictionary() : std::string_view());
+    return text || defaultServes;
 }
 
 void FieldTable::loadFrom(std::string_view text) {
@@ -240,7 +249,7 @@ std::size_t FieldTable::HashIgnoringCase::operator()(std::string_view name) cons
 }
 
 bool FieldTable::EqualIgnoringCase::operator()(std::string_view a, std::string_view b) const {
-    return equalIgnoringCase(a, b);
+    return a == b || equalIgnoringCase(a, b);
 }
 
 } // namespace tovrel

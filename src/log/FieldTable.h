@@ -65,8 +65,11 @@ public:
 
     /// Empties the table and builds it from the dictionary in `folder`. All row numbers are 0
     /// until ResolveFieldRows().
-    /// @return false when the file is missing or can't be read; FieldCount() is 0 then
-    bool LoadFieldDictionary(const std::string& folder);
+    /// @param defaultServes whether the default dictionary takes the place of a missing one, as in
+    ///        a folder that has to stay as it is
+    /// @return false when the file is missing or can't be read and the default does not serve;
+    ///         FieldCount() is 0 then
+    bool LoadFieldDictionary(const std::string& folder, bool defaultServes = false);
 
     /// The same from a dictionary's text: one tag a line, ended by CR, LF or CR LF, blanks round it
     /// ignored. An empty line makes a row that nothing finds.

@@ -3,6 +3,7 @@
 #include "map/Coastline.h"
 #include "map/ColourFill.h"
 #include "map/GreatCircle.h"
+#include "map/TopoOverlay.h"
 #include "platform/Files.h"
 
 #include <optional>
@@ -43,7 +44,7 @@ std::string_view baseMapCacheName(Projection projection) {
     return projection == Projection::Azimuthal ? "GCBaseMap.map" : "MillerBaseMap.map";
 }
 
-void drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
+bool drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
                  const std::string& programFolder, PassListener& listener, UserPrompt& prompt) {
     const bool azimuthal = style.projection == Projection::Azimuthal;
     Picture1.ForeColor = 0x000000;
@@ -71,8 +72,12 @@ void drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
         PaintWater(*seeds, style.projection, style.water, greatCircle, Picture1);
 
     whitenAntarctica(Picture1, style.projection, greatCircle);
+    const bool reliefDone =
+        style.relief == nullptr ||
+        TopoOverlay(Picture1, *style.relief, style.projection, greatCircle, listener, prompt);
     if (azimuthal)
         FillRegion(1.0, 1.0, outerGrey, Picture1);
+    return reliefDone;
 }
 
 } // namespace tovrel

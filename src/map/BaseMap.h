@@ -5,6 +5,7 @@
 #include "platform/Projection.h"
 #include "platform/UserPrompt.h"
 
+#include <QImage>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,7 @@ struct BaseMapStyle {
     float HomeLongitude = 0.0F; ///< degrees
     Colour land = 0xC0FFC0;
     Colour water = 0xFECDA5;
+    const QImage* relief = nullptr; ///< world picture for the land, see TopoOverlay; null for none
 };
 
 /// Name of the file in which the base map of a projection is cached.
@@ -29,7 +31,8 @@ std::string_view baseMapCacheName(Projection projection);
 /// Draws the picture under everything else, land, sea and coastlines, on Picture1, from the
 /// coastline database and the sea's seed points in the program's folder. A missing file costs a
 /// message and its part of the map.
-void drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
+/// @return false when the user was asked for the relief and refused it; the rest is drawn then
+bool drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
                  const std::string& programFolder, PassListener& listener, UserPrompt& prompt);
 
 } // namespace tovrel

@@ -97,4 +97,12 @@ std::string decimalText(double value) { return shortestFixed(value + 0.0); }
 
 std::string decimalText(float value) { return shortestFixed(value + 0.0F); }
 
+std::string generalText(double value) {
+    constexpr int significantDigits = 15;
+    std::array<char, 32> buffer;
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value + 0.0,
+                                   std::chars_format::general, significantDigits);
+    return {buffer.data(), end.ptr};
+}
+
 } // namespace tovrel

@@ -32,4 +32,9 @@ std::string decimalText(double value);
 /// Shortest plain decimal text that reads back as the same single.
 std::string decimalText(float value);
 
+/// Text of a number in general format: at most 15 significant digits, no zeros at the end, the
+/// point as decimal mark in every locale ("-73.5", "0.5"). Plain decimal from 0.0001 to below 1e15
+/// in size, else with an exponent of at least two digits ("1e-05", "1e+15"); zero is "0".
+std::string generalText(double value);
+
 } // namespace tovrel

@@ -93,12 +93,9 @@ PassEnd GCMapLoadADIF::readLog() {
 }
 
 bool GCMapLoadADIF::loadDictionary() {
-    if (!fields_.LoadFieldDictionary(ini_.programFolder())) {
-        // A folder that must stay as it is was given no dictionary at the start.
-        if (!ini_.isMemoryOnly()) {
-            return false;
-        }
-        fields_.loadFrom(FieldTable::defaultFieldDictionary());
+    // A folder that must stay as it is was given no dictionary at the start.
+    if (!fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
+        return false;
     }
     fields_.ResolveFieldRows();
     return true;

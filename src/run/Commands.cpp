@@ -1,5 +1,6 @@
 #include "run/Commands.h"
 
+#include "export/GoogleExport.h"
 #include "log/FieldTable.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
@@ -111,15 +112,21 @@ void Commands::mnuOpenADIFFile() {
 
 bool Commands::logChosen() const { return fileExists(data_.run.LogFileName); }
 
-void Commands::mnuLoadADIF() {
-    map_.ResetMap();
-    data_.stats.lists().clear();
+bool Commands::chooseLog() {
     if (!logChosen()) {
         mnuOpenADIFFile();
     }
     if (!logChosen()) {
         prompt_.tell("You must select an ADIF file before continuing.\r\n"
                      "From the menu bar select File -> Open ADIF file.\r\n");
+    }
+    return logChosen();
+}
+
+void Commands::mnuLoadADIF() {
+    map_.ResetMap();
+    data_.stats.lists().clear();
+    if (!chooseLog()) {
         return;
     }
     GCMapLoadADIF pass(data_.ini, data_.maps, data_.run, data_.stats, data_.tables, map_.Picture2,
@@ -131,6 +138,20 @@ void Commands::mnuLoadADIF() {
         // Its next tick would wipe the marks.
         window_.setTimer1(false);
     } else if (end == PassEnd::DictionaryMissing) {
+        window_.close();
+    }
+}
+
+void Commands::mnuGoogle() {
+    if (!chooseLog()) {
+        return;
+    }
+    window_.setWaitPointer(false);
+    GoogleExport pass(data_.ini, data_.google, data_.run, data_.stats,
+                      data_.tables.counters.QsosPlotted, listener_, prompt_,
+                      [this](const std::string& path) { return window_.openWithSystem(path); });
+    const ExportEnd end = pass.CreateGoogleFile(exportFilesFor(data_.run.LogFileName));
+    if (end == ExportEnd::DictionaryMissing) {
         window_.close();
     }
 }
@@ -173,6 +194,12 @@ void Commands::mnuShowMe() {
 void Commands::mnuMeridian() {
     toggleOverlay(&MenuMarks::mnuMeridian, &MapRun::DrawGraticule, &MenuMarks::mnuShowMe,
                   &MapRun::DrawHomeMarker);
+}
+
+void Commands::mnuTopo() {
+    data_.run.marks.mnuTopo = !data_.run.marks.mnuTopo;
+    data_.run.tellMarksChanged();
+    map_.RebuildBaseMap();
 }
 
 void Commands::mnuShowCompass() {
@@ -231,6 +258,20 @@ void Commands::mnuRecreateMap() {
     map_.ResetMap();
     data_.maps.saveInForce();
     window_.setWaitPointer(false);
+}
+
+void Commands::mnuLoadCustomMap() {
+    const bool azimuthal = data_.run.marks.azimuthal();
+    const std::optional<std::string> chosen = window_.openFile(
+        azimuthal ? "Select Base Map for Azimuthal Equidistant Projection"
+                  : "Select Base Map for Miller Projection",
+        data_.ini.programFolder(), "JPG Files (*.JPG)|*.JPG|BMP Files (*.BMP)|*.BMP");
+    if (!chosen) {
+        return;
+    }
+    map_.loadMapPix(*chosen);
+    data_.ini.WriteIniValue(sectionOf(data_.run.marks.projection), "BaseMap", *chosen);
+    mnuRecreateMap();
 }
 
 void Commands::changeBaseColour(std::string_view key, Colour whenEmpty) {

@@ -29,10 +29,12 @@ public:
 
     void mnuOpenADIFFile();
     void mnuLoadADIF();
+    void mnuGoogle();
     void mnuClearMap();
     void mnuHidePlotLine() { data_.lneGCPlotLine.hide(); }
     void mnuShowMe();
     void mnuMeridian();
+    void mnuTopo();
     void mnuShowCompass();
     void mnuBoldCompass() { setCompassWeight(true); }
     void mnuLightCompass() { setCompassWeight(false); }
@@ -41,6 +43,7 @@ public:
     void mnuGreatCircle() { switchProjection(Projection::Azimuthal); }
     void mnuMiller() { switchProjection(Projection::Miller); }
     void mnuRecreateMap();
+    void mnuLoadCustomMap();
     void mnuChangeLandColor();
     void mnuChangeWaterColor();
     void mnuResetBaseColors();
@@ -56,6 +59,8 @@ public:
 
 private:
     bool logChosen() const;
+    /// Lets the user choose a log if there is none, and tells if there still is none then.
+    bool chooseLog();
     void replot();
     void setProjection(Projection projection);
     void setStoredSize();

@@ -3,11 +3,13 @@
 #include "map/BaseMap.h"
 #include "map/Overlays.h"
 #include "map/PictureFile.h"
+#include "map/WorldImage.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "plot/PlotRendering.h"
 
 #include <optional>
+#include <utility>
 
 namespace tovrel {
 
@@ -19,6 +21,25 @@ constexpr Colour defaultWater = 0xFECDA5;
 // What a window of the map's width leaves beside the picture, in twips.
 constexpr float besidePicture = 110.0F;
 
+/// Questions with the default pointer; the wait pointer comes back when the user says yes.
+class PointerPrompt : public UserPrompt {
+public:
+    PointerPrompt(UserPrompt& prompt, MapWindow& window) : prompt_(prompt), window_(window) {}
+
+    void tell(const std::string& text, MessageIcon icon) override { prompt_.tell(text, icon); }
+
+    bool ask(const Question& question) override {
+        window_.setWaitPointer(false);
+        const bool yes = prompt_.ask(question);
+        window_.setWaitPointer(yes);
+        return yes;
+    }
+
+private:
+    UserPrompt& prompt_;
+    MapWindow& window_;
+};
+
 } // namespace
 
 MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPrompt& prompt)
@@ -29,12 +50,35 @@ std::string MapRun::cachePath() const {
     return joinPath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
 }
 
+void MapRun::noteCustomMap() {
+    if (!customMap_) {
+        customMap_ = data_.ini.ReadIniValue(sectionOf(data_.run.marks.projection), "BaseMap");
+    }
+}
+
+const QImage& MapRun::mapPix() {
+    if (mapPix_.isNull()) {
+        loadMapPix(customMap_.value_or(std::string()));
+    }
+    if (mapPix_.isNull()) {
+        mapPix_ = builtInWorld();
+    }
+    return mapPix_;
+}
+
+void MapRun::loadMapPix(const std::string& path) {
+    if (std::optional<QImage> picture = LoadPicture(path)) {
+        mapPix_ = std::move(*picture);
+    }
+}
+
 void MapRun::clearPictures() {
     Picture1.Cls();
     Picture2.Cls();
 }
 
 void MapRun::LoadBaseMap() {
+    noteCustomMap();
     clearPictures();
     window_.CenterForm();
     if (std::optional<QImage> cached = LoadPicture(cachePath())) {
@@ -56,16 +100,22 @@ void MapRun::BuildBaseMap() {
 }
 
 void MapRun::drawBaseMapInMemory() {
+    noteCustomMap();
     const Projection projection = data_.run.marks.projection;
     const std::string_view section = sectionOf(projection);
     const BaseMapStyle style{.projection = projection,
                              .HomeLatitude = data_.run.HomeLatitude,
                              .HomeLongitude = data_.run.HomeLongitude,
                              .land = readColour(data_.ini, section, "LandColor", defaultLand),
-                             .water = readColour(data_.ini, section, "WaterColor", defaultWater)};
+                             .water = readColour(data_.ini, section, "WaterColor", defaultWater),
+                             .relief = data_.run.marks.mnuTopo ? &mapPix() : nullptr};
     clearPictures();
     window_.showMap();
-    drawBaseMap(Picture1, style, data_.ini.programFolder(), listener_, prompt_);
+    PointerPrompt prompt(prompt_, window_);
+    if (!drawBaseMap(Picture1, style, data_.ini.programFolder(), listener_, prompt)) {
+        data_.run.marks.mnuTopo = false;
+        data_.run.tellMarksChanged();
+    }
     baseMap_ = Picture1.Image();
 }
 

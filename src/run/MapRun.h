@@ -7,6 +7,8 @@
 #include "run/RunData.h"
 
 #include <QImage>
+#include <optional>
+#include <string>
 
 namespace tovrel {
 
@@ -37,6 +39,10 @@ public:
     /// Puts the clean map back: base map, compass, and the overlays of Form_Resize. A plot is gone.
     void ResetMap();
 
+    /// Takes the world picture of the relief from a file from now on. What can't be decoded changes
+    /// nothing.
+    void loadMapPix(const std::string& path);
+
     /// Fits Picture2 to the window and draws it anew from Picture1, with graticule and home mark.
     void Form_Resize();
 
@@ -51,6 +57,10 @@ public:
 
 private:
     std::string cachePath() const;
+    /// Keeps the path of the custom world picture that the settings name for the first map of the
+    /// run; a switch of projection keeps the picture.
+    void noteCustomMap();
+    const QImage& mapPix();
     void clearPictures();
     void fitPicture2();
 
@@ -58,7 +68,9 @@ private:
     MapWindow& window_;
     PassListener& listener_;
     UserPrompt& prompt_;
-    QImage baseMap_; ///< what Picture1 goes back to
+    QImage baseMap_;                       ///< what Picture1 goes back to
+    std::optional<std::string> customMap_; ///< path, empty for the built-in one
+    QImage mapPix_;                        ///< the relief's world picture; null until it is needed
 };
 
 } // namespace tovrel

@@ -62,6 +62,11 @@ public:
     /// @return nothing on cancel
     virtual std::optional<Colour> chooseColour(Colour start) = 0;
 
+    /// Opens a file with the program that the system has registered for it.
+    /// @param path UTF-8
+    /// @return false when that is known to have failed
+    virtual bool openWithSystem(const std::string& path) = 0;
+
     /// Closes the main window, and with it the program.
     virtual void close() = 0;
 };

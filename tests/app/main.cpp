@@ -1,6 +1,8 @@
+#include "platform/frmControls.h"
+#include "platform/frmStyle.h"
+
 #include <QApplication>
 #include <QLocale>
-#include <QStyleFactory>
 
 #include <gtest/gtest.h>
 
@@ -10,8 +12,9 @@ int main(int argc, char** argv) {
     }
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
-    // Sizes and texts have to be the same on every machine.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    // Sizes and texts have to be the program's, and the same on every machine.
+    QApplication::setStyle(new tovrel::frmStyle);
+    QApplication::setFont(tovrel::windowFont());
     QLocale::setDefault(QLocale::c());
     return RUN_ALL_TESTS();
 }

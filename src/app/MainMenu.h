@@ -1,0 +1,19 @@
+#pragma once
+
+#include "state/RunState.h"
+
+#include <QAction>
+#include <QMenuBar>
+
+namespace tovrel {
+
+/// Makes the whole menu tree in a menu bar. Every item carries its name as object name.
+void buildMainMenu(QMenuBar& menuBar);
+
+/// The item of that name; the menu's table has it, so it is never missing.
+QAction& menuItem(const QMenuBar& menuBar, const char* name);
+
+/// Shows the check marks of the run's state, and whether the compass can be reached.
+void showMarks(const QMenuBar& menuBar, const MenuMarks& marks);
+
+} // namespace tovrel

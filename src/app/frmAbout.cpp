@@ -1,0 +1,89 @@
+#include "app/frmAbout.h"
+
+#include "platform/frmControls.h"
+
+#include <QApplication>
+#include <QFrame>
+#include <QIcon>
+#include <QLabel>
+#include <QPainter>
+#include <QPalette>
+#include <QPixmap>
+#include <QPushButton>
+
+namespace tovrel {
+
+namespace {
+
+constexpr int iconSize = 32;
+
+/// The program's icon, or a globe where there is none.
+QPixmap picture() {
+    const QPixmap icon = QApplication::windowIcon().pixmap(iconSize, iconSize);
+    if (!icon.isNull())
+        return icon;
+    QPixmap globe(iconSize, iconSize);
+    globe.fill(Qt::transparent);
+    QPainter painter(&globe);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(0x1F, 0x4E, 0x79), 1.5));
+    painter.setBrush(QColor(0x9F, 0xC5, 0xE8));
+    const QRectF outline(2.0, 2.0, 28.0, 28.0);
+    painter.drawEllipse(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawEllipse(outline.adjusted(8.0, 0.0, -8.0, 0.0));
+    painter.drawLine(QPointF(2.0, 16.0), QPointF(30.0, 16.0));
+    painter.drawLine(QPointF(16.0, 2.0), QPointF(16.0, 30.0));
+    return globe;
+}
+
+} // namespace
+
+frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
+    : QDialog(parent), prompt_(prompt) {
+    setUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Tovrel"), 3480, 3135);
+    // The back is told, light in a dark theme as well, so what is written on it is black.
+    QPalette colours = palette();
+    colours.setColor(QPalette::Window, QColor(0xE0, 0xE0, 0xE0));
+    colours.setColor(QPalette::WindowText, Qt::black);
+    setPalette(colours);
+
+    auto* title = addLabel(*this, QStringLiteral("lblTitle"), QStringLiteral("Tovrel"),
+                           {360, 240, 3015, 495});
+    title->setFont(windowFont(19, true));
+    title->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    auto* picIcon = addLabel(*this, QStringLiteral("picIcon"), QString(), {240, 240, 540, 540});
+    picIcon->setPixmap(picture());
+    addLabel(*this, QStringLiteral("lblVersion"), QStringLiteral("Version: ") + version,
+             {1320, 720, 1275, 225});
+    auto* description = addLabel(
+        *this, QStringLiteral("lblDescription"),
+        QStringLiteral("Shows the contacts of an ADIF log on a map of the world. Made for radio "
+                       "amateurs by the Tovrel authors; free software under the MIT License."),
+        {360, 1200, 2955, 1050});
+    description->setWordWrap(true);
+
+    auto* line = addLine(*this, QStringLiteral("Line1"), 120, 3360, 2520);
+    line->setFrameStyle(QFrame::HLine | QFrame::Plain);
+    QPalette grey = line->palette();
+    grey.setColor(QPalette::WindowText, QColor(0x80, 0x80, 0x80));
+    line->setPalette(grey);
+
+    auto* ok =
+        addButton(*this, QStringLiteral("cmdOK"), QStringLiteral("OK"), {2040, 2640, 1260, 345});
+    ok->setDefault(true);
+    auto* info = addButton(*this, QStringLiteral("cmdSysInfo"), QStringLiteral("&System Info..."),
+                           {240, 2640, 1245, 345});
+    info->setAutoDefault(true);
+    connect(ok, &QPushButton::clicked, this, &QDialog::close);
+    connect(info, &QPushButton::clicked, this, [this] { StartSysInfo(); });
+    setTabOrder(ok, info);
+    ok->setFocus();
+}
+
+void frmAbout::StartSysInfo() {
+    // No platform that the program runs on has the tool of this kind at a known place.
+    prompt_.tell("System Information Is Unavailable At This Time");
+}
+
+} // namespace tovrel

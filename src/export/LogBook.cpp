@@ -1,0 +1,209 @@
+#include "export/LogBook.h"
+
+#include "platform/ByteText.h"
+#include "platform/Numbers.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tovrel {
+
+namespace {
+
+constexpr std::size_t bufferSize = std::size_t{1} << 20U;
+
+constexpr std::string_view lookupAddress = "https://www.qrz.com";
+constexpr std::string_view lookupName = "QRZ.com";
+
+/// What sets a folder apart. Its style and icon have its name too.
+struct Folder {
+    std::string_view name;
+    std::string_view verb;
+    bool confirmed;
+    bool heard;
+    std::int32_t GoogleCounters::*counter;
+};
+
+const Folder& folderOf(QsoStatus status) {
+    static constexpr Folder Confirmed{"Confirmed", "confirmed", true, false,
+                                      &GoogleCounters::GoogleConfirmed};
+    static constexpr Folder Worked{"Worked", "worked", false, false, &GoogleCounters::GoogleWorked};
+    static constexpr Folder Heard{"Heard", "heard", false, true, &GoogleCounters::GoogleHeard};
+    switch (status) {
+    case QsoStatus::Confirmed:
+        return Confirmed;
+    case QsoStatus::Worked:
+        return Worked;
+    case QsoStatus::Heard:
+        break;
+    }
+    return Heard;
+}
+
+bool isConfirmed(const FieldTable& record) {
+    const FieldRows& rows = record.rows();
+    return record.trimmed(rows.RowQslRcvd) == "Y" || record.trimmed(rows.RowEqslRcvd) == "Y" ||
+           record.trimmed(rows.RowLotwRcvd) == "Y";
+}
+
+} // namespace
+
+std::string kmlFileNameFor(std::string_view LogFileName) {
+    std::string path(LogFileName.substr(0, LogFileName.rfind('.') + 1));
+    path.erase(std::remove(path.begin(), path.end(), '.'), path.end());
+    return path + ".kml";
+}
+
+std::string_view iconScaleOf(std::string_view Marker) {
+    if (Marker == "Small") {
+        return "0.33";
+    }
+    return Marker == "Medium" || numberValue(Marker) == 1.0 ? "0.66" : "1";
+}
+
+template <typename... Texts>
+void LogBook::print(const Texts&... texts) {
+    (put(texts), ...);
+}
+
+void LogBook::put(std::string_view text) {
+    if (buffer_.size() + text.size() > bufferSize) {
+        write(buffer_);
+        buffer_.clear();
+    }
+    if (text.size() > bufferSize) {
+        write(text);
+    } else {
+        buffer_ += text;
+    }
+}
+
+void LogBook::write(std::string_view bytes) {
+    const auto size = static_cast<qint64>(bytes.size());
+    if (!failed() && file_.write(bytes.data(), size) != size) {
+        error_ = byteText(file_.errorString());
+    }
+}
+
+bool LogBook::WriteKmlHead(const std::string& KmlFileName, std::string_view MyCall,
+                           std::string_view scale) {
+    file_.setFileName(QString::fromStdString(KmlFileName));
+    if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
+        error_ = byteText(file_.errorString());
+        return false;
+    }
+    created_ = true;
+    MyCall_ = MyCall;
+    buffer_.reserve(bufferSize);
+    print("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
+          "<kml xmlns=\"http://earth.google.com/kml/2.0\">\r\n"
+          " <Document>\r\n");
+    writeStyle(folderOf(QsoStatus::Worked).name, scale, "   ");
+    writeStyle(folderOf(QsoStatus::Confirmed).name, scale, "");
+    writeStyle(folderOf(QsoStatus::Heard).name, scale, "");
+    return true;
+}
+
+void LogBook::writeStyle(std::string_view folder, std::string_view scale,
+                         std::string_view behindIcon) {
+    print("  <Style id=\"Tovrel", folder,
+          "\">\r\n"
+          "   <PolyStyle>\r\n"
+          "    <color>7f00ff00</color>\r\n"
+          "    <fill>0</fill>\r\n"
+          "    <outline>1</outline>\r\n"
+          "   </PolyStyle>\r\n"
+          "   <IconStyle>\r\n"
+          "    <Icon>\r\n"
+          "     <href>Google_",
+          folder,
+          ".png</href>\r\n"
+          "    </Icon>\r\n"
+          "    <scale>",
+          scale,
+          "</scale>\r\n"
+          "   </IconStyle>",
+          behindIcon,
+          "\r\n"
+          "  </Style>\r\n"
+          "  \r\n");
+}
+
+void LogBook::WriteFolderHead(QsoStatus folder) {
+    folder_ = folder;
+    print("  <Folder>\r\n"
+          "   <name>",
+          MyCall_, " ", folderOf(folder).name,
+          "</name>\r\n"
+          "   <description>Stations ",
+          folderOf(folder).verb, " by ", MyCall_, "</description>\r\n");
+}
+
+void LogBook::WriteFolderEnd() { print("  </Folder>\r\n"); }
+
+void LogBook::WritePlacemark(const FieldTable& record, bool withName) {
+    const FieldRows& rows = record.rows();
+    const double west = numberValue(record.value(rows.RowLongitude));
+    std::string_view Call = record.trimmed(rows.RowCall);
+    const bool heard = Call.ends_with('=');
+    const Folder& folder = folderOf(folder_);
+    if (west == 0.0 || heard != folder.heard || isConfirmed(record) != folder.confirmed) {
+        return;
+    }
+    ++(counters_.*folder.counter);
+    Call.remove_suffix(heard ? 1 : 0);
+    const std::string Longitude = generalText(-west);
+    const std::string_view Latitude = record.trimmed(rows.RowLatitude);
+    print("   <Placemark>\r\n");
+    if (withName) {
+        print("    <name>", Call, "</name>\r\n");
+    }
+    print("    <description><![CDATA[<a href=\"", lookupAddress, "/callsign/", Call, "\">",
+          lookupName, " lookup for ", Call,
+          "</a>]]></description>\r\n"
+          "    <styleUrl>#Tovrel",
+          folder.name,
+          "</styleUrl>\r\n"
+          "    <LookAt>\r\n"
+          "     <longitude>",
+          Longitude,
+          "</longitude>\r\n"
+          "     <latitude>",
+          Latitude,
+          "</latitude>\r\n"
+          "     <range>4000000</range>\r\n"
+          "     <tilt>0</tilt>\r\n"
+          "     <heading>0</heading>\r\n"
+          "    </LookAt>\r\n"
+          "    <Point>\r\n"
+          "     <coordinates>",
+          Longitude, ",", Latitude,
+          "</coordinates>\r\n"
+          "    </Point>\r\n"
+          "   </Placemark>\r\n");
+}
+
+void LogBook::WriteKmlTail() {
+    print(" </Document>\r\n"
+          "</kml>\r\n");
+}
+
+bool LogBook::close() {
+    write(buffer_);
+    buffer_.clear();
+    file_.close();
+    if (!failed() && file_.error() != QFileDevice::NoError) {
+        error_ = byteText(file_.errorString());
+    }
+    return !failed();
+}
+
+void LogBook::discard() {
+    if (created_) {
+        file_.close();
+        file_.remove();
+        created_ = false;
+    }
+}
+
+} // namespace tovrel

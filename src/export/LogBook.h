@@ -1,0 +1,86 @@
+#pragma once
+
+#include "log/FieldTable.h"
+#include "log/QsoStatus.h"
+
+#include <QFile>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Placemarks that a document holds.
+struct GoogleCounters {
+    std::int32_t GoogleConfirmed = 0;
+    std::int32_t GoogleWorked = 0;
+    std::int32_t GoogleHeard = 0;
+
+    std::int32_t GooglePlaced() const { return GoogleConfirmed + GoogleWorked + GoogleHeard; }
+};
+
+/// Path of the document for a log: the text behind the last dot becomes "kml", and all other dots
+/// go, be they in the name or in a folder. A path without a dot gives ".kml".
+std::string kmlFileNameFor(std::string_view LogFileName);
+
+/// Text of the icons' scale for a marker size of the settings: "0.33" for "Small", "0.66" for
+/// "Medium" and for a text whose number is 1, "1" for any other.
+std::string_view iconScaleOf(std::string_view Marker);
+
+/// Writes the KML document: a head with the styles, then a folder of placemarks for each class of
+/// QSO, then the tail. Values go into it as the bytes that the log has, with no escaping; lines end
+/// in CR LF.
+///
+/// After a write has failed nothing more is written, and failed() tells.
+class LogBook {
+public:
+    /// Creates or overwrites the document and writes its head.
+    /// @param KmlFileName UTF-8
+    /// @param MyCall call of the station, for the names of the folders
+    /// @param scale text of the icons' scale
+    /// @return false when the file can't be opened; what stands there is untouched then
+    bool WriteKmlHead(const std::string& KmlFileName, std::string_view MyCall,
+                      std::string_view scale);
+
+    /// Opens the folder of a class. The document has them in the order Confirmed, Worked, Heard.
+    void WriteFolderHead(QsoStatus folder);
+    void WriteFolderEnd();
+
+    /// Writes a placemark if the record belongs into the open folder and has a longitude other than
+    /// zero. Unlike on the map, a heard station with a confirmation belongs into none.
+    /// @param record whose line was parsed
+    /// @param withName whether the placemark carries the call as its name
+    void WritePlacemark(const FieldTable& record, bool withName);
+
+    void WriteKmlTail();
+
+    /// Brings what was written to the disk and closes the document.
+    /// @return whether all of it is there
+    bool close();
+
+    /// Closes the document and removes it, unless it was never opened.
+    void discard();
+
+    const GoogleCounters& counters() const { return counters_; }
+
+    bool failed() const { return !error_.empty(); }
+    /// Short reason of a failure, UTF-8.
+    const std::string& error() const { return error_; }
+
+private:
+    template <typename... Texts>
+    void print(const Texts&... texts);
+    void put(std::string_view text);
+    void write(std::string_view bytes);
+    void writeStyle(std::string_view folder, std::string_view scale, std::string_view behindIcon);
+
+    QFile file_;
+    bool created_ = false;
+    std::string buffer_;
+    std::string MyCall_;
+    QsoStatus folder_ = QsoStatus::Confirmed;
+    GoogleCounters counters_;
+    std::string error_;
+};
+
+} // namespace tovrel

@@ -1,0 +1,95 @@
+#include "export/ZipClass.h"
+
+#include "platform/ByteText.h"
+
+#include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace tovrel {
+
+namespace {
+
+constexpr std::uint32_t endSignature = 0x06054B50;
+constexpr std::int64_t endRecordSize = 22;
+
+} // namespace
+
+bool ZipClass::fail(std::string_view reason) {
+    error_ = reason;
+    return false;
+}
+
+bool ZipClass::AddFile(const std::string& FilePath, std::string_view FileName,
+                       std::string_view Comment) {
+    if (entries_.size() == zipLimit::entries) {
+        return fail("an archive holds no more files");
+    }
+    ZipFile entry;
+    if (!entry.SetSource(FilePath)) {
+        return fail(entry.error());
+    }
+    if (!FileName.empty()) {
+        entry.setFileName(FileName);
+    }
+    entry.setComment(Comment);
+    if (!entry.textsFit()) {
+        return fail("the name or the comment is too long for an archive");
+    }
+    entries_.push_back(std::move(entry));
+    return true;
+}
+
+std::int64_t ZipClass::directoryOffset() const {
+    return std::transform_reduce(entries_.begin(), entries_.end(), std::int64_t{0}, std::plus<>(),
+                                 [](const ZipFile& entry) { return entry.localSize(); });
+}
+
+std::int64_t ZipClass::directorySize() const {
+    return std::transform_reduce(entries_.begin(), entries_.end(), std::int64_t{0}, std::plus<>(),
+                                 [](const ZipFile& entry) { return entry.centralSize(); });
+}
+
+bool ZipClass::WriteZip(const std::string& FilePath, bool Overwrite) {
+    const QString path = QString::fromStdString(FilePath);
+    if (!Overwrite && QFileInfo::exists(path)) {
+        return fail("the file exists already");
+    }
+    if (Comment_.size() > zipLimit::textLength) {
+        return fail("the comment is too long for an archive");
+    }
+    const auto size = directoryOffset() + directorySize() + endRecordSize +
+                      static_cast<std::int64_t>(Comment_.size());
+    if (size > zipLimit::bytes) {
+        return fail("the files are too large for an archive");
+    }
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || !writeTo(file) || !file.commit()) {
+        return fail(byteText(file.errorString()));
+    }
+    return true;
+}
+
+bool ZipClass::writeTo(QIODevice& file) {
+    const bool entriesWritten =
+        std::all_of(entries_.begin(), entries_.end(),
+                    [&file](ZipFile& entry) { return entry.WriteLocal(file); }) &&
+        std::all_of(entries_.begin(), entries_.end(),
+                    [&file](const ZipFile& entry) { return entry.WriteCentral(file); });
+    const auto count = static_cast<std::uint32_t>(entries_.size());
+    ZipRecord end;
+    end.put32(endSignature)
+        .put16(0)
+        .put16(0)
+        .put16(count)
+        .put16(count)
+        .put32(static_cast<std::uint32_t>(directorySize()))
+        .put32(static_cast<std::uint32_t>(directoryOffset()))
+        .put16(static_cast<std::uint32_t>(Comment_.size()))
+        .putText(Comment_);
+    return entriesWritten && end.writeTo(file);
+}
+
+} // namespace tovrel

@@ -1,0 +1,101 @@
+#pragma once
+
+#include <QDateTime>
+#include <QIODevice>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Limits of the archive's form. It has no 64-bit fields, and its readers may take a number as
+/// signed.
+namespace zipLimit {
+inline constexpr std::int64_t bytes = 0x7FFFFFFF; ///< of a size or an offset
+inline constexpr std::size_t entries = 0x7FFF;    ///< in an archive
+inline constexpr std::size_t textLength = 0x7FFF; ///< of a name or a comment, in bytes
+} // namespace zipLimit
+
+/// A record of the archive under construction: numbers little-endian, nothing between them.
+class ZipRecord {
+public:
+    ZipRecord& put16(std::uint32_t value) { return put(value, 2); }
+    ZipRecord& put32(std::uint32_t value) { return put(value, 4); }
+    ZipRecord& putText(std::string_view text) {
+        bytes_.append(text);
+        return *this;
+    }
+
+    /// @return whether all of it was written
+    bool writeTo(QIODevice& file) const;
+
+private:
+    ZipRecord& put(std::uint32_t value, int size);
+
+    std::string bytes_;
+};
+
+/// One entry of an archive: a source file, compressed in memory, with its name and stamps.
+/// Method 8 (deflate) always; names and comments are bytes and stored as they are.
+class ZipFile {
+public:
+    /// Takes stamps and name from a plain file and compresses its content. The file is not needed
+    /// any more afterwards.
+    /// @param path UTF-8
+    /// @return false when it is missing, can't be read, or is too large; error() says why then, and
+    ///         the entry is of no use
+    bool SetSource(const std::string& path);
+
+    /// Replaces the stored name.
+    void setFileName(std::string_view FileName) { FileName_ = FileName; }
+    void setComment(std::string_view Comment) { Comment_ = Comment; }
+
+    /// Whether name and comment are short enough for the archive.
+    bool textsFit() const;
+
+    /// Writes the local header and the data where `file` stands, and notes that place.
+    bool WriteLocal(QIODevice& file);
+
+    /// Writes the entry's header of the central directory.
+    bool WriteCentral(QIODevice& file) const;
+
+    /// Bytes that WriteLocal and WriteCentral write.
+    std::int64_t localSize() const;
+    std::int64_t centralSize() const;
+
+    /// Short reason of a failure, UTF-8.
+    const std::string& error() const { return error_; }
+
+    /// The text behind the last separator of a path, "/" or "\"; all of it when there is none.
+    static std::string_view NameFromPath(std::string_view path);
+
+    /// Stamps of a local time in DOS form: day, month, year from 1980 to 2107; and seconds halved,
+    /// minutes, hours.
+    static std::uint16_t DosDate(const QDateTime& time);
+    static std::uint16_t DosTime(const QDateTime& time);
+
+private:
+    struct Free {
+        void operator()(unsigned char* bytes) const { std::free(bytes); }
+    };
+
+    bool ReadAndCompress(const std::string& path);
+    bool compressBytes(const unsigned char* source, std::size_t length);
+    ZipRecord& putCommonFields(ZipRecord& header) const;
+
+    std::string FileName_;
+    std::string Comment_;
+    std::uint16_t time_ = 0;
+    std::uint16_t date_ = 0;
+    std::uint32_t crc_ = 0;
+    std::int64_t uncompressedSize_ = 0;
+    std::int64_t localOffset_ = 0;
+    std::unique_ptr<unsigned char, Free> stream_; ///< zlib's, without its trailer
+    std::string_view data_;                       ///< the raw deflate stream within it
+    std::string error_;
+};
+
+} // namespace tovrel

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <string_view>
+
+class QCheckBox;
+class QDialog;
+class QFrame;
+class QKeyEvent;
+class QLabel;
+class QPushButton;
+class QRadioButton;
+class QWidget;
+
+/// How the windows of the program put up their controls: by place in twips, with a name, in the
+/// program's font.
+namespace tovrel {
+
+/// Left, top, width and height in twips, relative to the parent.
+struct Place {
+    float left = 0.0F;
+    float top = 0.0F;
+    float width = 0.0F;
+    float height = 0.0F;
+};
+
+/// Arial, or the sans serif font that stands in for it.
+QFont windowFont(int pixelSize = 11, bool bold = false);
+
+/// Puts a control at its place, to the nearest pixel.
+/// @return false, with the control left where it is, when width or height is not positive
+bool place(QWidget& control, const Place& at);
+
+/// Makes a dialog of a fixed client size in twips that has a close box and nothing else in its
+/// frame, in the program's font.
+void setUpDialog(QDialog& dialog, const QString& name, const QString& title, float width,
+                 float height);
+
+/// Names a control and puts it at its place.
+void setUpControl(QWidget& control, const QString& name, const Place& at);
+
+/// `caption` without a mnemonic: each "&" stands for itself.
+QString plainCaption(std::string_view caption);
+
+/// Name of a member of a control array, for example "chkBand(0)".
+QString memberName(std::string_view array, int member);
+
+/// Controls with a caption; "&" marks a mnemonic in that of a button alone.
+QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, const Place& at);
+QCheckBox* addCheckBox(QWidget& parent, const QString& name, const QString& caption,
+                       const Place& at);
+QRadioButton* addOptionButton(QWidget& parent, const QString& name, const QString& caption,
+                              const Place& at);
+QPushButton* addButton(QWidget& parent, const QString& name, const QString& caption,
+                       const Place& at);
+
+/// A horizontal line from `left` to `right` at `top`, in twips.
+QFrame* addLine(QWidget& parent, const QString& name, float left, float right, float top);
+
+/// Return presses the button that has the focus, and does nothing elsewhere: no dialog takes it for
+/// an Apply that the user did not choose.
+/// @return whether the key was Return or Enter
+bool returnPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event);
+
+} // namespace tovrel

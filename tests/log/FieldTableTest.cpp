@@ -1,0 +1,197 @@
+#include "log/FieldTable.h"
+
+#include "platform/ByteText.h"
+#include "platform/TestFolder.h"
+
+#include <algorithm>
+#include <ctime>
+#include <gtest/gtest.h>
+#include <map>
+#include <random>
+
+namespace tovrel {
+namespace {
+
+constexpr std::string_view dictionary = "CALL\r\nband\r\n\r\n MODE \r\nCall\r\nNAME";
+
+TEST(FieldTable, valuesEndAtTheNextTagWhateverTheTagDeclares) {
+    const struct {
+        const char* what;
+        std::string_view line;
+        std::string_view call;
+        std::string_view band;
+        std::string_view other; ///< row 0
+    } cases[] = {
+        {"plain", "<CALL:4>DL1A<BAND:3>20M<EOR>", "DL1A", "20M", ""},
+        {"any case, type letter, blanks kept", "<call:4:s> DL1A <BaNd:1>20M \t<eor>", " DL1A ",
+         "20M \t", ""},
+        {"declared lengths wrong", "<CALL:1>DL1A<BAND:99>20M<EOR>", "DL1A", "20M", ""},
+        {"the later field wins", "<CALL:1>A<BAND:1>B<CALL:1>C<EOR>", "C", "B", ""},
+        {"the scan goes on behind the end mark", "<CALL:1>A<EOR><BAND:1>B<EOR>", "A", "B", ""},
+        {"unknown tags share row 0", "<X:1>x<CALL:1>A<YY:1>y<EOR>", "A", "", "y"},
+        {"empty name", "<:1>x<CALL:1>A<EOR>", "A", "", "x"},
+        {"names that begin like an end mark", "<EORX:1>x<eohfoo:1>y<CALL:1>A", "A", "", ""},
+        {"a name that only begins with EO", "<EO:1>x<CALL:1>A", "A", "", "x"},
+        {"no colon in the tag", "<NAME>x<CALL:1>A<EOR>", "A", "", "x"},
+        {"a value with a tag sign", "<CALL:3>A<B:1>C<BAND:1>D", "A", "D", "C"},
+        {"a tag sign with no colon behind it", "<CALL:3>A<B", "A", "", ""},
+        {"no end of tag", "<CALL:1>A<BAND:1", "A", "", ""},
+        {"the end of tag of another", "<CALL:1<BAND:1>B", "B", "B", ""},
+        {"end of the text right behind the tag", "<BAND:1>", "", "", ""},
+        {"name with blanks is another name", "< CALL:1>A", "", "", "A"},
+        {"nothing", "", "", "", ""},
+        {"no tag", "CALL:1>A", "", "", ""},
+    };
+    FieldTable table;
+    table.loadFrom(dictionary);
+    for (const auto& c : cases) {
+        table.ParseRecordLine("<CALL:1>old<BAND:1>old<OLD:1>old");
+        table.ParseRecordLine(c.line);
+        EXPECT_EQ(table.value(table.FindFieldRow("CALL")), c.call) << c.what;
+        EXPECT_EQ(table.value(table.FindFieldRow("BAND")), c.band) << c.what;
+        EXPECT_EQ(table.value(0), c.other) << c.what;
+    }
+    table.ParseRecordLine("<CALL:4>  \tDL1A  <EOR>");
+    EXPECT_EQ(table.trimmed(1), "\tDL1A");
+}
+
+/// The walk over a line in its plainest form, every text copied; row 0 under the empty name.
+std::map<std::string, std::string> parsePlainly(const std::string& line) {
+    std::map<std::string, std::string> values;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        const std::string rest = line.substr(i);
+        std::string mark = rest.substr(0, 4);
+        std::transform(mark.begin(), mark.end(), mark.begin(), upperCase);
+        const std::size_t colon = rest.find(':');
+        if (rest[0] != '<' || mark == "<EOR" || mark == "<EOH" || colon == std::string::npos)
+            continue;
+        std::string name = rest.substr(1, colon - 1);
+        std::transform(name.begin(), name.end(), name.begin(), upperCase);
+        if (name != "CALL" && name != "BAND")
+            name.clear();
+        const std::size_t end = rest.find('>');
+        values[name] = end == std::string::npos
+                           ? std::string()
+                           : rest.substr(end + 1, rest.find('<', end) - end - 1);
+    }
+    return values;
+}
+
+TEST(FieldTable, parsesRandomLinesAsThePlainRulesDo) {
+    const std::string_view pieces[] = {"<", "<", ">", ":", "CALL", "band", "EOR", "eoh", "x", " "};
+    std::mt19937 random(11);
+    std::uniform_int_distribution<std::size_t> pick(0, std::size(pieces) - 1);
+    FieldTable table;
+    table.loadFrom(dictionary);
+    for (int round = 0; round < 5000; ++round) {
+        std::string line;
+        for (int i = 0; i < 20; ++i)
+            line += pieces[pick(random)];
+        std::map<std::string, std::string> expected = parsePlainly(line);
+        table.ParseRecordLine(line);
+        ASSERT_EQ(table.value(1), expected["CALL"]) << line;
+        ASSERT_EQ(table.value(2), expected["BAND"]) << line;
+        ASSERT_EQ(table.value(0), expected[""]) << line;
+    }
+}
+
+// The lines take minutes together if a tag's search looks again at what an earlier one has passed.
+TEST(FieldTable, takesLinearTimeForBrokenLines) {
+    constexpr std::size_t count = 1000000;
+    const std::clock_t start = std::clock(); // of the processor, so that a busy machine may wait
+    const std::string many(count, '<');
+    const std::string colons(count, ':');
+    FieldTable table;
+    table.loadFrom(std::string(count / 2, '<').append("\n").append(dictionary));
+    for (std::string line :
+         {many, many + ":", many + ">", many + ":>", colons + many + ":", many + colons + ">x"}) {
+        line += "<CALL:1>A";
+        table.ParseRecordLine(line);
+        EXPECT_EQ(table.value(table.FindFieldRow("CALL")), "A");
+    }
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 30);
+}
+
+TEST(FieldTable, findsTheFirstLineOfEqualNames) {
+    FieldTable table;
+    EXPECT_EQ(table.FieldCount(), 0);
+    EXPECT_EQ(table.FindFieldRow("CALL"), 0);
+    table.loadFrom(dictionary);
+    EXPECT_EQ(table.FieldCount(), 6);
+    const std::pair<std::string_view, int> names[] = {
+        {"CALL", 1}, {"cAlL", 1}, {"BAND", 2}, {"", 0},      {"MODE", 4},
+        {"NAME", 6}, {"CAL", 0},  {"DALL", 0}, {" CALL", 0}, {"CALLS", 0}};
+    for (const auto& [name, row] : names)
+        EXPECT_EQ(table.FindFieldRow(name), row) << name;
+
+    const std::string longName(200, 'n');
+    for (const std::string_view lineEnd : {"\r", "\n", "\r\n"}) {
+        const std::string end(lineEnd);
+        table.loadFrom("\xEF\xBB\xBF"
+                       "A" +
+                       end + longName + "x" + end + longName + "y" + end);
+        EXPECT_EQ(table.FieldCount(), 3);
+        EXPECT_EQ(table.FindFieldRow("a"), 1);
+        EXPECT_EQ(table.FindFieldRow(longName + "Y"), 3);
+        EXPECT_EQ(table.FindFieldRow(longName + "Z"), 0);
+    }
+}
+
+TEST(FieldTable, resolvesTheRowsOfTheDefaultDictionary) {
+    FieldTable table;
+    table.loadFrom(FieldTable::defaultFieldDictionary());
+    table.ResolveFieldRows();
+    const FieldRows& rows = table.rows();
+    EXPECT_EQ(table.FieldCount(), 24);
+    const std::pair<int, int> found[] = {
+        {rows.RowLoggerCountry, 1}, {rows.RowLatitude, 2}, {rows.RowLongitude, 3},
+        {rows.RowBand, 11},         {rows.RowCall, 12},    {rows.RowCountry, 13},
+        {rows.RowEqslRcvd, 14},     {rows.RowFreq, 16},    {rows.RowIota, 17},
+        {rows.RowLotwRcvd, 18},     {rows.RowMode, 20},    {rows.RowQslRcvd, 21},
+        {rows.RowQslSent, 22},      {rows.RowRstRcvd, 23}, {rows.RowRstSent, 24}};
+    for (const auto& [row, expected] : found)
+        EXPECT_EQ(row, expected);
+    for (const int row : {rows.RowQsoDate, rows.RowTimeOn, rows.RowOperator, rows.RowTxPwr,
+                          rows.RowTimeOff, rows.RowComment, rows.RowQslVia, rows.RowName,
+                          rows.RowGridsquare, rows.RowPfx, rows.RowState})
+        EXPECT_EQ(row, 0);
+}
+
+TEST(FieldTable, readsATagThatTheDictionaryLacksFromRowZero) {
+    FieldTable table;
+    table.loadFrom("CALL\r\n");
+    table.ResolveFieldRows();
+    table.ParseRecordLine("<IOTA:6>EU-005<CALL:1>A<NAME:3>Bob<EOR>");
+    EXPECT_EQ(table.value(table.rows().RowIota), "Bob");
+
+    table.loadFrom("");
+    EXPECT_EQ(table.FieldCount(), 0);
+    EXPECT_EQ(table.rows().RowCall, 0);
+    table.ParseRecordLine("<IOTA:6>EU-005<CALL:1>A");
+    EXPECT_EQ(table.value(table.FindFieldRow("CALL")), "A");
+}
+
+TEST(FieldTable, createsTheDictionaryOnlyWhereThereIsNone) {
+    const TestFolder folder;
+    FieldTable table;
+    table.loadFrom("CALL");
+    EXPECT_FALSE(table.LoadFieldDictionary(folder.path()));
+    EXPECT_EQ(table.FieldCount(), 0);
+
+    EXPECT_TRUE(FieldTable::CreateFieldDictionary(folder.path()));
+    EXPECT_EQ(folder.read("TVADIF.txt"), FieldTable::defaultFieldDictionary());
+    EXPECT_TRUE(table.LoadFieldDictionary(folder.path()));
+    EXPECT_EQ(table.FieldCount(), 24);
+
+    const TestFolder other;
+    other.write("tvadif.TXT", "CALL\n");
+    EXPECT_TRUE(FieldTable::CreateFieldDictionary(other.path()));
+    EXPECT_EQ(other.names(), "tvadif.TXT ");
+    EXPECT_TRUE(table.LoadFieldDictionary(other.path()));
+    EXPECT_EQ(table.FieldCount(), 1);
+
+    EXPECT_FALSE(FieldTable::CreateFieldDictionary(folder.path("missing")));
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,83 @@
+#include "log/QsoFilter.h"
+
+#include "log/QsoStatus.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+TEST(QsoFilter, passesWhatMatchesOneMemberOfEachCriterion) {
+    const struct {
+        std::vector<int> bands, modes, iotas; ///< selected members
+        std::string_view band, mode, iota;
+        bool passes;
+    } cases[] = {
+        {{}, {}, {}, "", "", "", true},
+        {{}, {}, {}, "70CM", "XYZ", "??", true},
+        {{7}, {}, {}, "20M", "", "", true},
+        {{7}, {}, {}, "20m", "", "", false},
+        {{7}, {}, {}, "20M ", "", "", false},
+        {{7}, {}, {}, "", "", "", false},
+        {{7}, {}, {}, "2M", "", "", false},
+        {{1, 12}, {}, {}, "2M", "", "", true},
+        {{1, 12}, {}, {}, "160M", "", "", true},
+        {{1, 12}, {}, {}, "6M", "", "", false},
+        {{1}, {}, {}, "OFF", "", "", false},
+        {{1}, {}, {}, "ALL", "", "", false},
+        {{}, {1}, {}, "", "SSB", "", true},
+        {{}, {1}, {}, "", "ssb", "", false},
+        {{}, {1}, {}, "", "Phone", "", false},
+        {{}, {2}, {}, "", "CW", "", true},
+        {{}, {2}, {}, "", "cw", "", false},
+        {{}, {3}, {}, "", "FM", "", true},
+        {{}, {3}, {}, "", "", "", true},
+        {{}, {3}, {}, "", "ssb", "", true},
+        {{}, {3}, {}, "", "CW", "", false},
+        {{}, {1, 3}, {}, "", "CW", "", false},
+        {{}, {}, {4}, "", "", "EU-005", true},
+        {{}, {}, {4}, "", "", "EU", true},
+        {{}, {}, {4}, "", "", "E", false},
+        {{}, {}, {4}, "", "", "eu-005", false},
+        {{}, {}, {4}, "", "", "", false},
+        {{}, {}, {1, 7}, "", "", "SA-001", true},
+        {{7}, {1}, {4}, "20M", "SSB", "EU-1", true},
+        {{7}, {1}, {4}, "40M", "SSB", "EU-1", false},
+        {{7}, {1}, {4}, "20M", "CW", "EU-1", false},
+        {{7}, {1}, {4}, "20M", "SSB", "AF-1", false},
+    };
+    for (std::size_t i = 0; i < std::size(cases); ++i) {
+        const auto& c = cases[i];
+        Filter filter;
+        for (const int member : c.bands)
+            filter.band.set(member, true);
+        for (const int member : c.modes)
+            filter.mode.set(member, true);
+        for (const int member : c.iotas)
+            filter.iota.set(member, true);
+        EXPECT_EQ(PassesAzimuthalFilter(filter, c.band, c.mode, c.iota), c.passes) << "case " << i;
+        EXPECT_EQ(PassesMillerFilter(filter, c.band, c.mode, c.iota), c.passes) << "case " << i;
+        EXPECT_EQ(PassesGoogleFilter("GOOGLE", filter, c.band, c.mode, c.iota), c.passes)
+            << "case " << i;
+        EXPECT_FALSE(PassesGoogleFilter("GCMap", filter, c.band, c.mode, c.iota)) << "case " << i;
+    }
+}
+
+TEST(QsoStatus, followsTheCallAndThenTheThreeConfirmations) {
+    const struct {
+        std::string_view call, qsl, eqsl, lotw;
+        QsoStatus status;
+    } cases[] = {
+        {"DL1A", "", "", "", QsoStatus::Worked},     {"DL1A", "Y", "", "", QsoStatus::Confirmed},
+        {"DL1A", "", "Y", "", QsoStatus::Confirmed}, {"DL1A", "N", "", "Y", QsoStatus::Confirmed},
+        {"DL1A", "y", "R", "V", QsoStatus::Worked},  {"DL1A", "Yes", "", "", QsoStatus::Worked},
+        {"DL1A=", "Y", "Y", "Y", QsoStatus::Heard},  {"=", "", "", "", QsoStatus::Heard},
+        {"=DL1A", "", "", "", QsoStatus::Worked},    {"", "", "", "", QsoStatus::Worked},
+        {"", "Y", "", "", QsoStatus::Confirmed},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(statusOf(c.call, c.qsl, c.eqsl, c.lotw), c.status) << c.call << "," << c.qsl;
+}
+
+} // namespace
+} // namespace tovrel

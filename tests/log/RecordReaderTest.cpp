@@ -1,0 +1,218 @@
+#include "log/RecordReader.h"
+
+#include "platform/ByteText.h"
+#include "platform/TestFolder.h"
+
+#include <ctime>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+#include <utility>
+#include <vector>
+
+namespace tovrel {
+namespace {
+
+using Items = std::vector<std::string>; ///< record lines, "" for a blank, then "End" or "Failed"
+
+Items cutAll(RecordReader& reader) {
+    Items items;
+    for (;;) {
+        switch (reader.next()) {
+        case Cut::Record:
+            items.emplace_back(reader.line());
+            break;
+        case Cut::Blank:
+            items.emplace_back();
+            break;
+        case Cut::End:
+            items.emplace_back("End");
+            return items;
+        case Cut::Failed:
+            items.emplace_back("Failed");
+            return items;
+        }
+    }
+}
+
+constexpr std::size_t blockSizes[] = {1, 2, 3, 5, 16, RecordReader::defaultBlockSize};
+
+/// The rules of cutting in their plainest form, on a text as a whole.
+Items cutPlainly(std::string text) {
+    if (text.starts_with("\xEF\xBB\xBF"))
+        text.erase(0, 3);
+    std::vector<std::string> lines;
+    std::string line;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\r' && text[i] != '\n') {
+            line += text[i];
+            if (i + 1 < text.size())
+                continue;
+        }
+        i += text.substr(i, 2) == "\r\n" ? 1 : 0;
+        lines.push_back(std::exchange(line, {}));
+    }
+    const auto ends = [](std::string_view of, std::string_view mark) {
+        of = trimBlanksRight(of);
+        return of.size() >= 5 && equalIgnoringCase(of.substr(of.size() - 5), mark);
+    };
+    std::size_t at = 0;
+    while (at < lines.size() &&
+           (!trimBlanks(lines[at]).starts_with('<') || ends(lines[at], "<EOH>")))
+        ++at;
+    Items items;
+    while (at < lines.size()) {
+        std::string hand = lines[at++];
+        while (!hand.empty() && !ends(hand, "<EOR>") && at < lines.size())
+            hand = trimBlanks(hand + " " + lines[at++]);
+        if (hand.empty() || ends(hand, "<EOR>"))
+            items.push_back(hand);
+    }
+    items.emplace_back("End");
+    return items;
+}
+
+TEST(RecordReader, cutsLogsOfEveryShape) {
+    const TestFolder folder;
+    const struct {
+        const char* what;
+        std::string log;
+        Items items;
+    } cases[] = {
+        {"empty file", "", {"End"}},
+        {"header alone", "text\r\n<EOH>\r\n", {"End"}},
+        {"no header", "<A:1>x<EOR>\r\n", {"<A:1>x<EOR>", "End"}},
+        {"byte order mark", "\xEF\xBB\xBF<A:1>x<EOR>\r\n", {"<A:1>x<EOR>", "End"}},
+        {"byte order mark alone", "\xEF\xBB\xBF", {"End"}},
+        {"header of text, blanks and a mark with blanks behind it",
+         "made by\r\n\r\n  \r\n<ver:1>1 <eoh>  \r\n <A:1>x<EOR>\r\n",
+         {" <A:1>x<EOR>", "End"}},
+        {"header field on its own line joins the first record",
+         "<ver:1>1\r\n<EOH>\r\n<A:1>x<EOR>\r\n",
+         {"<ver:1>1 <EOH> <A:1>x<EOR>", "End"}},
+        {"text in front of the mark hides it",
+         "x <EOH> y\r\n<A:1>x<EOR>\r\n",
+         {"<A:1>x<EOR>", "End"}},
+        {"case of the mark and blanks behind it", "<A:1>x<eOr>   \r\n", {"<A:1>x<eOr>   ", "End"}},
+        {"a tab behind the mark",
+         "<A:1>x<EOR>\t\r\n<B:1>y<EOR>\r\n",
+         {"<A:1>x<EOR>\t <B:1>y<EOR>", "End"}},
+        {"text behind the mark",
+         "<A:1>x<EOR> y\r\n<B:1>y<EOR>\r\n",
+         {"<A:1>x<EOR> y <B:1>y<EOR>", "End"}},
+        {"two records on a line", "<A:1>x<EOR><B:1>y<EOR>\r\n", {"<A:1>x<EOR><B:1>y<EOR>", "End"}},
+        {"blanks at a join",
+         "  <A:1>x  \r\n  <B:1>y  \r\n<EOR>  \r\n",
+         {"<A:1>x     <B:1>y <EOR>", "End"}},
+        {"blank line within a record", "<A:1>x\r\n\r\n   \r\n<EOR>\r\n", {"<A:1>x <EOR>", "End"}},
+        {"blank lines between records",
+         "<A:1>x<EOR>\r\n\r\n\r\n<B:1>y<EOR>\r\n",
+         {"<A:1>x<EOR>", "", "", "<B:1>y<EOR>", "End"}},
+        {"a line of blanks joins the next record",
+         "<A:1>x<EOR>\r\n  \r\n <B:1>y<EOR> \r\n",
+         {"<A:1>x<EOR>", "<B:1>y<EOR>", "End"}},
+        {"a line of blanks and an empty one are a blank",
+         "<A:1>x<EOR>\r\n  \r\n\r\n<B:1>y<EOR>",
+         {"<A:1>x<EOR>", "", "<B:1>y<EOR>", "End"}},
+        {"no line end at the end",
+         "<A:1>x<EOR>\n<B:1>y<EOR>",
+         {"<A:1>x<EOR>", "<B:1>y<EOR>", "End"}},
+        {"last record unfinished", "<A:1>x<EOR>\r\n<B:1>y\r\n", {"<A:1>x<EOR>", "End"}},
+        {"all line ends",
+         "<A:1>x<EOR>\r<B:1>y<EOR>\n\r<C:1>z<EOR>\r\r\n<D:1>a<EOR>\r\n",
+         {"<A:1>x<EOR>", "<B:1>y<EOR>", "", "<C:1>z<EOR>", "", "<D:1>a<EOR>", "End"}},
+        {"any bytes",
+         std::string("<A:1>\0\x1A\xFF<EOR>\n", 14),
+         {std::string("<A:1>\0\x1A\xFF<EOR>", 13), "End"}},
+    };
+    for (const auto& c : cases) {
+        const std::string path = folder.write("log.adi", c.log);
+        EXPECT_EQ(cutPlainly(c.log), c.items) << c.what;
+        for (const std::size_t blockSize : blockSizes) {
+            RecordReader reader(path, blockSize);
+            EXPECT_EQ(cutAll(reader), c.items) << c.what << ", blocks of " << blockSize;
+            EXPECT_EQ(reader.next(), Cut::End);
+            EXPECT_EQ(reader.size(), static_cast<std::int64_t>(c.log.size()));
+        }
+    }
+}
+
+TEST(RecordReader, cutsRandomLogsAsThePlainRulesDo) {
+    const TestFolder folder;
+    const std::string_view pieces[] = {"<EOR>", "<eor>", "<EOH>", "<A:1>x", "<", ">",  " ",
+                                       "  ",    "\r",    "\n",    "\r\n",   "y", "\t", "\r\n"};
+    std::mt19937 random(7);
+    std::uniform_int_distribution<std::size_t> pick(0, std::size(pieces) - 1);
+    for (int round = 0; round < 300; ++round) {
+        std::string log;
+        for (int i = 0; i < 60; ++i)
+            log += pieces[pick(random)];
+        const std::string path = folder.write("log.adi", log);
+        for (const std::size_t blockSize : blockSizes) {
+            RecordReader reader(path, blockSize);
+            ASSERT_EQ(cutAll(reader), cutPlainly(log)) << log << "\nblocks of " << blockSize;
+        }
+    }
+}
+
+// The logs take minutes together if the work on a line grows with what was joined before it.
+TEST(RecordReader, takesLinearTimeForGiantRecordsAndLines) {
+    const TestFolder folder;
+    constexpr std::size_t count = 400000;
+    const std::clock_t start = std::clock(); // of the processor, so that a busy machine may wait
+    std::string lines = "<A:1>";
+    std::string carriageReturns = "<A:1>x<EOR>";
+    for (std::size_t i = 0; i < count; ++i) {
+        lines += i % 3 == 0 ? " \n" : "x \n";
+        carriageReturns += "\r<A:1>x<EOR>";
+    }
+    const struct {
+        std::string log;
+        std::size_t records;
+    } cases[] = {
+        {lines, 0},
+        {lines + "<EOR>", 1},
+        {"<A:1>" + std::string(5 * RecordReader::defaultBlockSize, 'x') + "<EOR>\n", 1},
+        {carriageReturns, count + 1},
+        {carriageReturns + "\n", count + 1},
+    };
+    for (const auto& c : cases) {
+        const std::string path = folder.write("log.adi", c.log);
+        for (const std::size_t blockSize : {RecordReader::defaultBlockSize, c.log.size()}) {
+            RecordReader reader(path, blockSize);
+            EXPECT_EQ(cutAll(reader).size() - 1, c.records);
+        }
+    }
+    EXPECT_LT((std::clock() - start) / CLOCKS_PER_SEC, 30);
+}
+
+TEST(RecordReader, failsWithAReasonWhereThereIsNoPlainFile) {
+    const TestFolder folder;
+    for (const std::string& path : {folder.path("none.adi"), folder.path(), std::string()}) {
+        RecordReader reader(path);
+        EXPECT_EQ(reader.size(), 0);
+        EXPECT_EQ(reader.next(), Cut::Failed);
+        EXPECT_EQ(reader.next(), Cut::Failed);
+        EXPECT_FALSE(reader.error().empty());
+    }
+}
+
+TEST(RecordReader, failsWhenTheFileShrinksAndStopsWhereItEndedWhenItGrows) {
+    const TestFolder folder;
+    std::string path = folder.write("log.adi", "<A:1>x<EOR>\n<B:1>y<EOR>\n");
+    RecordReader shrinking(path, 4);
+    EXPECT_EQ(shrinking.next(), Cut::Record);
+    std::filesystem::resize_file(path, 14);
+    EXPECT_EQ(cutAll(shrinking), Items{"Failed"});
+    EXPECT_FALSE(shrinking.error().empty());
+
+    path = folder.write("log.adi", "<A:1>x<EOR>\n");
+    RecordReader growing(path, 4);
+    EXPECT_EQ(growing.next(), Cut::Record);
+    std::ofstream(path, std::ios::app) << "<B:1>y<EOR>\n";
+    EXPECT_EQ(cutAll(growing), Items{"End"});
+    EXPECT_EQ(growing.size(), 12);
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,162 @@
+#include "map/Coastline.h"
+
+#include "map/CoastFile.h"
+#include "map/Pixels.h"
+#include "run/TestDoubles.h"
+
+#include <cmath>
+#include <random>
+
+namespace tovrel {
+namespace {
+
+constexpr Colour black = 0x000000;
+constexpr Colour red = 0x0000FF;
+
+/// Draws a coastline database on a surface of its own.
+struct CoastDrawing {
+    CoastDrawing(const std::string& bytes, Projection projection, float homeLatitude = 0.0F,
+                 float homeLongitude = 0.0F, int size = 1000)
+        : surface(whiteSurface(size, size)),
+          circle(homePosition(Projection::Azimuthal, homeLatitude, homeLongitude)),
+          coast(surface, circle, listener) {
+        coast.DrawCoastline(readCoastRecords(bytes), projection);
+    }
+    Ink ink() const { return inkOf(surface, black); }
+
+    PictureSurface surface;
+    GreatCircle circle;
+    ScriptedListener listener;
+    Coastline coast;
+};
+
+TEST(CoastRecords, AreSixBytesLittleEndian) {
+    const auto records = readCoastRecords(coastRecord(1001, {-5400, 10860}) +
+                                          std::string("\x01\x80\xFF\x7F\x00\x80", 6));
+    ASSERT_EQ(records.size(), 2U);
+    EXPECT_EQ(records[0].marker, 1001);
+    EXPECT_EQ(records[0].latitude, -5400);
+    EXPECT_EQ(records[0].longitude, 10860);
+    EXPECT_EQ(records[1].marker, -32767);
+    EXPECT_EQ(records[1].latitude, 32767);
+    EXPECT_EQ(records[1].longitude, -32768);
+}
+
+TEST(CoastRecords, CountIsTheLengthDividedAndRounded) {
+    const struct {
+        std::size_t bytes, records;
+    } cases[] = {{0, 0}, {1, 0}, {3, 0}, {4, 1}, {6, 1}, {8, 1}, {9, 2}, {15, 2}, {16, 3}, {21, 4}};
+    for (const auto& c : cases)
+        EXPECT_EQ(readCoastRecords(std::string(c.bytes, '\1')).size(), c.records) << c.bytes;
+    const auto cut = readCoastRecords(std::string("\x01\x02\x03\x04\x05", 5));
+    EXPECT_EQ(cut[0].latitude, 0x0403);
+    EXPECT_EQ(cut[0].longitude, 0x0005) << "a byte that is lacking counts as 0";
+}
+
+TEST(Coastline, AMarkerAbove1000LiftsThePenAndLetsEventsRun) {
+    const std::string bytes = coastRecord(1001, {0, -3000}) + coastRecord(1000, {0, -1800}) +
+                              coastRecord(32767, {0, 1800}) + coastRecord(-5, {0, 3000});
+    const CoastDrawing drawing(bytes, Projection::Miller);
+    EXPECT_EQ(drawing.listener.yields, 2);
+    EXPECT_EQ(colourAt(drawing.surface, -40 * 122, 0), black);
+    EXPECT_EQ(colourAt(drawing.surface, 40 * 122, 0), black);
+    EXPECT_NE(colourAt(drawing.surface, 0, 0), black) << "no line from stroke to stroke";
+}
+
+TEST(Coastline, AMillerStrokeLeavesTheSurfaceAtTheDateLineAndComesBackBeyond) {
+    // East over the line in one numbering, west over it in the other, each with its own latitudes.
+    const struct {
+        std::vector<CoastPoint> points;
+        double sideBefore;
+    } cases[] = {{{{600, 10200}, {600, 10740}, {1200, 10860}, {1200, 11400}}, 1.0},
+                 {{{600, -10200}, {600, -10740}, {1200, 10740}, {1200, 10200}}, -1.0}};
+    for (const auto& c : cases) {
+        const CoastDrawing drawing(coastStroke(c.points), Projection::Miller);
+        const auto at = [&](double x, double latitude) {
+            return colourAt(drawing.surface, x * c.sideBefore, latitude * 240);
+        };
+        EXPECT_EQ(at(21000, 10), black);
+        EXPECT_EQ(at(21960, 10), black) << "runs off the near edge at its old latitude";
+        EXPECT_EQ(at(-21940, 20), black) << "comes in at the far edge at the new one";
+        EXPECT_EQ(at(-21000, 20), black);
+        EXPECT_NE(at(21000, 20), black);
+        EXPECT_NE(at(-21000, 10), black);
+        for (const double x : {-15000.0, 0.0, 15000.0}) {
+            for (double latitude = 5; latitude < 25; latitude += 0.25)
+                ASSERT_NE(at(x, latitude), black) << "nothing crosses the map";
+        }
+    }
+}
+
+TEST(Coastline, MillerLongitudesFromTheEdgeOnAreWrapped) {
+    // 180 degrees stays inside, 181 is on the other side; a new stroke does not cross either.
+    const CoastDrawing drawing(coastStroke({{0, 10800}}) + coastStroke({{0, 10860}}),
+                               Projection::Miller);
+    EXPECT_EQ(drawing.ink().count, 2);
+    EXPECT_EQ(colourAt(drawing.surface, 21960, 0), black);
+    EXPECT_EQ(colourAt(drawing.surface, -21918, 0), black);
+}
+
+TEST(Coastline, AnAzimuthalStrokeBreaksAtTheAntipodeAndGoesOnBehindIt) {
+    CoastDrawing drawing(coastAlong(0, 170, 190), Projection::Azimuthal);
+    const Ink ink = drawing.ink();
+    EXPECT_GT(ink.count, 30);
+    EXPECT_EQ(inkWhere(drawing.surface,
+                       [](int x, int, Colour c) { return c == black && x > 80 && x < 920; })
+                  .count,
+              0)
+        << "no stroke across the map";
+    EXPECT_LT(std::max(std::abs(ink.left - 500), std::abs(ink.right - 500)), 19731 / 44 + 2);
+}
+
+TEST(Coastline, SealingClosesTheGapToTheRingWhereACoastWasCut) {
+    CoastDrawing drawing(coastAlong(0, 150, 210), Projection::Azimuthal);
+    drawing.surface.Circle(0, 0, MapRadius);
+    PictureSurface open = drawing.surface;
+    const auto pixel = [](double v) { return static_cast<int>(500 + v * 500 / 22000); };
+    // A fill right north of the coast's end must not come out south of it, seal or not sealed.
+    const int x = pixel(19000);
+    open.ExtFloodFill(x, pixel(-600), red);
+    EXPECT_EQ(open.GetPixel(x, pixel(600)), red) << "unsealed it floods, or this test shows nothing";
+
+    drawing.coast.SealAntipodeRing();
+    for (double r = 19700; r < 20000; r += 22)
+        EXPECT_EQ(colourAt(drawing.surface, r, 0), black) << r;
+    // Between the two seals and the coast's inner ends the way is long, but not closed: a wall.
+    drawing.surface.ForeColor = black;
+    drawing.surface.PSet(17250, 20000, black);
+    drawing.surface.Line(17250, -20000, black);
+    drawing.surface.ExtFloodFill(x, pixel(-600), red);
+    EXPECT_EQ(drawing.surface.GetPixel(x, pixel(-600)), red);
+    EXPECT_NE(drawing.surface.GetPixel(x, pixel(600)), red);
+}
+
+TEST(Coastline, SealingDrawsNothingWhereNoCoastWasCut) {
+    const std::string cases[] = {"", coastAlong(0, -170, 170), coastAlong(0, 176, 177),
+                                 coastAlong(0, 178, 180), // all of it hidden
+                                 // One stroke ends before the cut, another begins within it.
+                                 coastAlong(0, 150, 177) + coastAlong(0, 178, 182)};
+    for (const std::string& bytes : cases) {
+        CoastDrawing drawing(bytes, Projection::Azimuthal);
+        const QImage before = drawing.surface.Image();
+        drawing.coast.SealAntipodeRing();
+        EXPECT_EQ(drawing.surface.Image(), before);
+    }
+}
+
+TEST(Coastline, AnyBytesAreDrawnToTheirEnd) {
+    std::mt19937 random(3);
+    for (int round = 0; round < 6; ++round) {
+        std::string bytes(60000U + static_cast<unsigned>(round), '\0');
+        for (char& byte : bytes)
+            byte = static_cast<char>(random());
+        for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
+            CoastDrawing drawing(bytes, projection, static_cast<float>(round) * 30.0F - 90.0F, 100.0F, 200);
+            drawing.coast.SealAntipodeRing();
+            EXPECT_GT(drawing.ink().count, 1000);
+        }
+    }
+}
+
+} // namespace
+} // namespace tovrel

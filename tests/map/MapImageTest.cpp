@@ -1,0 +1,51 @@
+#include "map/MapImage.h"
+
+#include "map/Pixels.h"
+
+namespace tovrel {
+namespace {
+
+constexpr Colour sea = 0xFECDA5;
+
+/// Ink of the stamp in a part of the picture, in map units.
+int inkIn(const PictureSurface& picture, double left, double top, double right, double bottom) {
+    return inkWhere(picture,
+                    [&](int x, int y, Colour found) {
+                        return found != sea && x >= picture.pixelX(left) &&
+                               x <= picture.pixelX(right) && y >= picture.pixelY(top) &&
+                               y <= picture.pixelY(bottom);
+                    })
+        .count;
+}
+
+TEST(MapImage, IsNamedAfterMapAndClock) {
+    const QDateTime time(QDate(2011, 3, 2), QTime(7, 5, 9));
+    EXPECT_EQ(mapImageName(Projection::Azimuthal, time), "TovrelAP_20110302-070509");
+    EXPECT_EQ(mapImageName(Projection::Miller, time), "TovrelMP_20110302-070509");
+}
+
+TEST(MapImage, StampsTheLowerCornersOfACopy) {
+    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
+        const bool azimuthal = projection == Projection::Azimuthal;
+        PictureSurface Picture2 = whiteSurface(800, azimuthal ? 800 : 400);
+        Picture2.BackColor = sea;
+        Picture2.Cls();
+        PictureSurface Picture3 = whiteSurface(10, 10);
+        composeMapImage(Picture2, projection, QDateTime(QDate(2011, 3, 2), QTime(7, 5, 9)),
+                        Picture3);
+
+        EXPECT_EQ(inkOver(Picture2, sea).count, 0) << "the map on screen stays";
+        EXPECT_EQ(Picture3.Image().size(), Picture2.Image().size());
+        const double line = azimuthal ? 700 : 1400; // height of a line in map units
+        EXPECT_GT(inkIn(Picture3, -21500, -19600, -17000, -19600 - line), 50);
+        EXPECT_GT(inkIn(Picture3, 13000, azimuthal ? -20500 : -19600, 18000, -22000), 50);
+        EXPECT_EQ(inkIn(Picture3, -10000, -20600, 12900, -22000), 0);
+        EXPECT_EQ(inkIn(Picture3, 13000, -19500, 22000, -20400) == 0, azimuthal);
+        EXPECT_EQ(inkIn(Picture3, -21500, -20500, -17000, -20500 - line) > 50, azimuthal);
+        EXPECT_EQ(inkIn(Picture3, -22000, 22000, 22000, -19500), 0) << "nothing above";
+        EXPECT_EQ(inkIn(Picture3, -22000, 22000, -21550, -22000), 0) << "nothing left of it";
+    }
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,291 @@
+#include "map/PictureSurface.h"
+
+#include "map/GreatCircle.h"
+#include "map/Pixels.h"
+#include "map/mRotatedText.h"
+
+#include <QColor>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <vector>
+
+namespace tovrel {
+namespace {
+
+constexpr Colour white = 0xFFFFFF;
+constexpr Colour black = 0x000000;
+constexpr Colour red = 0x0000FF;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+
+TEST(PictureSurface, MeasuresMapUnitsFromTheTopLeftAndRoundsToEven) {
+    const PictureSurface surface(10000.0F, 10000.0F);
+    EXPECT_EQ(surface.pixelWidth(), 667);
+    EXPECT_EQ(surface.pixelX(-22000), 0.0);
+    EXPECT_EQ(surface.pixelY(22000), 0.0);
+    EXPECT_EQ(surface.pixelX(0), 333.0);
+    EXPECT_EQ(surface.pixelY(0), 333.0);
+    EXPECT_GT(surface.pixelY(-1000), surface.pixelY(1000)) << "Y grows upward";
+    const PictureSurface ten = whiteSurface(10, 10);
+    EXPECT_EQ(ten.pixelX(-22000 + 4400 * 2.5), 2.0);
+    EXPECT_EQ(ten.pixelX(-22000 + 4400 * 3.5), 4.0);
+}
+
+TEST(PictureSurface, DotsAreRoundAndOfTheirWidth) {
+    const struct {
+        int width;
+        int pixels; // of a disc of that diameter
+    } cases[] = {{1, 1}, {3, 9}, {5, 21}, {7, 37}, {9, 69}};
+    for (const auto& c : cases) {
+        PictureSurface surface = whiteSurface(41, 41);
+        surface.DrawWidth = c.width;
+        surface.PSet(0, 0, red);
+        const Ink dot = inkOf(surface, red);
+        EXPECT_EQ(dot.width(), c.width);
+        EXPECT_EQ(dot.height(), c.width);
+        EXPECT_EQ(dot.left + dot.right, 2 * 20) << "centred on its pixel";
+        EXPECT_EQ(dot.top + dot.bottom, 2 * 20);
+        EXPECT_NEAR(dot.count, c.pixels, 1 + c.pixels / 10) << c.width;
+        if (c.width >= 5) {
+            EXPECT_EQ(surface.GetPixel(dot.left, dot.top), white) << "corners are cut";
+        }
+        for (int y = dot.top; y <= dot.bottom; ++y) {
+            for (int x = dot.left; x <= dot.right; ++x)
+                EXPECT_EQ(surface.GetPixel(x, y), surface.GetPixel(y, 40 - x)) << "same all round";
+        }
+    }
+}
+
+TEST(PictureSurface, ADotAtTheEdgeIsCutOff) {
+    PictureSurface surface = whiteSurface(20, 20);
+    surface.DrawWidth = 5;
+    for (const double x : {-22000.0, 21999.0}) {
+        for (const double y : {-21999.0, 22000.0})
+            surface.PSet(x, y, red);
+    }
+    EXPECT_EQ(surface.GetPixel(0, 0), red);
+    EXPECT_EQ(surface.GetPixel(19, 19), red);
+    EXPECT_LE(inkOf(surface, red).count, 4 * 9);
+}
+
+TEST(PictureSurface, LinesRunFromTheCurrentPointOnePixelWide) {
+    PictureSurface surface = whiteSurface(101, 101);
+    surface.DrawWidth = 9; // of dots alone
+    surface.CurrentX = -10000;
+    surface.CurrentY = 0;
+    surface.Line(10000, 0, red);
+    const Ink line = inkOf(surface, red);
+    EXPECT_EQ(line.height(), 1);
+    EXPECT_EQ(line.count, line.width());
+    EXPECT_EQ(line.left, surface.pixelX(-10000));
+    EXPECT_EQ(line.right, surface.pixelX(10000));
+    surface.Line(10000, 9000);
+    EXPECT_EQ(colourAt(surface, 10000, 5000), black) << "goes on in ForeColor";
+    EXPECT_EQ(surface.CurrentX, 10000);
+    EXPECT_EQ(surface.CurrentY, 9000);
+}
+
+TEST(PictureSurface, LinesThatLeaveTheSurfaceAreClippedInPlace) {
+    // Each line passes through the two points, wherever its ends lie.
+    const struct {
+        double x0, y0, x1, y1;
+        double seenX, seenY;
+    } cases[] = {{-1e9, -1e9, 1e9, 1e9, 10000, 10000},
+                 {-22000, 0, 1e7, 0, 20000, 0},
+                 {0, 66000, 0, -66000, 0, -20000},
+                 {-66000, 44000, 66000, -44000, 3000, -2000},
+                 {44000, -66000, -44000, 66000, -2000, 3000}};
+    for (const auto& c : cases) {
+        PictureSurface surface = whiteSurface(440, 440);
+        surface.CurrentX = c.x0;
+        surface.CurrentY = c.y0;
+        surface.Line(c.x1, c.y1, red);
+        bool near = false;
+        for (int dy = -1; dy <= 1; ++dy)
+            near |= colourAt(surface, c.seenX, c.seenY + 100 * dy) == red;
+        EXPECT_TRUE(near) << c.seenX;
+        EXPECT_LE(inkOf(surface, red).count, 441);
+    }
+    PictureSurface surface = whiteSurface(44, 44);
+    surface.PSet(-30000, 0, red);
+    surface.Line(0, 30000, red);
+    EXPECT_GT(inkOf(surface, red).count, 0);
+    surface.Cls();
+    surface.PSet(-40000, 10000, red);
+    surface.Line(-10000, 40000, red);
+    EXPECT_EQ(inkOf(surface, red).count, 0) << "passes the corner by";
+}
+
+TEST(PictureSurface, ABadCoordinateCostsItsOwnOperationAlone) {
+    for (const double bad : {nan, infinity, -infinity, 1e300, -1.7e308, 3e9}) {
+        PictureSurface surface = whiteSurface(50, 50);
+        for (const auto& [x, y] : {std::pair{bad, 0.0}, {0.0, bad}, {bad, -bad}}) {
+            surface.PSet(x, y, red);
+            surface.CurrentX = x;
+            surface.CurrentY = y;
+            surface.Print(QStringLiteral("X"), {}, 450);
+            surface.Circle(x, y, 1000);
+        }
+        surface.Circle(0, 0, bad);
+        EXPECT_EQ(inkOver(surface, white).count, 0) << bad;
+        surface.PSet(0, 0, red);
+        surface.Line(bad, bad, red);
+        surface.Line(nan, 0, red);
+        surface.Cls();
+        surface.PSet(-8800, 0, red);
+        surface.Line(8800, 0, red);
+        EXPECT_EQ(inkOf(surface, red).count, 21) << bad;
+    }
+}
+
+TEST(PictureSurface, AFillInsideACircleDoesNotLeak) {
+    for (const int size : {40, 333, 667, 1200}) {
+        for (const double radius : {2500.0, 19999.0, 20400.0}) {
+            PictureSurface surface = whiteSurface(size, size);
+            surface.Circle(0, 0, radius);
+            surface.ExtFloodFill(size / 2, size / 2, red);
+            const double pixels = radius / 44000 * size;
+            const Ink disc = inkOf(surface, red);
+            EXPECT_EQ(surface.GetPixel(0, 0), white);
+            EXPECT_NEAR(disc.count, 3.14159 * pixels * pixels, 8 * pixels + 8) << size;
+            EXPECT_NEAR(disc.width(), 2 * pixels, 3) << size;
+        }
+    }
+}
+
+TEST(PictureSurface, TheFloodTakesTheConnectedRegionOfOneColourExactly) {
+    // Against a slow fill of its own kind, on noise of three colours.
+    std::mt19937 random(7);
+    for (int round = 0; round < 30; ++round) {
+        constexpr int size = 24;
+        PictureSurface surface = whiteSurface(size, size);
+        const Colour colours[] = {white, 0xFEFFFF, black};
+        for (int y = 0; y < size; ++y) {
+            for (int x = 0; x < size; ++x)
+                surface.SetPixel(x, y, colours[random() % 8 < 5 ? 0 : 1 + random() % 2]);
+        }
+        const int seedX = static_cast<int>(random() % size);
+        const int seedY = static_cast<int>(random() % size);
+        const QImage before = surface.Image();
+        const QRgb wanted = before.pixel(seedX, seedY);
+        QImage expected = before;
+        std::vector<QPoint> open{{seedX, seedY}};
+        while (!open.empty()) {
+            const QPoint p = open.back();
+            open.pop_back();
+            if (!expected.rect().contains(p) || expected.pixel(p) != wanted)
+                continue;
+            expected.setPixel(p, qRgb(255, 0, 0));
+            for (const QPoint step : {QPoint(1, 0), QPoint(-1, 0), QPoint(0, 1), QPoint(0, -1)})
+                open.push_back(p + step);
+        }
+        surface.ExtFloodFill(seedX, seedY, red);
+        EXPECT_EQ(surface.Image(), expected) << round;
+    }
+}
+
+TEST(PictureSurface, TheFloodCopesWithBigSurfacesAndNoSeed) {
+    PictureSurface surface = whiteSurface(3000, 3000);
+    for (int x = 1; x < 3000; x += 2) { // a comb, so that the region winds through all rows
+        for (int y = x % 4 == 1 ? 1 : 0; y < (x % 4 == 1 ? 3000 : 2999); ++y)
+            surface.SetPixel(x, y, black);
+    }
+    const int walls = inkOf(surface, black).count;
+    surface.ExtFloodFill(0, 0, red);
+    EXPECT_EQ(inkOf(surface, red).count, 3000 * 3000 - walls);
+    surface.ExtFloodFill(0, 0, red); // already of that colour
+    surface.ExtFloodFill(-1, 0, white);
+    surface.ExtFloodFill(0, 3000, white);
+    EXPECT_EQ(inkOf(surface, white).count, 0);
+}
+
+TEST(PictureSurface, PixelsAreColoursWithRedInTheLowByte) {
+    PictureSurface surface = whiteSurface(4, 3);
+    surface.SetPixel(1, 2, 0x123456);
+    EXPECT_EQ(surface.GetPixel(1, 2), 0x123456U);
+    EXPECT_EQ(QColor(surface.Image().pixel(1, 2)), QColor(0x56, 0x34, 0x12));
+    for (const auto& [x, y] : {std::pair{-1, 0}, {0, -1}, {4, 0}, {0, 3}, {1 << 30, 1 << 30}}) {
+        surface.SetPixel(x, y, black);
+        EXPECT_EQ(surface.GetPixel(x, y), 0xFFFFFFFFU);
+    }
+    EXPECT_EQ(inkOver(surface, white).count, 1);
+}
+
+TEST(PictureSurface, StretchingFillsTheTargetAndShrinksByMeans) {
+    PictureSurface source = whiteSurface(100, 100);
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 100; ++x)
+            source.SetPixel(x, y, x < 50 ? ((x + y) % 2 ? black : white) : red);
+    }
+    PictureSurface target = whiteSurface(50, 25);
+    target.StretchBlt(source);
+    EXPECT_EQ(target.pixelWidth(), 50);
+    EXPECT_EQ(target.pixelHeight(), 25);
+    EXPECT_NEAR(target.GetPixel(10, 12) & 0xFFU, 127, 16);
+    EXPECT_EQ(target.GetPixel(40, 12), red);
+    EXPECT_EQ(target.GetPixel(49, 24), red);
+    PictureSurface same = whiteSurface(100, 100);
+    same.StretchBlt(source);
+    EXPECT_EQ(same.Image(), source.Image());
+}
+
+TEST(PictureSurface, TextBeginsWithItsTopLeftCornerAndTurnsAboutIt) {
+    TextStyle style;
+    style.height = 24;
+    const struct {
+        int escapement;
+        int left, top, right, bottom; // where ink may be, in letter heights from the corner
+    } cases[] = {{0, 0, 0, 9, 1},     {900, 0, -9, 1, 0},  {-900, -1, 0, 0, 9},
+                 {1800, -9, -1, 0, 0}, {3600, 0, 0, 9, 1}, {-2700, 0, -9, 1, 0}};
+    for (const auto& c : cases) {
+        PictureSurface surface = whiteSurface(440, 440);
+        surface.ForeColor = red;
+        surface.CurrentX = surface.CurrentY = 0;
+        RotatedPrint(QStringLiteral("HHHHH"), style, c.escapement, surface);
+        const Ink ink = inkOver(surface, white);
+        ASSERT_GT(ink.count, 200) << c.escapement;
+        EXPECT_GE(ink.left, 220 + 24 * c.left - 2) << c.escapement;
+        EXPECT_GE(ink.top, 220 + 24 * c.top - 2) << c.escapement;
+        EXPECT_LE(ink.right, 220 + 24 * c.right + 2) << c.escapement;
+        EXPECT_LE(ink.bottom, 220 + 24 * c.bottom + 2) << c.escapement;
+        EXPECT_GT(std::max(ink.width(), ink.height()), 60) << c.escapement;
+        // The text starts near the corner, not a letter away from it.
+        const auto near = inkWhere(surface, [](int x, int y, Colour found) {
+            return found != white && std::abs(x - 220) < 24 && std::abs(y - 220) < 24;
+        });
+        EXPECT_GT(near.count, 20) << c.escapement;
+    }
+}
+
+TEST(PictureSurface, ABolderTextHasMoreInk) {
+    const auto inkOfWeight = [](int weight) {
+        PictureSurface surface = whiteSurface(200, 60);
+        surface.CurrentX = -20000;
+        surface.CurrentY = 20000;
+        RotatedPrint(QStringLiteral("045"), {.height = 30, .weight = weight}, 0, surface);
+        return inkWhere(surface, [](int, int, Colour c) { return (c & 0xFFU) < 128; }).count;
+    };
+    EXPECT_GT(inkOfWeight(800), inkOfWeight(400) * 6 / 5);
+}
+
+TEST(PictureSurface, AnotherSizeOrPictureDropsWhatWasDrawn) {
+    PictureSurface surface = whiteSurface(30, 30);
+    surface.BackColor = 0xE0E0E0;
+    surface.PSet(0, 0, red);
+    surface.setSize(twipsFromPixels(40), 307.0F);
+    EXPECT_EQ(surface.pixelWidth(), 40);
+    EXPECT_EQ(surface.pixelHeight(), 20);
+    EXPECT_EQ(inkOf(surface, red).count, 0);
+    QImage picture(10, 5, QImage::Format_ARGB32);
+    picture.fill(Qt::blue);
+    surface.setPicture(picture);
+    EXPECT_EQ(inkOf(surface, 0xFF0000).count, 50);
+    EXPECT_EQ(inkOf(surface, 0xE0E0E0).count, 40 * 20 - 50);
+    surface.setSize(-15.0F, nanf(""));
+    surface.PSet(0, 0, red);
+    EXPECT_GE(surface.pixelWidth(), 1) << "a size that can't be leaves a surface all the same";
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,118 @@
+#include "platform/Numbers.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace tovrel {
+namespace {
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double largest = std::numeric_limits<double>::max();
+
+TEST(Numbers, leadingNumberStopsWhereTheTextIsNoNumberAnyMore) {
+    const std::string zeros(400, '0');
+    const std::pair<std::string, std::optional<double>> cases[] = {
+        {"5", 5.0},
+        {"+5", 5.0},
+        {".5", 0.5},
+        {"-.5", -0.5},
+        {"+.5", 0.5},
+        {"5.", 5.0},
+        {"  -12.75 E", -12.75},
+        {"1.5e3", 1500.0},
+        {"1E-2x", 0.01},
+        {"1e", 1.0},
+        {"1e+", 1.0},
+        {"12,5", 12.0},
+        {"1 2", 1.0},
+        {"1.2.3", 1.2},
+        {"0x10", 0.0},
+        {"007", 7.0},
+        {"45N", 45.0},
+        {"1e400", largest},
+        {"-1e400", -largest},
+        {"1e-400", 0.0},
+        {"1e99999999999999999999", largest},
+        {"1e-99999999999999999999", 0.0},
+        {"0e99999999999999999999", 0.0},
+        {"1e-310", 1e-310},
+        {"1" + zeros, largest},
+        {"1" + zeros + ".5", largest},
+        {"0." + zeros + "1", 0.0},
+        {"1" + zeros + "e-10", largest},
+        {"0." + zeros + "1e10", 0.0},
+        {"1" + zeros + "e-400", 1.0},
+        {"", std::nullopt},
+        {"   ", std::nullopt},
+        {"N45", std::nullopt},
+        {"inf", std::nullopt},
+        {"-infinity", std::nullopt},
+        {"nan", std::nullopt},
+        {"-nan", std::nullopt},
+        {".", std::nullopt},
+        {"-", std::nullopt},
+        {"+-5", std::nullopt},
+        {"--5", std::nullopt},
+        {"-.e5", std::nullopt},
+        {"e5", std::nullopt},
+        {"\t5", std::nullopt},
+        {std::string("\0005", 2), std::nullopt},
+    };
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(leadingNumber(text), value) << text;
+        EXPECT_EQ(numberValue(text), value.value_or(0.0)) << text;
+    }
+}
+
+TEST(Numbers, roundsATieToTheEvenNeighbour) {
+    const std::pair<double, double> whole[] = {
+        {0.5, 0},       {1.5, 2},       {2.5, 2},
+        {-0.5, 0},      {-1.5, -2},     {-2.5, -2},
+        {2.5000001, 3}, {1e300, 1e300}, {0.49999999999999994, 0}};
+    for (const auto& [value, rounded] : whole)
+        EXPECT_EQ(roundHalfEven(value), rounded) << value;
+
+    const struct {
+        double value;
+        int decimals;
+        double rounded;
+    } cases[] = {{0.125, 2, 0.12},       {0.375, 2, 0.38}, {-0.125, 2, -0.12},     {2.5, 0, 2.0},
+                 {51.47851, 4, 51.4785}, {1e18, 4, 1e18},  {infinity, 4, infinity}};
+    for (const auto& c : cases)
+        EXPECT_EQ(roundHalfEven(c.value, c.decimals), c.rounded) << c.value;
+    EXPECT_FALSE(std::signbit(roundHalfEven(-0.00001, 4)));
+    EXPECT_TRUE(std::isnan(roundHalfEven(NAN, 4)));
+}
+
+TEST(Numbers, holdsValuesWithinTheRangeOfTheType) {
+    const std::pair<double, int> ints[] = {{2.5, 2},
+                                           {-3.5, -4},
+                                           {1e10, std::numeric_limits<int>::max()},
+                                           {-infinity, std::numeric_limits<int>::min()},
+                                           {NAN, 0}};
+    for (const auto& [value, rounded] : ints)
+        EXPECT_EQ(roundToInt(value), rounded) << value;
+
+    constexpr float most = std::numeric_limits<float>::max();
+    const std::pair<double, float> singles[] = {
+        {0.1, 0.1F}, {1e300, most}, {-infinity, -most}, {1e-300, 0.0F}, {NAN, 0.0F}};
+    for (const auto& [value, single] : singles)
+        EXPECT_EQ(toSingle(value), single) << value;
+}
+
+TEST(Numbers, writesTheShortestTextThatReadsBack) {
+    const std::pair<double, std::string> doubles[] = {
+        {0.1, "0.1"},   {-0.0, "0"},         {8000, "8000"},
+        {-0.5, "-0.5"}, {1e-7, "0.0000001"}, {1e22, "1" + std::string(22, '0')}};
+    for (const auto& [value, text] : doubles)
+        EXPECT_EQ(decimalText(value), text);
+    for (const double value : {largest, -5e-324, 2.2250738585072014e-308, 1.0 / 3.0})
+        EXPECT_EQ(numberValue(decimalText(value)), value);
+    EXPECT_EQ(decimalText(0.1F), "0.1");
+    EXPECT_EQ(decimalText(-0.0F), "0");
+    EXPECT_EQ(decimalText(16777216.0F), "16777216");
+}
+
+} // namespace
+} // namespace tovrel

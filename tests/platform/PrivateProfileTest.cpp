@@ -1,0 +1,163 @@
+#include "platform/PrivateProfile.h"
+
+#include "platform/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+constexpr std::size_t size = 512;
+
+TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
+    const std::string longValue(600, 'v');
+    const struct {
+        const char* what;
+        std::string content;
+        std::string value; ///< of key Key in section Main, "default" when missing
+    } cases[] = {
+        {"plain", "[Main]\r\nKey=value\r\n", "value"},
+        {"case", "[MAIN]\r\nkEY=Value\r\n", "Value"},
+        {"LF and no end of the last line", "[Main]\nKey=value", "value"},
+        {"CR alone", "[Main]\rKey=value\r", "value"},
+        {"byte order mark", "\xEF\xBB\xBF[Main]\nKey=value\n", "value"},
+        {"blanks", " [ Main ] \r\n \tKey\t = \t a  b \t\r\n", "a  b"},
+        {"empty", "[Main]\r\nKey=\r\n", ""},
+        {"value with =", "[Main]\r\nKey=a=b;c\r\n", "a=b;c"},
+        {"quotes", "[Main]\r\nKey=\" a \"\r\n", " a "},
+        {"single quotes", "[Main]\r\nKey='a'\r\n", "a"},
+        {"one pair only", "[Main]\r\nKey=\"\"a\"\"\r\n", "\"a\""},
+        {"quotes that don't match", "[Main]\r\nKey=\"a'\r\n", "\"a'"},
+        {"a quote alone", "[Main]\r\nKey=\"\r\n", "\""},
+        {"the first of two keys", "[Main]\r\nKey=1\r\nKey=2\r\n", "1"},
+        {"the first of two sections", "[Main]\r\nA=1\r\n[Main]\r\nKey=2\r\n", "default"},
+        {"another section", "[Other]\r\nKey=1\r\n[Mainly]\r\nKey=2\r\n", "default"},
+        {"section behind others", "[Other]\r\nKey=1\r\n[Main]\r\nKey=2\r\n", "2"},
+        {"before any section", "Key=1\r\n[Main]\r\n", "default"},
+        {"comment", "[Main]\r\n;Key=1\r\n", "default"},
+        {"key without =", "[Main]\r\nKey\r\n", "default"},
+        {"longer than the buffer", "[Main]\r\nKey=" + longValue + "\r\n",
+         longValue.substr(0, size - 1)},
+        {"section mark not closed", "[Main\r\nKey=1\r\n", "1"},
+        {"garbage", std::string("\0\xFF[\x01]\r=\r\n[[[\n=Key=\0", 19), "default"},
+        {"nothing", "", "default"},
+    };
+    const TestFolder folder;
+    for (const auto& c : cases) {
+        const PrivateProfile profile(folder.write("a.ini", c.content));
+        EXPECT_EQ(profile.read("Main", "Key", "default", size), c.value) << c.what;
+    }
+    const PrivateProfile missing(folder.path("missing.ini"));
+    EXPECT_FALSE(missing.exists());
+    EXPECT_EQ(missing.read("Main", "Key", "default", size), "default");
+}
+
+TEST(PrivateProfile, writesAKeyAndKeepsAllElse) {
+    const struct {
+        const char* what;
+        std::string before, after; ///< of writing Key=new in section Main
+    } cases[] = {
+        {"new file", "", "[Main]\r\nKey=new\r\n"},
+        {"another value; comments, order and unknown keys stay",
+         "; top\r\n[Other]\r\nKey=1\r\n\r\n[Main]\r\n; c\r\nZ = 2\r\nkey = old \r\nA=3\r\n",
+         "; top\r\n[Other]\r\nKey=1\r\n\r\n[Main]\r\n; c\r\nZ = 2\r\nkey=new\r\nA=3\r\n"},
+        {"new key goes behind the last used line of its section",
+         "[Main]\r\nA=1\r\n\r\n[Other]\r\nB=2\r\n",
+         "[Main]\r\nA=1\r\nKey=new\r\n\r\n[Other]\r\nB=2\r\n"},
+        {"empty section", "[Main]\r\n[Other]\r\n", "[Main]\r\nKey=new\r\n[Other]\r\n"},
+        {"LF stays LF", "[Main]\nA=1\n[Other]\n", "[Main]\nA=1\nKey=new\n[Other]\n"},
+        {"new section, LF, last line without end", "[Other]\nA=1",
+         "[Other]\nA=1\n[Main]\nKey=new\n"},
+        {"new key, last line without end", "[Main]\r\nA=1", "[Main]\r\nA=1\r\nKey=new\r\n"},
+        {"key on the last line without end", "[Main]\nKey=1", "[Main]\nKey=new"},
+        {"only the first of two", "[Main]\nKey=1\nKey=2\n", "[Main]\nKey=new\nKey=2\n"},
+        {"a comment is no key", "[Main]\n;Key=1\n", "[Main]\n;Key=1\nKey=new\n"},
+        {"garbage stays", std::string("\0\xFF\x01\r\n", 5),
+         std::string("\0\xFF\x01\r\n[Main]\r\nKey=new\r\n", 22)},
+    };
+    const TestFolder folder;
+    for (const auto& c : cases) {
+        PrivateProfile profile(folder.path("a.ini"));
+        std::filesystem::remove(profile.path());
+        if (!c.before.empty())
+            folder.write("a.ini", c.before);
+        EXPECT_TRUE(profile.write("Main", "Key", "new")) << c.what;
+        EXPECT_EQ(folder.read("a.ini"), c.after) << c.what;
+        EXPECT_EQ(profile.read("MAIN", "KEY", "", size), "new") << c.what;
+    }
+}
+
+TEST(PrivateProfile, refusesAValueThatWouldBreakTheFile) {
+    const TestFolder folder;
+    PrivateProfile profile(folder.write("a.ini", "[Main]\r\nKey=1\r\n"));
+    for (const std::string_view value : {"a\nb", "a\rb", "\n[Other]"})
+        EXPECT_FALSE(profile.write("Main", "Key", value));
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\r\nKey=1\r\n");
+}
+
+TEST(PrivateProfile, replacesTheFileOnceAtTheEndOfTheOutermostBatch) {
+    const TestFolder folder;
+    PrivateProfile profile(folder.write("a.ini", "[Main]\nA=1\n"));
+    {
+        const PrivateProfile::Batch outer(profile);
+        EXPECT_TRUE(profile.write("Main", "A", "2"));
+        {
+            const PrivateProfile::Batch inner(profile);
+            EXPECT_TRUE(profile.write("Main", "B", "3"));
+        }
+        EXPECT_EQ(profile.read("Main", "A", "", size), "2");
+        EXPECT_EQ(profile.read("Main", "B", "", size), "3");
+        EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=1\n");
+    }
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=2\nB=3\n");
+
+    // Without a write the file is not touched, so that another program's change stays.
+    {
+        const PrivateProfile::Batch batch(profile);
+        folder.write("a.ini", "[Main]\nA=9\n");
+    }
+    EXPECT_EQ(profile.read("Main", "A", "", size), "9");
+}
+
+TEST(PrivateProfile, toleratesAFolderThatCannotBeWritten) {
+    const TestFolder folder;
+    std::filesystem::create_directory(folder.path("b.ini"));
+    PrivateProfile isFolder(folder.path("b.ini"));
+    EXPECT_FALSE(isFolder.exists());
+    EXPECT_FALSE(isFolder.write("Main", "Key", "new"));
+    PrivateProfile nowhere(folder.path("missing/a.ini"));
+    EXPECT_FALSE(nowhere.write("Main", "Key", "new"));
+#ifdef __unix__
+    PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
+    PrivateProfile absent(folder.path("c.ini"));
+    {
+        const ReadOnlyFolder readOnly(folder);
+        EXPECT_FALSE(profile.write("Main", "Key", "new"));
+        EXPECT_FALSE(absent.write("Main", "Key", "new"));
+        const PrivateProfile::Batch batch(profile);
+        profile.write("Main", "Key", "newer");
+    }
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");
+    EXPECT_EQ(folder.names(), "a.ini ");
+#endif
+}
+
+#ifdef __unix__
+TEST(PrivateProfile, leavesAFileThatCannotBeReadAlone) {
+    const TestFolder folder;
+    PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
+    std::filesystem::permissions(folder.path("a.ini"), std::filesystem::perms::none);
+    {
+        const ReadOnlyFolder readOnly(folder);
+        EXPECT_EQ(profile.read("Main", "Key", "default", size), "default");
+        EXPECT_FALSE(profile.write("Main", "Key", "new"));
+        const PrivateProfile::Batch batch(profile);
+        EXPECT_FALSE(profile.write("Main", "Key", "new"));
+    }
+    std::filesystem::permissions(folder.path("a.ini"), std::filesystem::perms::owner_all);
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");
+}
+#endif
+
+} // namespace
+} // namespace tovrel

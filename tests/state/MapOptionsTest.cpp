@@ -1,0 +1,180 @@
+#include "state/MapOptions.h"
+
+#include "platform/TestFolder.h"
+#include "state/GoogleMapOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+std::string captionsOf(const FilterGroup& group) {
+    std::string text;
+    for (int member = 0; member <= group.lastMember(); ++member) {
+        if (group.selected(member))
+            text.append(namesOf(group.criterion()).captions[static_cast<std::size_t>(member)]) +=
+                ' ';
+    }
+    return text;
+}
+
+struct MapOptionsTest : testing::Test {
+    void settings(std::string_view text) { folder.write("T.ini", text); }
+
+    TestFolder folder;
+    iniFiles ini{folder.path(), "T.ini"};
+    RunState run;
+    MapOptionForms maps{ini, run};
+};
+
+TEST_F(MapOptionsTest, loadsFilterGroupsInRisingOrder) {
+    const struct {
+        std::string_view keys;
+        std::string band; ///< starting from 10M alone
+    } cases[] = {
+        {"", "OFF "},
+        {"Band0=\nBand5=1\n", "OFF "},
+        {"Band0=1\n", "OFF "},
+        {"Band0=0\n", "OFF "},
+        {"Band0=0\nBand4=1\nBand12=1\n", "12M 160M "},
+        {"Band0=1\nBand3=1\n", "10M "},
+        {"Band0=0\nBand4=2\nBand5=x\nBand6=True\nBand7=1.0\n", "20M "},
+    };
+    for (const auto& c : cases) {
+        settings(std::string("[MCMapOptions]\n").append(c.keys));
+        FilterGroup group(Criterion::Band);
+        group.set(3, true);
+        MapOptionForms::loadGroup(ini, section::miller, group);
+        EXPECT_EQ(captionsOf(group), c.band) << c.keys;
+    }
+}
+
+TEST_F(MapOptionsTest, loadsMarksHomeAndOptionsWithTheirFallbacks) {
+    maps.LoadGCMapOptions();
+    MenuMarks expected;
+    expected.mnuShowMe = expected.mnuLightCompass = true;
+    EXPECT_EQ(run.marks, expected);
+    EXPECT_EQ(run.HomeLatitude, 0.0F);
+    EXPECT_EQ(maps.of(Projection::Azimuthal).line, 1);
+    EXPECT_EQ(maps.of(Projection::Azimuthal).marker, MarkerSize::Small);
+
+    int told = 0;
+    run.marksChanged = [&] { ++told; };
+    settings("[Globals]\nLatitude=51.5N\nLongitude=-0.25\n[GCMapOptions]\nTopo=true\nShowMe=False\n"
+             "Meridian=True\nShowComp=True\nCompNorm=False\nCompBold=True\n15Deg=True\n45Deg=True\n"
+             "Marker=Medium\nLine=3\nCall=1\nLatLong=0\nCountry=1\n"
+             "[MCMapOptions]\nMarker=large\nLine=4\nLatLong=1\nTopo=False\n");
+    maps.LoadGCMapOptions();
+    expected = {Projection::Azimuthal, false, true, true, true, true, false, true, true};
+    EXPECT_EQ(run.marks, expected);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(run.HomeLatitude, 51.5F);
+    EXPECT_EQ(run.HomeLongitude, -0.25F);
+    const MapOptions& azimuthal = maps.of(Projection::Azimuthal);
+    EXPECT_EQ(azimuthal.marker, MarkerSize::Medium);
+    EXPECT_EQ(azimuthal.line, 3);
+    EXPECT_TRUE(azimuthal.chkCall && !azimuthal.chkLatLong && azimuthal.chkCountry);
+
+    // The Miller map has no compass; values that are none of the words change nothing.
+    const MapOptions& miller = maps.of(Projection::Miller);
+    expected.mnuShowMe = true;
+    expected.mnuMeridian = expected.mnuTopo = false;
+    EXPECT_EQ(run.marks, expected);
+    EXPECT_EQ(miller.marker, MarkerSize::Small);
+    EXPECT_EQ(miller.line, 1);
+    EXPECT_TRUE(!miller.chkCall && miller.chkLatLong && !miller.chkCountry);
+}
+
+TEST_F(MapOptionsTest, savesAllThatItLoads) {
+    run.marks = {Projection::Azimuthal, true, false, true, true, false, true, false, true};
+    MapOptions& options = maps.of(Projection::Azimuthal);
+    run.marks = {Projection::Azimuthal, true, false, true, true, false, true, false, true};
+    options.filter.band.set(3, true);
+    options.filter.mode.set(2, true);
+    options.marker = MarkerSize::Medium;
+    options.line = 2;
+    options.chkLatLong = true;
+    maps.SaveGCMapOptions();
+    EXPECT_EQ(run.PlotLineWidth, 2);
+    EXPECT_EQ(folder.read("T.ini"),
+              "[GCMapOptions]\r\nTopo=True\r\nShowMe=True\r\nMeridian=False\r\nShowComp=True\r\n"
+              "CompBold=False\r\nCompNorm=True\r\n15Deg=False\r\n45Deg=True\r\n"
+              "Band0=0\r\nBand1=0\r\nBand2=0\r\nBand3=1\r\nBand4=0\r\nBand5=0\r\nBand6=0\r\n"
+              "Band7=0\r\nBand8=0\r\nBand9=0\r\nBand10=0\r\nBand11=0\r\nBand12=0\r\n"
+              "Mode0=0\r\nMode1=0\r\nMode2=1\r\nMode3=0\r\nIOTA0=1\r\nIOTA1=0\r\nIOTA2=0\r\n"
+              "IOTA3=0\r\nIOTA4=0\r\nIOTA5=0\r\nIOTA6=0\r\nIOTA7=0\r\nCall=0\r\nLatLong=1\r\n"
+              "Country=0\r\nMarker=Medium\r\nLine=2\r\n");
+
+    RunState otherRun;
+    MapOptionForms other(ini, otherRun);
+    const MapOptions& loaded = other.of(Projection::Azimuthal);
+    EXPECT_EQ(otherRun.marks, run.marks);
+    EXPECT_EQ(captionsOf(loaded.filter.band), "10M ");
+    EXPECT_EQ(loaded.marker, MarkerSize::Medium);
+    EXPECT_EQ(loaded.line, 2);
+    EXPECT_TRUE(loaded.chkLatLong && !loaded.chkCall);
+
+    maps.SaveMCMapOptions();
+    for (const std::string_view key : {"ShowComp", "CompBold", "CompNorm", "15Deg", "45Deg"})
+        EXPECT_EQ(ini.ReadIniValue(section::miller, key), "") << key;
+    EXPECT_EQ(ini.ReadIniValue(section::miller, "Topo"), "True");
+}
+
+TEST_F(MapOptionsTest, dropsWhatWasNotAppliedWhenTheWindowCloses) {
+    settings("[GCMapOptions]\nBand0=0\nBand3=1\nCall=1\n");
+    MapOptions& options = maps.of(Projection::Azimuthal);
+    options.filter.band.set(7, true);
+    options.line = 3;
+    options.chkCall = false;
+    EXPECT_EQ(captionsOf(maps.of(Projection::Azimuthal).filter.band), "10M 20M ");
+    maps.unload(Projection::Azimuthal);
+    EXPECT_EQ(captionsOf(maps.of(Projection::Azimuthal).filter.band), "10M ");
+    EXPECT_EQ(maps.of(Projection::Azimuthal).line, 1);
+    EXPECT_TRUE(maps.of(Projection::Azimuthal).chkCall);
+}
+
+// Saving loads options whose window was closed, and that reads the marks from the settings.
+TEST_F(MapOptionsTest, savesAMarkThatWasSetWhileTheOptionsWereNotLoaded) {
+    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
+        maps.of(projection);
+        maps.save(projection);
+        maps.unload(projection);
+        run.marks.mnuTopo = true;
+        run.marks.mnuShowMe = false;
+        maps.save(projection);
+        EXPECT_TRUE(run.marks.mnuTopo);
+        EXPECT_FALSE(run.marks.mnuShowMe);
+        EXPECT_EQ(ini.ReadIniValue(sectionOf(projection), "Topo"), "True");
+        EXPECT_EQ(ini.ReadIniValue(sectionOf(projection), "ShowMe"), "False");
+    }
+}
+
+TEST_F(MapOptionsTest, namesTheFilterOfTheSettings) {
+    settings("[GCMapOptions]\nBand3=1\nBand4=1\nBand5=\nMode0=1\n");
+    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Band),
+              "BAND\r\n--------\r\n10M\r\n12M\r\n");
+    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Mode), "MODE\r\n--------\r\nOFF\r\n");
+    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Iota), "IOTA\r\n--------\r\n");
+}
+
+TEST_F(MapOptionsTest, theExportStoresItsMarkerAtOnceAndTheRestWhenApplied) {
+    GoogleMapOptions google;
+    google.filter.iota.set(4, true);
+    google.chkCall = false;
+    google.pickMarker(ini, MarkerSize::Medium);
+    EXPECT_EQ(folder.read("T.ini"), "[GoogleMapOptions]\r\nMarker=Medium\r\n");
+    google.apply(ini);
+    EXPECT_EQ(ini.ReadIniValue(section::google, "IOTA4"), "1");
+    EXPECT_EQ(ini.ReadIniValue(section::google, "IOTA0"), "0");
+    EXPECT_EQ(ini.ReadIniValue(section::google, "Band0"), "1");
+    EXPECT_EQ(ini.ReadIniValue(section::google, "Call"), "0");
+
+    google.resetToDesign();
+    EXPECT_EQ(captionsOf(google.filter.iota), "OFF ");
+    EXPECT_EQ(google.marker, MarkerSize::Large);
+    EXPECT_TRUE(google.chkCall);
+    EXPECT_EQ(ini.ReadIniValue(section::google, "Marker"), "Medium");
+}
+
+} // namespace
+} // namespace tovrel

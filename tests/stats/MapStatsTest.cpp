@@ -1,0 +1,126 @@
+#include "stats/MapStats.h"
+
+#include "platform/TestFolder.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+struct MapStatsTest : testing::Test {
+    MapStatsTest() {
+        folder.write("x.ini",
+                     "[GCMapOptions]\r\nHeardColor=111\r\nLineColor=222\r\nLine=3\r\nBand0=1\r\n"
+                     "Mode2=1\r\nIOTA4=1\r\nIOTA7=1\r\n"
+                     "[MCMapOptions]\r\nHeardColor=333\r\nLineColor=444\r\nLine=2\r\nBand0=0\r\n"
+                     "Band1=1\r\nBand12=1\r\n");
+        stats.changed = [this] { ++told; };
+    }
+    void fillLists() {
+        stats.lists().lstConfirmed.add({"W1AW", 1, 2});
+        stats.lists().addNotPlotted("K1A");
+        stats.lists().lstStats = {"line"};
+    }
+
+    TestFolder folder;
+    iniFiles ini{folder.path(), "x.ini"};
+    RunState run;
+    MapOptionForms maps{ini, run};
+    PlotLine line;
+    MapStats stats{ini, maps, run, line};
+    int told = 0;
+};
+
+TEST_F(MapStatsTest, TheFirstAccessLoadsTheMapInForce) {
+    EXPECT_FALSE(stats.loaded());
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 111U);
+    EXPECT_TRUE(stats.loaded());
+    EXPECT_EQ(run.PlotLineWidth, 3);
+    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
+    EXPECT_EQ(stats.filterText(Criterion::Mode), "MODE\r\n--------\r\nCW\r\n");
+    EXPECT_EQ(stats.filterText(Criterion::Iota), "IOTA\r\n--------\r\nEU\r\nSA\r\n");
+}
+
+TEST_F(MapStatsTest, ClosingDropsAllAndTheNextAccessReadsTheSettings) {
+    fillLists();
+    stats.legend().set(LegendEntry::Heard, 999);
+    stats.legend().set(LegendEntry::Worked, 999);
+    run.marks.projection = Projection::Miller;
+    stats.unload();
+    EXPECT_FALSE(stats.loaded());
+    EXPECT_EQ(stats.lists().lstConfirmed.size(), 0U);
+    EXPECT_EQ(stats.lists().lstPfxNotPlotted.size(), 0U);
+    EXPECT_TRUE(stats.lists().lstStats.empty());
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 333U);
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Worked), 255U) << "a key that is empty";
+    EXPECT_EQ(run.PlotLineWidth, 2);
+    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n160M\r\n");
+}
+
+TEST_F(MapStatsTest, LoadingAgainKeepsWhatIsThere) {
+    fillLists();
+    stats.legend().set(LegendEntry::Heard, 999);
+    stats.load();
+    EXPECT_EQ(stats.lists().lstConfirmed.size(), 1U);
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 999U);
+}
+
+TEST_F(MapStatsTest, AppliedOptionsShowTheirFilterWhileTheListsStay) {
+    fillLists();
+    ini.WriteIniValue("GCMapOptions", "Band0", "0");
+    ini.WriteIniValue("GCMapOptions", "Band7", "1");
+    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
+    told = 0;
+    stats.showFilter(Projection::Azimuthal);
+    EXPECT_GT(told, 0);
+    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n20M\r\n");
+    EXPECT_EQ(stats.lists().lstConfirmed.size(), 1U);
+}
+
+TEST_F(MapStatsTest, APickedColourGoesToTheMapInForceAlone) {
+    run.marks.projection = Projection::Miller;
+    stats.pickColour(LegendEntry::Confirmed, 5);
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Confirmed), 5U);
+    EXPECT_EQ(ini.ReadIniValue("MCMapOptions", "ConfirmedColor"), "5");
+    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "ConfirmedColor"), "");
+    stats.unload();
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Confirmed), 5U);
+}
+
+TEST_F(MapStatsTest, AStationGetsALineFromHome) {
+    run.HomeLatitude = 40.0F;
+    run.HomeLongitude = 181.0F;
+    const Station station{"W1AW", 3562.6291, -4357.7215};
+    const struct {
+        Projection projection;
+        double fromX, fromY;
+        int width;
+        Colour colour;
+    } cases[] = {{Projection::Azimuthal, 0, 0, 3, 222}, {Projection::Miller, -21918, 9600, 2, 444}};
+    for (const auto& c : cases) {
+        run.marks.projection = c.projection;
+        stats.unload();
+        stats.load();
+        stats.pickStation(station);
+        const PlotLine::Shape& shape = line.shape();
+        EXPECT_TRUE(shape.visible);
+        EXPECT_EQ(shape.fromX, c.fromX);
+        EXPECT_EQ(shape.fromY, c.fromY);
+        EXPECT_EQ(shape.toX, -4357.7215);
+        EXPECT_EQ(shape.toY, 3562.6291);
+        EXPECT_EQ(shape.width, c.width);
+        EXPECT_EQ(shape.colour, c.colour);
+    }
+    stats.pickStation({"VK6A", std::nan(""), std::nan("")});
+    EXPECT_FALSE(line.shape().visible) << "a station at the antipode has no place";
+}
+
+TEST_F(MapStatsTest, AClickAfterClosingUsesTheStoredLine) {
+    stats.pickStation({"W1AW", 1, 2});
+    EXPECT_EQ(line.shape().width, 3) << "the width is known before the line is drawn";
+    EXPECT_EQ(line.shape().colour, 222U);
+}
+
+} // namespace
+} // namespace tovrel

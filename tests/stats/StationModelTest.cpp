@@ -1,0 +1,52 @@
+#include "stats/StationModel.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+QString shown(const QAbstractItemModel& model, int row) {
+    return model.data(model.index(row, 0), Qt::DisplayRole).toString();
+}
+
+TEST(StationModel, ShowsTheListAsOfTheLastRefreshInOrder) {
+    SortedList<Station> list;
+    StationModel model(list);
+    int resets = 0;
+    QObject::connect(&model, &QAbstractItemModel::modelReset, [&] { ++resets; });
+    model.refresh();
+    EXPECT_EQ(resets, 0) << "nothing has changed";
+    list.add({"W1AW", 1.0, 2.0});
+    list.add({"DL\xE4", 3.0, 4.0});
+    EXPECT_EQ(model.rowCount(), 0);
+    model.refresh();
+    model.refresh();
+    EXPECT_EQ(resets, 1);
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_TRUE(shown(model, 0).startsWith(QStringLiteral("DL\u00E4  "))) << "Windows-1252";
+    EXPECT_TRUE(shown(model, 1).endsWith(QStringLiteral(" |1|2")));
+    ASSERT_NE(model.item(1), nullptr);
+    EXPECT_EQ(model.item(1)->call, "W1AW");
+    EXPECT_EQ(model.item(2), nullptr);
+    EXPECT_EQ(model.item(-1), nullptr);
+    list.clear(); // a click may come before the view hears of it
+    EXPECT_EQ(shown(model, 1), QString());
+    EXPECT_EQ(model.item(1), nullptr);
+}
+
+TEST(StationModel, LinesKeepTheirOrderAndShowANewSummaryOfTheSameLength) {
+    std::vector<std::string> lines = {" 2 QSOs Read", " ----"};
+    LineModel model(lines);
+    model.refresh();
+    EXPECT_EQ(shown(model, 0), QStringLiteral(" 2 QSOs Read"));
+    lines[0] = " 3 QSOs Read";
+    EXPECT_EQ(shown(model, 0), QStringLiteral(" 2 QSOs Read"));
+    model.refresh();
+    EXPECT_EQ(shown(model, 0), QStringLiteral(" 3 QSOs Read"));
+    lines.clear();
+    model.refresh();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,111 @@
+#include "stats/StatusLists.h"
+
+#include <algorithm>
+#include <cmath>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace tovrel {
+namespace {
+
+const std::string blanks(60, ' ');
+
+TEST(StatusLists, AnItemIsCallBlanksAndPlainNumbers) {
+    EXPECT_EQ(itemText(Station{"W1AW", 1234.5, -0.0001}), "W1AW" + blanks + "|1234.5|-0.0001");
+    EXPECT_EQ(itemText(Station{"", 10008.0352, 0.0}), blanks + "|10008.0352|0");
+    EXPECT_EQ(itemText(Station{"X", 1e10, 1e-4}), "X" + blanks + "|10000000000|0.0001");
+    const Station hidden{"ZL1A", std::nan(""), std::nan("")};
+    EXPECT_EQ(itemText(hidden), "ZL1A" + blanks + "||");
+    EXPECT_FALSE(hidden.shown());
+    EXPECT_TRUE(Station{"W1AW"}.shown());
+}
+
+TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
+    // Every pair of awkward calls and places, against the texts themselves.
+    const std::string_view calls[] = {
+        "",     "A",      "A ",   "A  B", "A\t",         "A!",   "AB", "A\x01", "A ~", "B",
+        "a",    "A|",     "A\xC4", "A |1", "\x01",       "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
+    const double places[] = {0.0, -1.5, 2.0, 10.0, 100.25, std::nan("")};
+    SortedList<Station> list;
+    std::vector<std::string> expected;
+    for (const std::string_view call : calls) {
+        for (const double y : places) {
+            const Station station{call, y, std::isnan(y) ? y : 7.5 - y};
+            list.add(station);
+            expected.push_back(itemText(station));
+        }
+    }
+    std::sort(expected.begin(), expected.end());
+    std::vector<std::string> found;
+    for (const Station& station : list.sorted())
+        found.push_back(itemText(station));
+    EXPECT_EQ(found, expected);
+    for (const Station& a : list.sorted()) {
+        for (const Station& b : list.sorted())
+            ASSERT_EQ(itemLess(a, b), itemText(a) < itemText(b)) << itemText(a) << itemText(b);
+    }
+}
+
+TEST(StatusLists, AreInOrderWheneverSomebodyLooks) {
+    SortedList<std::string_view> list;
+    const auto sorted = [&] {
+        std::string all;
+        for (const std::string_view call : list.sorted())
+            all.append(call).append(" ");
+        return all;
+    };
+    EXPECT_EQ(sorted(), "");
+    list.add("K1A");
+    list.add("DL1A");
+    list.add("K1A");
+    EXPECT_EQ(sorted(), "DL1A K1A K1A ");
+    list.add("A1A");
+    list.add("Z1A");
+    list.add("EA1A");
+    EXPECT_EQ(sorted(), "A1A DL1A EA1A K1A K1A Z1A ");
+    const std::size_t seen = list.revision();
+    EXPECT_EQ(sorted(), "A1A DL1A EA1A K1A K1A Z1A ") << "looking changes nothing";
+    EXPECT_EQ(list.revision(), seen);
+    list.clear();
+    EXPECT_GT(list.revision(), seen);
+    EXPECT_EQ(sorted(), "");
+    list.add("F1A");
+    EXPECT_EQ(sorted(), "F1A ");
+}
+
+TEST(StatusLists, AMillionItemsAreSortedTogether) {
+    StatusLists lists;
+    std::mt19937 random(1);
+    constexpr int many = 1'000'000;
+    for (int i = 0; i < many; ++i)
+        lists.addNotPlotted("K" + std::to_string(random() % 50000));
+    std::size_t inOrder = 0;
+    for (int look = 0; look < 1000; ++look) // a view asks row by row
+        inOrder += lists.lstPfxNotPlotted.sorted().size();
+    EXPECT_EQ(inOrder, 1000U * many);
+    const auto& calls = lists.lstPfxNotPlotted.sorted();
+    EXPECT_TRUE(std::is_sorted(calls.begin(), calls.end()));
+}
+
+TEST(StatusLists, KeepCopiesOfTheirTexts) {
+    StatusLists lists;
+    auto pool = std::make_shared<TextPool>();
+    std::string call = "OH2BH";
+    lists.lstWorked.add({pool->add(call), 1.0, 2.0});
+    lists.addNotPlotted(call);
+    lists.addNotPlotted(std::string(200000, 'X')); // longer than any chunk of a pool
+    lists.addNotPlotted("");
+    lists.holdTexts(pool);
+    pool.reset();
+    call = "?????";
+    EXPECT_EQ(lists.lstWorked.sorted()[0].call, "OH2BH");
+    EXPECT_EQ(lists.lstPfxNotPlotted.sorted()[0], "");
+    EXPECT_EQ(lists.lstPfxNotPlotted.sorted()[1], "OH2BH");
+    EXPECT_EQ(lists.lstPfxNotPlotted.sorted()[2].size(), 200000U);
+    lists.lstStats = {"a line"};
+    lists.clear();
+    EXPECT_EQ(lists.lstWorked.size() + lists.lstPfxNotPlotted.size() + lists.lstStats.size(), 0U);
+}
+
+} // namespace
+} // namespace tovrel
