@@ -4,6 +4,7 @@
 #include "state/PlotLine.h"
 
 #include <QWidget>
+#include <functional>
 
 namespace tovrel {
 
@@ -30,16 +31,23 @@ class MapView : public QWidget {
     Q_OBJECT
 
 public:
-    MapView(const PictureSurface& Picture2, PlotLine& line, QWidget* parent = nullptr);
+    /// Text of the tool tip at a position in map units, Y and X; empty for none.
+    using TipText = std::function<QString(double mapY, double mapX)>;
+
+    /// @param Picture2, line have to outlive the widget
+    MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText,
+            QWidget* parent = nullptr);
 
     /// Takes over the size of the picture and repaints it.
     void showMap();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
     const PictureSurface& Picture2_;
+    TipText tipText_;
     PlotLineView* lneGCPlotLine_;
 };
 

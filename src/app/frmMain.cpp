@@ -33,12 +33,16 @@ constexpr int timerInterval = 60000; // milliseconds
 frmMain::frmMain(RunData& runData)
     : data_(runData), prompt_(this), listener_([this] { return frame_.rect(); }),
       map_(runData, *this, listener_, prompt_), commands_(runData, map_, *this, listener_, prompt_),
-      Picture2View_(new MapView(map_.Picture2, runData.lneGCPlotLine, this)), frame_(*this),
-      sizing_(
-          frame_, [this] { return data_.run.marks.projection; },
-          [this] { queue_.run("Form_Resize", [this] { resizeMap(); }); }) {
+      Picture2View_(new MapView(
+          map_.Picture2, runData.lneGCPlotLine,
+          [this](double mapY, double mapX) { return hoverTip(mapY, mapX); }, this)),
+      frame_(*this), sizing_(
+                         frame_, [this] { return data_.run.marks.projection; },
+                         [this] { queue_.run("Form_Resize", [this] { resizeMap(); }); }) {
     setObjectName(QStringLiteral("frmMain"));
     setCentralWidget(Picture2View_);
+    // Tool tips of the map show while another window of the program is the active one, too.
+    setAttribute(Qt::WA_AlwaysShowToolTips);
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     buildMainMenu(*menuBar());
 
@@ -99,6 +103,7 @@ void frmMain::onAct(const char* name, std::function<void()> act) {
 void frmMain::connectMenu() {
     onCommand("mnuLoadADIF", &Commands::mnuLoadADIF);
     onCommand("mnuGoogle", &Commands::mnuGoogle);
+    onCommand("mnuSaveMap", &Commands::mnuSaveMap);
     onCommand("mnuClearMap", &Commands::mnuClearMap);
     onCommand("mnuShowMe", &Commands::mnuShowMe);
     onCommand("mnuMeridian", &Commands::mnuMeridian);
@@ -128,6 +133,14 @@ void frmMain::connectMenu() {
         infoInput_->show();
     });
     onAct("mnuAbout", [this] { about_->show(); });
+}
+
+QString frmMain::hoverTip(double mapY, double mapX) {
+    constexpr std::size_t longest = 1500; // a screen full of calls
+    const MapOptions& options = data_.maps.inForce();
+    const TipParts parts{
+        .latLong = options.chkLatLong, .country = options.chkCountry, .call = options.chkCall};
+    return displayText(tipText(data_.tables, parts, mapY, mapX, longest));
 }
 
 void frmMain::showMapOptions() {

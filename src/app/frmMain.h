@@ -70,6 +70,7 @@ private:
     void connectMenu();
     void onCommand(const char* name, void (Commands::*command)());
     void onAct(const char* name, std::function<void()> act);
+    QString hoverTip(double mapY, double mapX);
     void showMapOptions();
     void pickLegendColour(LegendEntry entry);
 

@@ -118,7 +118,7 @@ ExportEnd GoogleExport::writeFolder(const Folder& folder) {
     listener_.showProgress(folder.bar);
     listener_.showStatus(folder.statusText);
     book_.WriteFolderHead(folder.status);
-    const ExportEnd end = ReadLogForGoogle(folder.barBase);
+    const ExportEnd end = ReadLogForGoogle(folder);
     if (end == ExportEnd::Done || end == ExportEnd::Aborted) {
         book_.WriteFolderEnd();
     }
@@ -128,10 +128,11 @@ ExportEnd GoogleExport::writeFolder(const Folder& folder) {
     return end;
 }
 
-ExportEnd GoogleExport::ReadLogForGoogle(double barBase) {
+ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder) {
     RecordReader log(LogFileName_);
     bool dictionaryLoaded = false;
     std::int64_t LogBytesDone = 0;
+    std::size_t records = 0;
     for (;;) {
         switch (log.next()) {
         case Cut::End:
@@ -147,7 +148,8 @@ ExportEnd GoogleExport::ReadLogForGoogle(double barBase) {
                             MessageIcon::Critical);
             }
             dictionaryLoaded = true;
-            takeRecord(log.line());
+            takeRecord(log.line(), folder.status, records);
+            ++records;
             LogBytesDone += static_cast<std::int64_t>(log.line().size());
             break;
         }
@@ -156,7 +158,7 @@ ExportEnd GoogleExport::ReadLogForGoogle(double barBase) {
         }
         const double done = (static_cast<double>(LogBytesDone) / passes) /
                             (static_cast<double>(log.size()) / passes);
-        listener_.showProgress(toSingle(done * 30.0 + barBase));
+        listener_.showProgress(toSingle(done * 30.0 + folder.barBase));
         listener_.yield();
         if (run_.AbortRequested) {
             run_.AbortRequested = false;
@@ -173,9 +175,17 @@ bool GoogleExport::loadDictionary() {
     return true;
 }
 
-void GoogleExport::takeRecord(std::string_view line) {
+void GoogleExport::takeRecord(std::string_view line, QsoStatus folder, std::size_t record) {
     ++GoogleRecords_;
+    // A record that the first pass saw in another folder needs no second look.
+    const bool known = record < folderOfRecord_.size();
+    if (known && folderOfRecord_[record] != folder) {
+        return;
+    }
     fields_.ParseRecordLine(line);
+    if (!known) {
+        folderOfRecord_.push_back(folderFor(fields_));
+    }
     const FieldRows& rows = fields_.rows();
     if (PassesGoogleFilter(layout::google, options_.filter, fields_.trimmed(rows.RowBand),
                            fields_.trimmed(rows.RowMode), fields_.trimmed(rows.RowIota))) {

@@ -9,10 +9,13 @@
 #include "state/iniFiles.h"
 #include "stats/MapStats.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovrel {
 
@@ -60,9 +63,9 @@ private:
 
     ExportEnd writeDocument();
     ExportEnd writeFolder(const Folder& folder);
-    ExportEnd ReadLogForGoogle(double barBase);
+    ExportEnd ReadLogForGoogle(const Folder& folder);
     bool loadDictionary();
-    void takeRecord(std::string_view line);
+    void takeRecord(std::string_view line, QsoStatus folder, std::size_t record);
     ExportEnd tellNothingPlaced();
     ExportEnd packDocument();
     void writeSummary();
@@ -88,6 +91,8 @@ private:
     LogBook book_;
     FieldTable fields_;
     std::int64_t GoogleRecords_ = 0; ///< over the three passes
+    /// Of each record, as the first pass saw it.
+    std::vector<std::optional<QsoStatus>> folderOfRecord_;
 };
 
 } // namespace tovrel

@@ -10,7 +10,7 @@ namespace tovrel {
 
 namespace {
 
-constexpr std::size_t bufferSize = std::size_t{1} << 20U;
+constexpr std::size_t bufferSize = std::size_t{1} << 18U; // stays in the processor's cache
 
 constexpr std::string_view lookupAddress = "https://www.qrz.com";
 constexpr std::string_view lookupName = "QRZ.com";
@@ -19,16 +19,13 @@ constexpr std::string_view lookupName = "QRZ.com";
 struct Folder {
     std::string_view name;
     std::string_view verb;
-    bool confirmed;
-    bool heard;
     std::int32_t GoogleCounters::*counter;
 };
 
 const Folder& folderOf(QsoStatus status) {
-    static constexpr Folder Confirmed{"Confirmed", "confirmed", true, false,
-                                      &GoogleCounters::GoogleConfirmed};
-    static constexpr Folder Worked{"Worked", "worked", false, false, &GoogleCounters::GoogleWorked};
-    static constexpr Folder Heard{"Heard", "heard", false, true, &GoogleCounters::GoogleHeard};
+    static constexpr Folder Confirmed{"Confirmed", "confirmed", &GoogleCounters::GoogleConfirmed};
+    static constexpr Folder Worked{"Worked", "worked", &GoogleCounters::GoogleWorked};
+    static constexpr Folder Heard{"Heard", "heard", &GoogleCounters::GoogleHeard};
     switch (status) {
     case QsoStatus::Confirmed:
         return Confirmed;
@@ -59,6 +56,18 @@ std::string_view iconScaleOf(std::string_view Marker) {
         return "0.33";
     }
     return Marker == "Medium" || numberValue(Marker) == 1.0 ? "0.66" : "1";
+}
+
+std::optional<QsoStatus> folderFor(const FieldTable& record) {
+    const FieldRows& rows = record.rows();
+    if (numberValue(record.value(rows.RowLongitude)) == 0.0) {
+        return std::nullopt;
+    }
+    const bool confirmed = isConfirmed(record);
+    if (record.trimmed(rows.RowCall).ends_with('=')) {
+        return confirmed ? std::nullopt : std::optional(QsoStatus::Heard);
+    }
+    return confirmed ? QsoStatus::Confirmed : QsoStatus::Worked;
 }
 
 template <typename... Texts>
@@ -142,17 +151,17 @@ void LogBook::WriteFolderHead(QsoStatus folder) {
 void LogBook::WriteFolderEnd() { print("  </Folder>\r\n"); }
 
 void LogBook::WritePlacemark(const FieldTable& record, bool withName) {
-    const FieldRows& rows = record.rows();
-    const double west = numberValue(record.value(rows.RowLongitude));
-    std::string_view Call = record.trimmed(rows.RowCall);
-    const bool heard = Call.ends_with('=');
-    const Folder& folder = folderOf(folder_);
-    if (west == 0.0 || heard != folder.heard || isConfirmed(record) != folder.confirmed) {
+    if (folderFor(record) != folder_) {
         return;
     }
+    const Folder& folder = folderOf(folder_);
     ++(counters_.*folder.counter);
-    Call.remove_suffix(heard ? 1 : 0);
-    const std::string Longitude = generalText(-west);
+    const FieldRows& rows = record.rows();
+    std::string_view Call = record.trimmed(rows.RowCall);
+    if (folder_ == QsoStatus::Heard) {
+        Call.remove_suffix(1); // the "=" that marks it
+    }
+    const std::string Longitude = generalText(-numberValue(record.value(rows.RowLongitude)));
     const std::string_view Latitude = record.trimmed(rows.RowLatitude);
     print("   <Placemark>\r\n");
     if (withName) {

@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,11 @@ std::string kmlFileNameFor(std::string_view LogFileName);
 /// "Medium" and for a text whose number is 1, "1" for any other.
 std::string_view iconScaleOf(std::string_view Marker);
 
+/// Folder of the document that a record belongs into. Unlike on the map, a heard station with a
+/// confirmation has none; nor has a record whose longitude is missing, zero or no number.
+/// @param record whose line was parsed
+std::optional<QsoStatus> folderFor(const FieldTable& record);
+
 /// Writes the KML document: a head with the styles, then a folder of placemarks for each class of
 /// QSO, then the tail. Values go into it as the bytes that the log has, with no escaping; lines end
 /// in CR LF.
@@ -46,8 +52,7 @@ public:
     void WriteFolderHead(QsoStatus folder);
     void WriteFolderEnd();
 
-    /// Writes a placemark if the record belongs into the open folder and has a longitude other than
-    /// zero. Unlike on the map, a heard station with a confirmation belongs into none.
+    /// Writes a placemark if the record belongs into the open folder.
     /// @param record whose line was parsed
     /// @param withName whether the placemark carries the call as its name
     void WritePlacemark(const FieldTable& record, bool withName);

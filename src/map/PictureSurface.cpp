@@ -79,6 +79,14 @@ double PictureSurface::pixelY(double y) const {
     return roundHalfEven((mapEdge - y) / mapWidth * (height_ / twipsPerPixel));
 }
 
+double PictureSurface::mapX(double x) const {
+    return x / (static_cast<double>(width_) / twipsPerPixel) * mapWidth - mapEdge;
+}
+
+double PictureSurface::mapY(double y) const {
+    return mapEdge - y / (static_cast<double>(height_) / twipsPerPixel) * mapWidth;
+}
+
 bool PictureSurface::contains(int x, int y) const {
     return x >= 0 && y >= 0 && x < image_.width() && y < image_.height();
 }

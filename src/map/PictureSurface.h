@@ -72,6 +72,10 @@ public:
     double pixelX(double x) const;
     double pixelY(double y) const;
 
+    /// Map units of a position in pixels.
+    double mapX(double x) const;
+    double mapY(double y) const;
+
 private:
     struct Pixel {
         int x;

@@ -52,6 +52,7 @@ void fillHoverTable(PlotTables& tables, const PlotStyle& style) {
             tables.HoverTable.push_back({nowhere, nowhere});
         }
     }
+    tables.hoverIndex.build(tables.HoverTable);
 }
 
 } // namespace

@@ -34,4 +34,9 @@ std::uint32_t PlotTable::countryNumber(std::string_view country) {
 
 void PlotTables::clear() { *this = {}; }
 
+void PlotTables::clearHover() {
+    HoverTable.clear();
+    hoverIndex.clear();
+}
+
 } // namespace tovrel

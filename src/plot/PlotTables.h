@@ -1,7 +1,7 @@
 #pragma once
 
 #include "log/QsoStatus.h"
-#include "map/GreatCircle.h"
+#include "plot/HoverTip.h"
 #include "stats/TextPool.h"
 
 #include <cstddef>
@@ -47,13 +47,6 @@ private:
     std::unordered_map<std::string_view, std::uint32_t> countryNumbers_;
 };
 
-/// Where a plotted QSO lies, in map units rounded to 4 decimals; NaN for one that can't be shown
-/// since it lies too near the antipode.
-struct HoverRow {
-    double mapY = 0.0;
-    double mapX = 0.0;
-};
-
 /// Counters of a pass over the log.
 struct PassCounters {
     std::int32_t QsosRead = 0;      ///< records of the log, whatever became of them
@@ -68,11 +61,15 @@ struct PassCounters {
 struct PlotTables {
     PlotTable plotTable;
     std::vector<HoverRow> HoverTable; ///< a row for each of the plot table once drawn, else empty
+    HoverIndex hoverIndex;            ///< of HoverTable
     PassCounters counters;
     bool LogHasCoordinates = false; ///< some record has a usable longitude, filter or no filter
     bool FilterPassedAny = false;   ///< some record passed the filter
 
     void clear();
+
+    /// The map shows no plot any more: nothing is found under the pointer.
+    void clearHover();
 };
 
 } // namespace tovrel

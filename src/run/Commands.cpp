@@ -2,6 +2,8 @@
 
 #include "export/GoogleExport.h"
 #include "log/FieldTable.h"
+#include "map/MapImage.h"
+#include "map/PictureFile.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "plot/GCMapLoadADIF.h"
@@ -9,6 +11,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 namespace tovrel {
 
@@ -24,8 +27,9 @@ constexpr Colour waterWhenEmpty = 0xFECDA5;
 std::string_view GetVersionString() { return TOVREL_VERSION; }
 
 Commands::Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& listener,
-                   UserPrompt& prompt)
-    : data_(data), map_(map), window_(window), listener_(listener), prompt_(prompt) {}
+                   UserPrompt& prompt, Clock clock)
+    : data_(data), map_(map), window_(window), listener_(listener), prompt_(prompt),
+      clock_(std::move(clock)) {}
 
 void Commands::Form_Load() {
     const bool firstRun = !data_.ini.fileExists();
@@ -110,6 +114,19 @@ void Commands::mnuOpenADIFFile() {
     data_.ini.WriteIniValue(section::log, "adifile", *chosen);
 }
 
+void Commands::mnuSaveMap() {
+    const Projection projection = data_.run.marks.projection;
+    PictureSurface Picture3(map_.Picture2.Width(), map_.Picture2.Height());
+    composeMapImage(map_.Picture2, projection, clock_(), Picture3);
+    const std::string name = mapImageName(projection, clock_()) + ".bmp";
+    if (!SavePicture(Picture3.Image(), joinPath(data_.ini.programFolder(), name))) {
+        prompt_.tell(name + " could not be saved.", MessageIcon::Exclamation);
+        return;
+    }
+    // The clock is read once more: a slow save may show a second that no file has in its name.
+    prompt_.tell(mapImageName(projection, clock_()) + ".bmp has been saved.");
+}
+
 bool Commands::logChosen() const { return fileExists(data_.run.LogFileName); }
 
 bool Commands::chooseLog() {
@@ -166,7 +183,7 @@ void Commands::mnuClearMap() {
     map_.ResetMap();
     data_.stats.lists().clear();
     data_.run.MapPlotted = false;
-    data_.tables.HoverTable.clear();
+    data_.tables.clearHover();
 }
 
 void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(),

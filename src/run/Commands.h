@@ -6,6 +6,8 @@
 #include "run/MapWindow.h"
 #include "run/RunData.h"
 
+#include <QDateTime>
+#include <functional>
 #include <string_view>
 
 namespace tovrel {
@@ -14,8 +16,11 @@ namespace tovrel {
 /// run at a moment is the command queue's affair.
 class Commands {
 public:
+    using Clock = std::function<QDateTime()>;
+
+    /// @param clock local time, for the names and stamps of saved maps
     Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& listener,
-             UserPrompt& prompt);
+             UserPrompt& prompt, Clock clock = &QDateTime::currentDateTime);
 
     /// Start-up: settings, state, options and the first map, all before the window is first shown.
     void Form_Load();
@@ -28,6 +33,7 @@ public:
     void Form_Unload();
 
     void mnuOpenADIFFile();
+    void mnuSaveMap();
     void mnuLoadADIF();
     void mnuGoogle();
     void mnuClearMap();
@@ -77,6 +83,7 @@ private:
     MapWindow& window_;
     PassListener& listener_;
     UserPrompt& prompt_;
+    Clock clock_;
 };
 
 /// The program's own version: major, minor and revision joined by points.

@@ -1,0 +1,157 @@
+#include "plot/HoverTip.h"
+
+#include "platform/Numbers.h"
+#include "plot/PlotTables.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace tovrel {
+
+namespace {
+
+constexpr int window = 4; // steps to each side
+constexpr int tipDecimals = 4;
+
+/// Step of the grid on which positions are compared. The rounding to whole map units and the
+/// division in single precision are part of the result.
+int gridStep(double mapUnits) {
+    constexpr float unitsPerStep = 100.0F;
+    return roundToInt(static_cast<double>(toSingle(roundHalfEven(mapUnits)) / unitsPerStep));
+}
+
+/// The pointer's step: its position is not rounded to whole units.
+int pointerStep(double mapUnits) {
+    constexpr float unitsPerStep = 100.0F;
+    return roundToInt(static_cast<double>(toSingle(mapUnits) / unitsPerStep));
+}
+
+/// Takes the rows of several groups, each in order, in the order of all.
+class MergedRows {
+public:
+    explicit MergedRows(std::vector<std::span<const std::uint32_t>> groups)
+        : groups_(std::move(groups)) {
+        std::make_heap(groups_.begin(), groups_.end(), later);
+        for (const auto& group : groups_) {
+            left_ += group.size();
+        }
+    }
+
+    std::size_t left() const { return left_; }
+
+    /// The next row; there must be one.
+    std::uint32_t take() {
+        std::pop_heap(groups_.begin(), groups_.end(), later);
+        std::span<const std::uint32_t>& group = groups_.back();
+        const std::uint32_t row = group.front();
+        group = group.subspan(1);
+        if (group.empty()) {
+            groups_.pop_back();
+        } else {
+            std::push_heap(groups_.begin(), groups_.end(), later);
+        }
+        --left_;
+        return row;
+    }
+
+private:
+    static bool later(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b) {
+        return a.front() > b.front();
+    }
+
+    std::vector<std::span<const std::uint32_t>> groups_;
+    std::size_t left_ = 0;
+};
+
+} // namespace
+
+void HoverIndex::clear() { *this = {}; }
+
+void HoverIndex::build(const std::vector<HoverRow>& table) {
+    clear();
+    // Counting sort by cell, rows of a cell in their order.
+    constexpr std::uint32_t noCell = std::numeric_limits<std::uint32_t>::max();
+    std::vector<std::uint32_t> cells(table.size(), noCell);
+    starts_.assign(static_cast<std::size_t>(side) * side + 1, 0);
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        const HoverRow& row = table[i];
+        if (row.mapY != row.mapY || row.mapX != row.mapX) {
+            continue;
+        }
+        const int y = gridStep(row.mapY);
+        const int x = gridStep(row.mapX);
+        if (std::abs(y) > reach || std::abs(x) > reach) {
+            outside_[{y, x}].push_back(static_cast<std::uint32_t>(i));
+            continue;
+        }
+        cells[i] = static_cast<std::uint32_t>((y + reach) * side + (x + reach));
+        ++starts_[cells[i] + 1];
+    }
+    for (std::size_t cell = 1; cell < starts_.size(); ++cell) {
+        starts_[cell] += starts_[cell - 1];
+    }
+    rows_.resize(starts_.back());
+    std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
+    for (std::size_t i = 0; i < table.size(); ++i) {
+        if (cells[i] != noCell) {
+            rows_[next[cells[i]]++] = static_cast<std::uint32_t>(i);
+        }
+    }
+}
+
+std::vector<std::span<const std::uint32_t>> HoverIndex::near(double mapY, double mapX) const {
+    std::vector<std::span<const std::uint32_t>> groups;
+    if (starts_.empty()) {
+        return groups;
+    }
+    const std::int64_t pointerY = pointerStep(mapY);
+    const std::int64_t pointerX = pointerStep(mapX);
+    const auto within = [](std::int64_t step) {
+        return static_cast<int>(std::clamp<std::int64_t>(step, -reach, reach + 1));
+    };
+    for (int y = within(pointerY - window); y < within(pointerY + window + 1); ++y) {
+        for (int x = within(pointerX - window); x < within(pointerX + window + 1); ++x) {
+            const auto cell = static_cast<std::size_t>((y + reach) * side + (x + reach));
+            const std::uint32_t begin = starts_[cell];
+            const std::uint32_t end = starts_[cell + 1];
+            if (begin < end) {
+                groups.push_back(std::span(rows_).subspan(begin, end - begin));
+            }
+        }
+    }
+    for (std::int64_t y = pointerY - window; y <= pointerY + window; ++y) {
+        auto cell = outside_.lower_bound({y, pointerX - window});
+        for (; cell != outside_.end() && cell->first <= Step(y, pointerX + window); ++cell) {
+            groups.emplace_back(cell->second);
+        }
+    }
+    return groups;
+}
+
+std::string tipText(const PlotTables& tables, TipParts parts, double mapY, double mapX,
+                    std::size_t longest) {
+    std::string tip;
+    MergedRows hits(tables.hoverIndex.near(mapY, mapX));
+    bool first = true;
+    while (hits.left() > 0) {
+        if (tip.size() > longest) {
+            return tip + "... and " + std::to_string(hits.left()) + " more";
+        }
+        const PlotRow& row = tables.plotTable.rows()[hits.take()];
+        if (first && parts.latLong) {
+            tip += "[" + decimalText(roundHalfEven(row.latitude, tipDecimals)) + ", " +
+                   decimalText(roundHalfEven(row.longitude, tipDecimals)) + "] ";
+        }
+        if (first && parts.country) {
+            tip.append(tables.plotTable.country(row)).append(": ");
+        }
+        first = false;
+        if (!parts.call) {
+            return tip;
+        }
+        tip.append(row.call).append("  ");
+    }
+    return tip;
+}
+
+} // namespace tovrel

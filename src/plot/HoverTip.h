@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tovrel {
+
+/// Where a plotted QSO lies, in map units rounded to 4 decimals; NaN for one that can't be shown
+/// since it lies too near the antipode.
+struct HoverRow {
+    double mapY = 0.0;
+    double mapX = 0.0;
+};
+
+/// Finds the rows of the hover table near a position without looking at all of them.
+///
+/// Positions count on a grid of 100 map units, and a row is near when it lies fewer than 5 steps
+/// away on both axes. So the rows of 9 by 9 cells are all the hits there are.
+class HoverIndex {
+public:
+    /// Replaces the index by that of a table, in time linear in its rows.
+    void build(const std::vector<HoverRow>& table);
+    void clear();
+
+    /// Rows near a position, as groups that are each in log order.
+    /// @param mapY, mapX map units
+    std::vector<std::span<const std::uint32_t>> near(double mapY, double mapX) const;
+
+private:
+    // The surface and four steps beyond; what lies farther out only a script can point at.
+    static constexpr int reach = 225;
+    static constexpr int side = 2 * reach + 1;
+
+    std::vector<std::uint32_t> starts_; ///< of each cell's rows in rows_, and their end
+    std::vector<std::uint32_t> rows_;
+
+    using Step = std::pair<std::int64_t, std::int64_t>;  ///< Y, X
+    std::map<Step, std::vector<std::uint32_t>> outside_; ///< rows beyond the cells
+};
+
+struct PlotTables;
+
+/// Which parts a tool tip has.
+struct TipParts {
+    bool latLong = false;
+    bool country = false;
+    bool call = false;
+};
+
+inline constexpr std::size_t wholeTip = std::numeric_limits<std::size_t>::max();
+
+/// The tool tip at a position of the map: coordinates and country of the first QSO near it and the
+/// calls of all, in log order; bytes as the log has them. Empty when none is near.
+/// @param mapY, mapX map units
+/// @param longest a tip that would pass this length ends with the number of further stations
+std::string tipText(const PlotTables& tables, TipParts parts, double mapY, double mapX,
+                    std::size_t longest = wholeTip);
+
+} // namespace tovrel
