@@ -3,44 +3,47 @@
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
 
-#include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tovrel {
 
-/// Messages on standard error, kept for the report. Questions are answered with their first button,
+/// Standard error in the place of windows: messages, which are kept for the report too, and, on a
+/// terminal, the progress of a pass in one line. Questions are answered with their default button,
 /// since nobody is there to ask.
-class BatchPrompt : public UserPrompt {
+class BatchConsole : public UserPrompt, public PassListener {
 public:
-    explicit BatchPrompt(bool quiet) : quiet_(quiet) {}
+    /// @param quiet messages are only kept, and no progress is shown
+    /// @param AbortRequested set when the program was interrupted within a pass
+    BatchConsole(bool quiet, bool& AbortRequested);
 
     void tell(const std::string& text, MessageIcon icon) override;
-    bool ask(const Question& /*question*/) override { return true; }
+
+    /// The run has failed: the message that tells why is shown even when the run is quiet.
+    void showFailure();
+
+    bool ask(const Question& question) override { return question.defaultYes; }
+
+    void beginPass(std::string_view caption, std::string_view status, float maximum) override;
+    void showStatus(std::string_view status) override;
+    void showProgress(float value) override;
+    void endPass() override { endLine(); }
+    void yield() override;
 
     const std::vector<std::string>& messages() const { return messages_; }
 
 private:
+    void print(const std::string& text);
+    void endLine();
+
     bool quiet_;
+    bool progressVisible_;
+    bool& AbortRequested_;
     std::vector<std::string> messages_;
-};
-
-/// Progress of a pass in a line on standard error, when that is a terminal.
-class BatchListener : public PassListener {
-public:
-    explicit BatchListener(bool quiet);
-
-    void beginPass(std::string_view caption, std::string_view status, float maximum) override;
-    void showStatus(std::string_view status) override { status_ = status; }
-    void showProgress(float value) override;
-    void endPass() override;
-    void yield() override {}
-
-private:
-    bool visible_;
     std::string status_;
     float maximum_ = 100.0F;
-    int shownPercent_ = -1;
+    int shownPercent_ = -1; ///< in the line that stands unfinished; -1 when none does
 };
 
 } // namespace tovrel

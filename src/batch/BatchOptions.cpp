@@ -2,73 +2,269 @@
 
 #include "platform/ByteText.h"
 #include "platform/Numbers.h"
+#include "state/StationInfo.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
 #include <string_view>
+#include <utility>
 
 namespace tovrel {
 
-const char* const usageText =
-    "Usage: tovrel-batch plot LOG [options]   draws the map of a log\n"
-    "       tovrel-batch --help | --version\n"
-    "\n"
-    "Options:\n"
-    "  --folder DIR        program folder whose settings, tag list and data files serve;\n"
-    "                      nothing in it is written (default: the program's own)\n"
-    "  --projection NAME   azimuthal or miller (default: as the settings say)\n"
-    "  --home LAT,LON      home position in degrees, north and east positive\n"
-    "  --image FILE        write the map as .png, .bmp or .jpg, 800 pixels wide\n"
-    "  --report FILE       write a JSON report, - for standard output\n"
-    "  --quiet             say nothing but errors\n"
-    "\n"
-    "Exit status: 0 done, 1 nothing plotted, 2 wrong use, 3 a file can't be read or written\n";
-
 namespace {
 
-/// A number that takes up the whole of a text.
+using Value = const std::string&;
+
+/// A plain decimal number that takes up the whole of a text.
 std::optional<double> wholeNumber(std::string_view text) {
-    const bool numeric = !text.empty() && text.find_first_not_of("+-.0123456789") == text.npos;
-    return numeric ? leadingNumber(text) : std::nullopt;
+    const bool plain = !text.empty() && coordinateFault(text) == CoordinateFault::None;
+    return plain ? leadingNumber(text) : std::nullopt;
 }
 
-std::optional<Home> parseHome(std::string_view text) {
+/// Two numbers with a comma between them.
+std::optional<std::pair<double, double>> numberPair(std::string_view text) {
     const std::size_t comma = text.find(',');
     if (comma == std::string_view::npos) {
         return std::nullopt;
     }
-    const std::optional<double> latitude = wholeNumber(text.substr(0, comma));
-    const std::optional<double> longitude = wholeNumber(text.substr(comma + 1));
-    const bool onEarth = latitude && longitude && *latitude >= -90.0 && *latitude <= 90.0 &&
-                         *longitude >= -180.0 && *longitude <= 360.0;
-    return onEarth ? std::optional<Home>({*latitude, *longitude}) : std::nullopt;
+    const std::optional<double> first = wholeNumber(text.substr(0, comma));
+    const std::optional<double> second = wholeNumber(text.substr(comma + 1));
+    return first && second ? std::optional(std::pair(*first, *second)) : std::nullopt;
 }
 
-/// Takes the value of an option.
-/// @return what is wrong with it, empty when it is good
-std::string setOption(BatchOptions& options, const std::string& name, const std::string& value) {
-    if (name == "--folder") {
-        options.folder = value;
-    } else if (name == "--report") {
-        options.report = value;
-    } else if (name == "--image") {
-        options.image = value;
-        if (imageFormat(value) == nullptr) {
-            return "--image: the name must end in .png, .bmp or .jpg";
-        }
-    } else if (name == "--projection") {
-        if (value != "azimuthal" && value != "miller") {
-            return "--projection: azimuthal or miller, not \"" + value + "\"";
-        }
-        options.projection = value == "miller" ? Projection::Miller : Projection::Azimuthal;
-    } else if (name == "--home") {
-        options.home = parseHome(value);
-        if (!options.home) {
-            return "--home: LAT,LON in degrees, for example 41.7,-72.7, not \"" + value + "\"";
-        }
-    } else {
-        return "unknown option " + name;
+/// The parts of a list with commas; one empty part when the text is empty.
+std::vector<std::string_view> commaList(std::string_view text) {
+    std::vector<std::string_view> parts;
+    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
+         comma = text.find(',')) {
+        parts.push_back(text.substr(0, comma));
+        text.remove_prefix(comma + 1);
     }
-    return {};
+    parts.push_back(text);
+    return parts;
 }
+
+// Each takes the value of an option and says whether it is good.
+
+template <std::string BatchOptions::*member>
+bool takeText(BatchOptions& options, Value value) {
+    options.*member = value;
+    return !value.empty();
+}
+
+template <std::string BatchOptions::*member>
+bool takePicture(BatchOptions& options, Value value) {
+    options.*member = value;
+    return imageFormat(value) != nullptr;
+}
+
+template <std::optional<bool> BatchOptions::*member>
+bool takeOnOff(BatchOptions& options, Value value) {
+    options.*member = value == "on";
+    return value == "on" || value == "off";
+}
+
+template <Criterion criterion>
+bool takeGroup(BatchOptions& options, Value value) {
+    FilterGroup group(criterion);
+    const CriterionNames& names = namesOf(criterion);
+    const std::vector<std::string_view> wanted = commaList(value);
+    for (const std::string_view name : wanted) {
+        int member = 0;
+        while (member <= names.lastMember &&
+               !equalIgnoringCase(names.captions[static_cast<std::size_t>(member)], name)) {
+            ++member;
+        }
+        if (member > names.lastMember || (member == 0 && wanted.size() > 1)) {
+            return false;
+        }
+        group.set(member, true);
+    }
+    options.filter.push_back(group);
+    return true;
+}
+
+bool takeMarker(BatchOptions& options, Value value) {
+    for (const MarkerSize size : {MarkerSize::Small, MarkerSize::Medium, MarkerSize::Large}) {
+        if (equalIgnoringCase(value, wordOf(size))) {
+            options.marker = size;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool takeProjection(BatchOptions& options, Value value) {
+    options.projection = value == "miller" ? Projection::Miller : Projection::Azimuthal;
+    return value == "miller" || value == "azimuthal";
+}
+
+bool takeHome(BatchOptions& options, Value value) {
+    const auto position = numberPair(value);
+    if (!position) {
+        return false;
+    }
+    const auto [latitude, longitude] = *position;
+    options.home = {latitude, longitude};
+    return latitude >= -90.0 && latitude <= 90.0 && longitude >= -180.0 && longitude <= 360.0;
+}
+
+bool takeCompass(BatchOptions& options, Value value) {
+    options.compass = value == "15"   ? Compass::Every15
+                      : value == "45" ? Compass::Every45
+                                      : Compass::Off;
+    return value == "15" || value == "45" || value == "off";
+}
+
+bool takeSize(BatchOptions& options, Value value) {
+    constexpr double least = 200.0;
+    constexpr double most = 8000.0;
+    const std::optional<double> width = wholeNumber(value);
+    if (!width || *width < least || *width > most || *width != roundHalfEven(*width)) {
+        return false;
+    }
+    options.size = roundToInt(*width);
+    return true;
+}
+
+bool takeTip(BatchOptions& options, Value value) {
+    const auto position = numberPair(value);
+    if (position) {
+        options.tips.push_back({position->first, position->second});
+    }
+    return position.has_value();
+}
+
+bool takeTipParts(BatchOptions& options, Value value) {
+    TipParts parts;
+    const std::vector<std::string_view> wanted =
+        value.empty() ? std::vector<std::string_view>() : commaList(value);
+    for (const std::string_view part : wanted) {
+        if (part == "call") {
+            parts.call = true;
+        } else if (part == "latlong") {
+            parts.latLong = true;
+        } else if (part == "country") {
+            parts.country = true;
+        } else {
+            return false;
+        }
+    }
+    options.tipParts = parts;
+    return true;
+}
+
+bool takeMyCall(BatchOptions& options, Value value) {
+    options.myCall = value;
+    return !trimBlanks(value).empty() && std::none_of(value.begin(), value.end(), [](char c) {
+        return static_cast<unsigned char>(c) < ' ';
+    });
+}
+
+struct Rule {
+    std::string_view name;
+    bool plot; ///< whether the command has it
+    bool kmz;
+    const char* wanted; ///< what a good value is; null for an option without a value
+    bool (*take)(BatchOptions& options, Value value);
+};
+
+constexpr Rule rules[] = {
+    {"--folder", true, true, "the name of a folder", takeText<&BatchOptions::folder>},
+    {"--report", true, true, "the name of a file, or -", takeText<&BatchOptions::report>},
+    {"--quiet", true, true, nullptr,
+     [](BatchOptions& options, Value /*value*/) { return options.quiet = true; }},
+    {"--bands", true, true, "off, or some of 2M,6M,10M,12M,15M,17M,20M,30M,40M,60M,80M,160M",
+     takeGroup<Criterion::Band>},
+    {"--modes", true, true, "off, or some of Phone,CW,Digital", takeGroup<Criterion::Mode>},
+    {"--iota", true, true, "off, or some of AF,AN,AS,EU,NA,OC,SA", takeGroup<Criterion::Iota>},
+    {"--marker", true, true, "small, medium or large", takeMarker},
+    {"--projection", true, false, "azimuthal or miller", takeProjection},
+    {"--home", true, false, "LAT,LON in degrees, for example 41.7,-72.7", takeHome},
+    {"--compass", true, false, "off, 15 or 45", takeCompass},
+    {"--graticule", true, false, "on or off", takeOnOff<&BatchOptions::graticule>},
+    {"--home-mark", true, false, "on or off", takeOnOff<&BatchOptions::homeMark>},
+    {"--topo", true, false, "on or off", takeOnOff<&BatchOptions::topo>},
+    {"--size", true, false, "a width of 200 to 8000 pixels", takeSize},
+    {"--image", true, false, "a name that ends in .png, .bmp or .jpg",
+     takePicture<&BatchOptions::image>},
+    {"--base-map", true, false, "a name that ends in .png, .bmp or .jpg",
+     takePicture<&BatchOptions::baseMap>},
+    {"--tip", true, false, "Y,X in map units, for example -1200,3500.5", takeTip},
+    {"--tip-parts", true, false, "some of call,latlong,country, or nothing", takeTipParts},
+    {"--output", false, true, "the name of a file", takeText<&BatchOptions::output>},
+    {"--my-call", false, true, "a call", takeMyCall},
+    {"--call-names", false, true, "on or off", takeOnOff<&BatchOptions::callNames>},
+    {"--keep-kml", false, true, nullptr,
+     [](BatchOptions& options, Value /*value*/) { return options.keepKml = true; }},
+};
+
+/// The arguments behind the command.
+class CommandLine {
+public:
+    explicit CommandLine(const std::vector<std::string>& arguments) : arguments_(arguments) {
+        parsed_.options.command =
+            arguments[0] == "plot" ? BatchOptions::Command::Plot : BatchOptions::Command::Kmz;
+    }
+
+    ParsedOptions read() {
+        bool optionsEnded = false;
+        while (next_ < arguments_.size() && parsed_.error.empty()) {
+            const std::string& argument = arguments_[next_++];
+            if (argument == "--" && !optionsEnded) {
+                optionsEnded = true;
+            } else if (!optionsEnded && argument.starts_with('-')) {
+                takeOption(argument);
+            } else if (parsed_.options.log.empty()) {
+                parsed_.options.log = argument;
+            } else {
+                parsed_.error = "more than one log: " + argument;
+            }
+        }
+        if (parsed_.error.empty() && parsed_.options.log.empty()) {
+            parsed_.error = arguments_[0] + " needs the name of a log";
+        }
+        return parsed_;
+    }
+
+private:
+    void takeOption(const std::string& argument) {
+        const std::size_t equals = argument.find('=');
+        const std::string name = argument.substr(0, equals);
+        const Rule* const rule = std::find_if(std::begin(rules), std::end(rules),
+                                              [&name](const Rule& r) { return r.name == name; });
+        if (rule == std::end(rules)) {
+            parsed_.error = "unknown option " + name;
+            return;
+        }
+        const bool plot = parsed_.options.command == BatchOptions::Command::Plot;
+        if (!(plot ? rule->plot : rule->kmz)) {
+            parsed_.error = name + " is no option of " + arguments_[0];
+            return;
+        }
+        const bool attached = equals != std::string::npos;
+        if (rule->wanted == nullptr) {
+            if (attached) {
+                parsed_.error = name + " takes no value";
+            }
+            rule->take(parsed_.options, {});
+            return;
+        }
+        if (!attached && next_ == arguments_.size()) {
+            parsed_.error = name + " needs a value: " + rule->wanted;
+            return;
+        }
+        const std::string value = attached ? argument.substr(equals + 1) : arguments_[next_++];
+        if (!rule->take(parsed_.options, value)) {
+            parsed_.error = name + ": " + rule->wanted + ", not \"" + value + "\"";
+        }
+    }
+
+    const std::vector<std::string>& arguments_;
+    std::size_t next_ = 1;
+    ParsedOptions parsed_;
+};
 
 } // namespace
 
@@ -88,38 +284,19 @@ const char* imageFormat(const std::string& path) {
 
 ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
     ParsedOptions parsed;
-    BatchOptions& options = parsed.options;
     for (const std::string& argument : arguments) {
         if (argument == "--help" || argument == "--version") {
-            options.command =
+            parsed.options.command =
                 argument == "--help" ? BatchOptions::Command::Help : BatchOptions::Command::Version;
             return parsed;
         }
     }
-    if (arguments.empty() || arguments[0] != "plot") {
+    if (arguments.empty() || (arguments[0] != "plot" && arguments[0] != "kmz")) {
         parsed.error = arguments.empty() ? "no command; try --help"
                                          : "unknown command " + arguments[0] + "; try --help";
         return parsed;
     }
-    options.command = BatchOptions::Command::Plot;
-    for (std::size_t i = 1; i < arguments.size() && parsed.error.empty(); ++i) {
-        const std::string& argument = arguments[i];
-        if (argument == "--quiet") {
-            options.quiet = true;
-        } else if (argument.starts_with("--")) {
-            parsed.error = i + 1 < arguments.size() ? setOption(options, argument, arguments[i + 1])
-                                                    : argument + " needs a value";
-            ++i;
-        } else if (options.log.empty()) {
-            options.log = argument;
-        } else {
-            parsed.error = "more than one log: " + argument;
-        }
-    }
-    if (parsed.error.empty() && options.log.empty()) {
-        parsed.error = "plot needs the name of a log";
-    }
-    return parsed;
+    return CommandLine(arguments).read();
 }
 
 } // namespace tovrel

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Projection.h"
+#include "plot/HoverTip.h"
+#include "state/FilterGroup.h"
+#include "state/MapOptions.h"
 
 #include <optional>
 #include <string>
@@ -14,17 +17,44 @@ struct Home {
     double longitude = 0.0;
 };
 
-/// What the command line asks for.
+/// A position of the map, in map units.
+struct MapPosition {
+    double mapY = 0.0;
+    double mapX = 0.0;
+};
+
+enum class Compass { Off, Every15, Every45 };
+
+/// What the command line asks for. An empty text and an optional without a value mean that the
+/// option was not given: what the settings say holds then.
 struct BatchOptions {
-    enum class Command { Help, Version, Plot };
+    enum class Command { Help, Version, Plot, Kmz };
     Command command = Command::Help;
     std::string log;
     std::string folder; ///< empty: the program's own
-    std::string image;  ///< empty: none
     std::string report; ///< empty: none; "-" for standard output
+    bool quiet = false;
+    std::vector<FilterGroup> filter; ///< groups to be replaced; of two equal ones the later counts
+    std::optional<MarkerSize> marker;
+
+    // Of plot.
     std::optional<Projection> projection;
     std::optional<Home> home;
-    bool quiet = false;
+    std::optional<Compass> compass;
+    std::optional<bool> graticule;
+    std::optional<bool> homeMark;
+    std::optional<bool> topo;
+    int size = 800;      ///< width of the picture, pixels
+    std::string image;   ///< empty: none
+    std::string baseMap; ///< empty: none
+    std::vector<MapPosition> tips;
+    std::optional<TipParts> tipParts;
+
+    // Of kmz.
+    std::string output; ///< empty: beside the log, as the window program names it
+    std::string myCall;
+    std::optional<bool> callNames;
+    bool keepKml = false;
 };
 
 /// The options, or one line that says what is wrong with them.

@@ -1,58 +1,40 @@
 #include "batch/BatchPlot.h"
 
 #include "batch/BatchConsole.h"
+#include "batch/BatchOutput.h"
+#include "batch/BatchReport.h"
+#include "batch/BatchSettings.h"
 #include "batch/BatchWindow.h"
-#include "batch/PlotReport.h"
 #include "map/MapImage.h"
-#include "map/PictureFile.h"
-#include "platform/Files.h"
-#include "platform/Numbers.h"
 #include "platform/Twips.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/MapRun.h"
-#include "state/InitSettings.h"
 
-#include <cstdio>
+#include <algorithm>
 
 namespace tovrel {
 
 namespace {
 
-constexpr int pictureWidth = 800; // pixels
-
-/// Settings, options and projection of the run. What is set here stays in memory.
-void applyOptions(RunData& data, const BatchOptions& options) {
-    InitSettings(data.ini, data.maps, data.google, data.run);
-    if (options.home) {
-        data.ini.WriteIniValue(section::globals, "Latitude", decimalText(options.home->latitude));
-        data.ini.WriteIniValue(section::globals, "Longitude", decimalText(options.home->longitude));
-    }
-    const std::string display = data.ini.ReadIniValue(section::globals, "Display");
-    const Projection fromSettings =
-        display.empty() || display == "Azimuthal" ? Projection::Azimuthal : Projection::Miller;
-    data.run.marks.projection = options.projection.value_or(fromSettings);
-    data.maps.load(data.run.marks.projection);
-    data.run.LogFileName = options.log;
-    data.run.FormReady = true;
-}
-
-bool cantWrite(const std::string& path) {
-    std::fprintf(stderr, "tovrel-batch: %s can't be written\n", path.c_str());
-    return false;
-}
-
-bool writeImage(const MapRun& map, Projection projection, const std::string& path) {
+QImage stampedMap(const MapRun& map, Projection projection) {
     PictureSurface Picture3(map.Picture2.Width(), map.Picture2.Height());
     composeMapImage(map.Picture2, projection, QDateTime::currentDateTime(), Picture3);
-    return SavePicture(Picture3.Image(), path, imageFormat(path)) || cantWrite(path);
+    return Picture3.Image();
 }
 
-bool writeReport(const std::string& report, const std::string& path) {
-    if (path == "-") {
-        const bool written = std::fwrite(report.data(), 1, report.size(), stdout) == report.size();
-        return (written && std::fflush(stdout) == 0) || cantWrite("standard output");
+/// The tool tips asked for, a line each.
+std::string tipLines(RunData& data, const std::vector<MapPosition>& positions) {
+    const MapOptions& map = data.maps.inForce();
+    const TipParts parts{.latLong = map.chkLatLong, .country = map.chkCountry, .call = map.chkCall};
+    std::string lines;
+    for (const MapPosition& at : positions) {
+        std::string tip = utf8Text(tipText(data.tables, parts, at.mapY, at.mapX));
+        // A value of the log may hold a line end.
+        std::replace_if(
+            tip.begin(), tip.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+        lines += tip + '\n';
     }
-    return writeFile(path, report) || cantWrite(path);
+    return lines;
 }
 
 } // namespace
@@ -60,27 +42,28 @@ bool writeReport(const std::string& report, const std::string& path) {
 BatchResult batchPlot(const BatchOptions& options) {
     RunData data(options.folder, "Tovrel.ini", PrivateProfile::Storage::Memory);
     applyOptions(data, options);
-    if (!fileExists(options.log)) {
-        std::fprintf(stderr, "tovrel-batch: there is no log %s\n", options.log.c_str());
+    const Projection projection = data.run.marks.projection;
+    const float width = twipsFromPixels(options.size);
+    BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
+    BatchConsole console(options.quiet, data.run.AbortRequested);
+    MapRun map(data, window, console, console);
+    map.drawBaseMapInMemory();
+    if (!options.baseMap.empty() && !writePicture(options.baseMap, map.Picture1.Image())) {
         return BatchResult::FileFailed;
     }
-    const Projection projection = data.run.marks.projection;
-    const float width = twipsFromPixels(pictureWidth);
-    BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
-    BatchListener listener(options.quiet);
-    BatchPrompt prompt(options.quiet);
-    MapRun map(data, window, listener, prompt);
-    map.drawBaseMapInMemory();
     map.ResetMap();
 
     GCMapLoadADIF pass(data.ini, data.maps, data.run, data.stats, data.tables, map.Picture2,
-                       listener, prompt);
+                       console, console);
     if (pass.PlotLog() != PassEnd::Done) {
+        console.showFailure();
         return BatchResult::FileFailed;
     }
-    const bool written = (options.image.empty() || writeImage(map, projection, options.image)) &&
-                         (options.report.empty() ||
-                          writeReport(plotReport(data, prompt.messages()), options.report));
+    const bool written =
+        (options.image.empty() || writePicture(options.image, stampedMap(map, projection))) &&
+        (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
+        (options.report.empty() ||
+         writeResult(options.report, plotReport(data, console.messages())));
     if (!written) {
         return BatchResult::FileFailed;
     }

@@ -73,7 +73,9 @@ ExportEnd GoogleExport::CreateGoogleFile(const ExportFiles& files) {
     if (packed != ExportEnd::Done) {
         return packed;
     }
-    QFile::remove(QString::fromStdString(files_.KmlFileName));
+    if (!files_.keepDocument) {
+        QFile::remove(QString::fromStdString(files_.KmlFileName));
+    }
     listener_.showStatus("Deleting Temp File");
     listener_.showProgress(fullBar);
     listener_.endPass();

@@ -23,6 +23,7 @@ namespace tovrel {
 struct ExportFiles {
     std::string KmlFileName; ///< the document, a working file that is packed and then deleted
     std::string archive;
+    bool keepDocument = false; ///< the document stays when it has been packed
 };
 
 /// The files of a log's export: beside the log, unless its folder has a dot in its name.
@@ -58,6 +59,12 @@ public:
     /// once.
     ExportEnd CreateGoogleFile(const ExportFiles& files);
 
+    /// Placemarks of the document.
+    const GoogleCounters& counters() const { return book_.counters(); }
+
+    /// Records read, over the three passes.
+    std::int64_t GoogleRecords() const { return GoogleRecords_; }
+
 private:
     struct Folder;
 
@@ -90,7 +97,7 @@ private:
     ExportFiles files_;
     LogBook book_;
     FieldTable fields_;
-    std::int64_t GoogleRecords_ = 0; ///< over the three passes
+    std::int64_t GoogleRecords_ = 0;
     /// Of each record, as the first pass saw it.
     std::vector<std::optional<QsoStatus>> folderOfRecord_;
 };

@@ -4,7 +4,6 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
-#include <cstddef>
 
 namespace tovrel {
 
@@ -75,16 +74,20 @@ void LogBook::print(const Texts&... texts) {
     (put(texts), ...);
 }
 
-void LogBook::put(std::string_view text) {
-    if (buffer_.size() + text.size() > bufferSize) {
-        write(buffer_);
-        buffer_.clear();
+inline void LogBook::put(std::string_view text) {
+    if (text.size() > bufferSize - used_) {
+        writeBuffer();
+        if (text.size() > bufferSize) {
+            write(text);
+            return;
+        }
     }
-    if (text.size() > bufferSize) {
-        write(text);
-    } else {
-        buffer_ += text;
-    }
+    used_ += text.copy(buffer_.get() + used_, text.size());
+}
+
+void LogBook::writeBuffer() {
+    write({buffer_.get(), used_});
+    used_ = 0;
 }
 
 void LogBook::write(std::string_view bytes) {
@@ -103,7 +106,7 @@ bool LogBook::WriteKmlHead(const std::string& KmlFileName, std::string_view MyCa
     }
     created_ = true;
     MyCall_ = MyCall;
-    buffer_.reserve(bufferSize);
+    buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
     print("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
           "<kml xmlns=\"http://earth.google.com/kml/2.0\">\r\n"
           " <Document>\r\n");
@@ -198,8 +201,7 @@ void LogBook::WriteKmlTail() {
 }
 
 bool LogBook::close() {
-    write(buffer_);
-    buffer_.clear();
+    writeBuffer();
     file_.close();
     if (!failed() && file_.error() != QFileDevice::NoError) {
         error_ = byteText(file_.errorString());

@@ -4,7 +4,9 @@
 #include "log/QsoStatus.h"
 
 #include <QFile>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -76,12 +78,14 @@ private:
     template <typename... Texts>
     void print(const Texts&... texts);
     void put(std::string_view text);
+    void writeBuffer();
     void write(std::string_view bytes);
     void writeStyle(std::string_view folder, std::string_view scale, std::string_view behindIcon);
 
     QFile file_;
     bool created_ = false;
-    std::string buffer_;
+    std::unique_ptr<char[]> buffer_;
+    std::size_t used_ = 0;
     std::string MyCall_;
     QsoStatus folder_ = QsoStatus::Confirmed;
     GoogleCounters counters_;

@@ -1,6 +1,6 @@
-#include "batch/PlotReport.h"
+#include "batch/BatchReport.h"
 
-#include "platform/ByteText.h"
+#include "batch/BatchOutput.h"
 #include "platform/Numbers.h"
 
 #include <cstdio>
@@ -11,7 +11,7 @@ namespace {
 
 std::string quoted(std::string_view bytes) {
     std::string json = "\"";
-    for (const char c : byteText(displayText(bytes))) {
+    for (const char c : utf8Text(bytes)) {
         if (c == '"' || c == '\\') {
             json += '\\';
             json += c;
@@ -58,27 +58,51 @@ std::string plottedContacts(const PlotTables& tables) {
     return json + "]";
 }
 
+std::string count(std::int64_t value) { return std::to_string(value); }
+
+std::string boolean(bool value) { return value ? "true" : "false"; }
+
+std::string contactCounters(const PassCounters& counters) {
+    return member("QsosRead", count(counters.QsosRead)) +
+           member("QsosPlotted", count(counters.QsosPlotted)) +
+           member("QsosConfirmed", count(counters.QsosConfirmed)) +
+           member("QsosWorked", count(counters.QsosWorked)) +
+           member("QsosHeard", count(counters.QsosHeard)) +
+           member("QsosNotPlotted", count(counters.QsosNotPlotted));
+}
+
 } // namespace
 
 std::string plotReport(RunData& data, const std::vector<std::string>& messages) {
     const PlotTables& tables = data.tables;
-    const PassCounters& counters = tables.counters;
     const StatusLists& lists = data.stats.lists();
-    const auto count = [](std::int32_t value) { return std::to_string(value); };
-    const auto boolean = [](bool value) { return std::string(value ? "true" : "false"); };
-    std::string json = "{";
-    json += member("QsosRead", count(counters.QsosRead));
-    json += member("QsosPlotted", count(counters.QsosPlotted));
-    json += member("QsosConfirmed", count(counters.QsosConfirmed));
-    json += member("QsosWorked", count(counters.QsosWorked));
-    json += member("QsosHeard", count(counters.QsosHeard));
-    json += member("QsosNotPlotted", count(counters.QsosNotPlotted)) + "\n ";
+    std::string json = "{" + contactCounters(tables.counters) + "\n ";
     json += member("LogHasCoordinates", boolean(tables.LogHasCoordinates));
     json += member("FilterPassedAny", boolean(tables.FilterPassedAny)) + "\n ";
     json += member("messages", list(messages)) + "\n ";
     json += member("lstStats", list(lists.lstStats)) + "\n ";
     json += member("lstPfxNotPlotted", list(lists.lstPfxNotPlotted.sorted())) + "\n ";
     return json + "\"plotted\":" + plottedContacts(tables) + "}\n";
+}
+
+std::string kmzReport(const KmzCounters& counters, RunData& data,
+                      const std::vector<std::string>& messages) {
+    constexpr std::int64_t passes = 3;
+    const auto read = static_cast<std::int32_t>(counters.GoogleRecords / passes);
+    std::string json = "{" + contactCounters({.QsosRead = read,
+                                              .QsosPlotted = counters.GooglePlaced,
+                                              .QsosConfirmed = counters.GoogleConfirmed,
+                                              .QsosWorked = counters.GoogleWorked,
+                                              .QsosHeard = counters.GoogleHeard,
+                                              .QsosNotPlotted = read - counters.GooglePlaced});
+    json += "\n ";
+    json += member("GoogleRecords", count(counters.GoogleRecords));
+    json += member("GooglePlaced", count(counters.GooglePlaced));
+    json += member("GoogleConfirmed", count(counters.GoogleConfirmed));
+    json += member("GoogleWorked", count(counters.GoogleWorked));
+    json += member("GoogleHeard", count(counters.GoogleHeard)) + "\n ";
+    json += member("messages", list(messages)) + "\n ";
+    return json + "\"lstStats\":" + list(data.stats.lists().lstStats) + "}\n";
 }
 
 } // namespace tovrel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QImage>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// Results of a run. A file stands whole or not at all; one that can't be written is told of on
+/// standard error, and false comes back.
+
+/// @param path of a file, or "-" for standard output
+bool writeResult(const std::string& path, std::string_view bytes);
+
+/// @param path of a file whose extension tells the format
+bool writePicture(const std::string& path, const QImage& picture);
+
+/// Tells of a file that can't be written.
+/// @return false
+bool cantWrite(const std::string& path);
+
+/// Text of the log or a message, as UTF-8: bytes that are none are taken as Windows-1252.
+std::string utf8Text(std::string_view bytes);
+
+} // namespace tovrel

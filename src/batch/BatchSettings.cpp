@@ -1,0 +1,88 @@
+#include "batch/BatchSettings.h"
+
+#include "platform/Numbers.h"
+#include "state/InitSettings.h"
+
+namespace tovrel {
+
+namespace {
+
+void writeFilter(iniFiles& ini, std::string_view section, const BatchOptions& options) {
+    for (const FilterGroup& group : options.filter) {
+        for (int member = 0; member <= group.lastMember(); ++member) {
+            ini.writeCheck(section, memberKey(namesOf(group.criterion()).key, member),
+                           group.selected(member));
+        }
+    }
+}
+
+void writeBoolean(iniFiles& ini, std::string_view section, std::string_view key,
+                  std::optional<bool> value) {
+    if (value) {
+        ini.writeBoolean(section, key, *value);
+    }
+}
+
+void writeMapOptions(iniFiles& ini, std::string_view section, const BatchOptions& options) {
+    writeFilter(ini, section, options);
+    if (options.marker) {
+        ini.WriteIniValue(section, "Marker", wordOf(*options.marker));
+    }
+    writeBoolean(ini, section, "Meridian", options.graticule);
+    writeBoolean(ini, section, "ShowMe", options.homeMark);
+    writeBoolean(ini, section, "Topo", options.topo);
+    if (options.compass) {
+        ini.writeBoolean(section, "ShowComp", *options.compass != Compass::Off);
+        ini.writeBoolean(section, "15Deg", *options.compass == Compass::Every15);
+        ini.writeBoolean(section, "45Deg", *options.compass == Compass::Every45);
+    }
+    if (options.tipParts) {
+        ini.writeCheck(section, "Call", options.tipParts->call);
+        ini.writeCheck(section, "LatLong", options.tipParts->latLong);
+        ini.writeCheck(section, "Country", options.tipParts->country);
+    }
+}
+
+void applyPlotOptions(RunData& data, const BatchOptions& options) {
+    if (options.home) {
+        data.ini.WriteIniValue(section::globals, "Latitude", decimalText(options.home->latitude));
+        data.ini.WriteIniValue(section::globals, "Longitude", decimalText(options.home->longitude));
+    }
+    const std::string display = data.ini.ReadIniValue(section::globals, "Display");
+    const Projection fromSettings =
+        display.empty() || display == "Azimuthal" ? Projection::Azimuthal : Projection::Miller;
+    const Projection projection = options.projection.value_or(fromSettings);
+    data.run.marks.projection = projection;
+    writeMapOptions(data.ini, sectionOf(projection), options);
+    data.maps.load(projection);
+    data.run.FormReady = true;
+}
+
+void applyKmzOptions(RunData& data, const BatchOptions& options) {
+    if (!options.myCall.empty()) {
+        data.ini.WriteIniValue(section::globals, "MyCall", options.myCall);
+    }
+    writeFilter(data.ini, section::google, options);
+    for (const FilterGroup& group : options.filter) {
+        MapOptionForms::loadGroup(data.ini, section::google,
+                                  data.google.filter.group(group.criterion()));
+    }
+    if (options.marker) {
+        data.google.pickMarker(data.ini, *options.marker);
+    }
+    data.google.chkCall = options.callNames.value_or(data.google.chkCall);
+}
+
+} // namespace
+
+void applyOptions(RunData& data, const BatchOptions& options) {
+    InitSettings(data.ini, data.maps, data.google, data.run);
+    if (options.command == BatchOptions::Command::Plot) {
+        applyPlotOptions(data, options);
+    } else {
+        applyKmzOptions(data, options);
+    }
+    data.run.LogFileName = options.log;
+}
+
+} // namespace tovrel

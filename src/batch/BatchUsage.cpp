@@ -1,0 +1,42 @@
+#include "batch/BatchOptions.h"
+
+namespace tovrel {
+
+const char* const usageText =
+    "Usage: tovrel-batch plot LOG [options]   draws the map of a log\n"
+    "       tovrel-batch kmz LOG [options]    writes the KMZ file\n"
+    "       tovrel-batch --help | --version\n"
+    "\n"
+    "Options of both:\n"
+    "  --folder DIR        program folder whose settings, tag list and data files serve;\n"
+    "                      nothing in it is written (default: the program's own)\n"
+    "  --bands 20M,40M     filter; also --modes Phone,CW,Digital and --iota EU,NA;\n"
+    "                      \"off\" lets all through\n"
+    "  --marker SIZE       small, medium or large\n"
+    "  --report FILE       write a JSON report, - for standard output\n"
+    "  --quiet             say nothing but why it failed\n"
+    "\n"
+    "Options of plot:\n"
+    "  --projection NAME   azimuthal or miller\n"
+    "  --home LAT,LON      home position in degrees, north and east positive\n"
+    "  --compass STEP      off, 15 or 45\n"
+    "  --graticule on|off  meridians and parallels\n"
+    "  --home-mark on|off  mark of the home position\n"
+    "  --topo on|off       relief of the land\n"
+    "  --size WIDTH        of the picture in pixels, 200 to 8000 (default 800)\n"
+    "  --image FILE        write the map as .png, .bmp or .jpg\n"
+    "  --base-map FILE     write the map without compass and contacts, 667 pixels wide\n"
+    "  --tip Y,X           print the tool tip at a position in map units (repeatable)\n"
+    "  --tip-parts LIST    of the tool tip: any of call, latlong and country\n"
+    "\n"
+    "Options of kmz:\n"
+    "  --output FILE       the KMZ file (default: beside the log)\n"
+    "  --my-call CALL      call of the station\n"
+    "  --call-names on|off calls as names of the placemarks\n"
+    "  --keep-kml          keep the KML document beside the KMZ file\n"
+    "\n"
+    "What no option tells is as the settings of the folder say, or as at a first run.\n"
+    "Exit status: 0 done, 1 nothing plotted or placed, 2 wrong use, 3 a file can't be read\n"
+    "or written\n";
+
+} // namespace tovrel

@@ -1,0 +1,160 @@
+#include "batch/BatchRun.h"
+
+#include <QImage>
+
+namespace tovrel {
+
+namespace {
+
+std::string plottedCalls(const QJsonObject& report) {
+    std::string calls;
+    const QJsonArray plotted = report[QStringLiteral("plotted")].toArray();
+    for (const QJsonValue& contact : plotted)
+        calls += contact[QStringLiteral("call")].toString().toStdString() + " ";
+    return calls;
+}
+
+class BatchPlot : public BatchTest {
+protected:
+    /// The picture without its lower edge, where the stamp shows the time.
+    QImage picture(std::vector<std::string> options, const std::string& kind = "--image") const {
+        const std::string path = work.path("picture.png");
+        options.insert(options.end(), {kind, path});
+        EXPECT_EQ(run("plot", options).status, 0);
+        const QImage image(QString::fromStdString(path));
+        return kind == "--image" ? image.copy(0, 0, image.width(), image.height() * 9 / 10) : image;
+    }
+};
+
+TEST_F(BatchPlot, reportsWhatWasPlottedInLogOrder) {
+    const QJsonObject all = report("plot", {"--bands", "off"});
+    EXPECT_EQ(plottedCalls(all), "A1A B1B C1C ");
+    EXPECT_EQ(all[QStringLiteral("QsosRead")], 4);
+    EXPECT_EQ(all[QStringLiteral("QsosConfirmed")], 1);
+    EXPECT_EQ(all[QStringLiteral("QsosNotPlotted")], 1);
+    EXPECT_EQ(all[QStringLiteral("lstPfxNotPlotted")][0], QStringLiteral("D1D"));
+    const QJsonValue last = all[QStringLiteral("plotted")][2];
+    EXPECT_EQ(last[QStringLiteral("country")], QStringLiteral(u"\u00C5land"));
+    EXPECT_EQ(last[QStringLiteral("status")], QStringLiteral("C"));
+    EXPECT_EQ(last[QStringLiteral("longitude")], -60);
+}
+
+TEST_F(BatchPlot, leavesTheProgramFolderAsItIs) {
+    const std::string before = everythingIn(folder.path());
+    picture({"--topo", "on", "--home", "10,20", "--bands", "off", "--tip", "0,0"});
+    EXPECT_EQ(everythingIn(folder.path()), before);
+    EXPECT_EQ(folder.read("Tovrel.ini"), settings);
+}
+
+TEST_F(BatchPlot, needsNoSettingsFile) {
+    QFile::remove(QString::fromStdString(folder.path("Tovrel.ini")));
+    EXPECT_EQ(plottedCalls(report("plot", {})), "A1A B1B C1C ");
+    EXPECT_EQ(everythingIn(folder.path()), "");
+}
+
+TEST_F(BatchPlot, withNothingToPlotEndsWithItsOwnStatus) {
+    const QJsonObject none = report("plot", {"--bands", "2M"}, 1);
+    EXPECT_EQ(none[QStringLiteral("QsosPlotted")], 0);
+    EXPECT_EQ(none[QStringLiteral("FilterPassedAny")], false);
+    const std::string last =
+        none[QStringLiteral("messages")].toArray().last().toString().toStdString();
+    EXPECT_NE(last.find("filter"), std::string::npos) << last;
+}
+
+struct FilterCase {
+    std::vector<std::string> options;
+    std::string calls;
+};
+
+class BatchFilter : public BatchTest, public testing::WithParamInterface<FilterCase> {};
+
+TEST_P(BatchFilter, replacesTheGroupsThatAreGiven) {
+    for (const char* projection : {"azimuthal", "miller"}) {
+        std::vector<std::string> options = GetParam().options;
+        options.insert(options.end(), {"--projection", projection});
+        EXPECT_EQ(plottedCalls(report("plot", options)), GetParam().calls) << projection;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Options, BatchFilter,
+    testing::Values(FilterCase{{}, "A1A C1C "}, // the settings let 20M through
+                    FilterCase{{"--bands", "40M"}, "B1B "},
+                    FilterCase{{"--bands", "40m,20m"}, "A1A B1B C1C "},
+                    FilterCase{{"--bands", "off"}, "A1A B1B C1C "},
+                    FilterCase{{"--bands=2M", "--bands=40M"}, "B1B "},
+                    FilterCase{{"--modes", "CW"}, "A1A "},
+                    FilterCase{{"--bands", "off", "--modes", "Phone"}, "B1B C1C "},
+                    FilterCase{{"--bands", "off", "--iota", "NA,EU"}, "A1A B1B "}));
+
+TEST_F(BatchPlot, picturesHaveTheirSizes) {
+    EXPECT_EQ(picture({}, "--base-map").size(), QSize(667, 667));
+    EXPECT_EQ(picture({"--size", "300"}).size(), QSize(300, 270));
+    EXPECT_EQ(picture({"--size", "300", "--projection", "miller"}).size(), QSize(300, 135));
+    EXPECT_EQ(picture({}).width(), 800);
+}
+
+struct LookCase {
+    const char* option;
+    const char* one;
+    const char* other;
+};
+
+class BatchLook : public BatchPlot, public testing::WithParamInterface<LookCase> {};
+
+TEST_P(BatchLook, followsTheOptionAndTheBaseMapDoesNot) {
+    const auto [option, one, other] = GetParam();
+    EXPECT_NE(picture({option, one}), picture({option, other}));
+    EXPECT_EQ(picture({option, one}, "--base-map"), picture({option, other}, "--base-map"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Options, BatchLook,
+                         testing::Values(LookCase{"--compass", "off", "45"},
+                                         LookCase{"--compass", "15", "45"},
+                                         LookCase{"--graticule", "on", "off"},
+                                         LookCase{"--home-mark", "on", "off"},
+                                         LookCase{"--marker", "small", "large"}));
+
+TEST_F(BatchPlot, drawsTheReliefWithoutAsking) {
+    const auto baseMap = [this](const char* topo) {
+        return picture({"--folder", TOVREL_DATA_DIR, "--topo", topo}, "--base-map");
+    };
+    EXPECT_NE(baseMap("on"), baseMap("off"));
+}
+
+TEST_F(BatchPlot, printsTheTipsInTheirOrder) {
+    const QJsonObject all = report("plot", {});
+    const auto at = [&all](int i) {
+        const QJsonValue contact = all[QStringLiteral("plotted")][i];
+        return "--tip=" + decimalText(contact[QStringLiteral("mapY")].toDouble()) + "," +
+               decimalText(contact[QStringLiteral("mapX")].toDouble());
+    };
+    const std::vector<std::string> tips = {at(1), "--tip", "-21000,21000", at(0)};
+    const struct {
+        std::vector<std::string> parts;
+        std::string lines;
+    } rows[] = {
+        {{}, "C1C  \n\nA1A  \n"}, // the settings select the calls
+        {{"--tip-parts", "country"}, "\xC3\x85land: \n\n: \n"},
+        {{"--tip-parts", "latlong,call"}, "[-30, -60] C1C  \n\n[50, 10] A1A  \n"},
+        {{"--tip-parts="}, "\n\n\n"},
+    };
+    for (const auto& row : rows) {
+        std::vector<std::string> options = tips;
+        options.insert(options.end(), row.parts.begin(), row.parts.end());
+        EXPECT_EQ(run("plot", options).out, row.lines);
+    }
+}
+
+TEST_F(BatchPlot, putsTheContactAtTheAntipodeWithoutAPlace) {
+    const QJsonObject all = report("plot", {"--home", "-50,-170"});
+    const QJsonValue first = all[QStringLiteral("plotted")][0];
+    EXPECT_EQ(first[QStringLiteral("call")], QStringLiteral("A1A"));
+    EXPECT_TRUE(first[QStringLiteral("mapY")].isNull());
+    EXPECT_TRUE(first[QStringLiteral("mapX")].isNull());
+    EXPECT_TRUE(all[QStringLiteral("plotted")][1][QStringLiteral("mapX")].isDouble());
+}
+
+} // namespace
+
+} // namespace tovrel
