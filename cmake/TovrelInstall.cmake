@@ -15,7 +15,12 @@ foreach(program IN ITEMS tovrel tovrel-batch)
 endforeach()
 
 install(FILES ${TOVREL_DATA_FILES} DESTINATION "${program_folder}")
-if(EXISTS "${PROJECT_SOURCE_DIR}/data/tovrel.desktop")
-    install(FILES "${PROJECT_SOURCE_DIR}/data/tovrel.desktop"
-        DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
-endif()
+install(FILES "${PROJECT_SOURCE_DIR}/data/tovrel.desktop"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+foreach(size IN ITEMS 16 24 32 48 64 128 256)
+    install(FILES "${PROJECT_SOURCE_DIR}/data/icons/tovrel-${size}.png"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps"
+        RENAME tovrel.png)
+endforeach()
+install(FILES "${PROJECT_SOURCE_DIR}/docs/tovrel-batch.1"
+    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")

@@ -26,8 +26,8 @@ CLOSE_KM, OPEN_KM = 30, 14  # half widths of the gulfs and capes that go
 LEAST_LAND_KM2, LEAST_WATER_KM2 = 12_000, 40_000
 SMOOTH_KM, SIMPLIFY_KM = 8, 9
 LONGEST_STEP_KM = 40  # near the rim of the azimuthal map a longer step would cut the coast short
-ISLET_GAP_KM, ISLET_COAST_KM, ISLET_COUNT = 170, 110, 320
-HEXAGON_KM2 = 2_500  # islets from here on get an outline
+ISLET_GAP_KM, ISLET_COAST_KM, ISLET_COUNT = 170, 110, 420
+HEXAGON_KM2, LARGEST_ISLET_KM2 = 2_500, 18_000  # islets from the first area on get an outline
 NEW_STROKE, SAME_STROKE = 5000, 0
 
 # Islands that must be there even where a larger one lies near: longitude, latitude.
@@ -35,20 +35,28 @@ NAMED_ISLANDS = {
     "Hawaii": (-155.5, 19.6), "Oahu": (-158.0, 21.5), "Azores": (-25.5, 37.8), "Faial": (-28.7, 38.6),
     "Tenerife": (-16.6, 28.3), "Isabela, Galapagos": (-91.1, -0.7), "Mauritius": (57.55, -20.3),
     "Reunion": (55.5, -21.1), "Viti Levu": (178.0, -17.8), "Guam": (144.8, 13.45),
-    "St Helena": (-5.7, -15.95), "Ascension": (-14.35, -7.95), "Bermuda": (-64.75, 32.3),
+    "Malta": (14.4, 35.9), "St Helena": (-5.7, -15.95), "Ascension": (-14.35, -7.95),
+    "Bermuda": (-64.75, 32.3),
 }
 FIRST_SEED = (-178.5, -73.5)
-LAST_ISLET = (-125.0, -35.0)
-HOMES = 700
+HOMES = 900  # spread over the globe; no seed falls on land for any of them
+LEAST_SEED_PIXELS = 400  # a seed that paints less than this, over all their maps, is not worth it
 
 
-def general_land(package, grid, folder):
+def corrections(name):
+    """Entries of a table of straits or isthmuses beside this tool: a name, a line of longitude and
+    latitude, a half width in km."""
+    path = Path(__file__).parent / f"build_map_{name}.json"
+    return json.loads(path.read_text(encoding="utf-8"))
+
+
+def general_land(package, grid):
     """The generalised land as a raster."""
     rings = [ring for polygon in Topology(package / "land-50m.json").polygons("land")
              for ring in polygon]
     land = grid.close_and_open(rasterise(rings, CELLS_PER_DEGREE), CLOSE_KM, OPEN_KM)
-    for name, value in (("build_map_straits.json", False), ("build_map_isthmuses.json", True)):
-        for entry in json.loads((folder / name).read_text(encoding="utf-8")):
+    for name, value in (("straits", False), ("isthmuses", True)):
+        for entry in corrections(name):
             land[grid.band(entry["line_lon_lat"], entry["half_width_km"])] = value
     labels, area, north = grid.regions(land)
     land &= (area >= LEAST_LAND_KM2)[labels] & ((north > -60) | (area > 5e6))[labels]
@@ -72,29 +80,35 @@ def coast_strokes(land, grid):
     return strokes
 
 
-def islets(package, strokes):
-    """Islands that the coast leaves out, as strokes: dots, and hexagons for the larger ones."""
+def small_islands(package):
+    """Islands that the coast may leave out, largest first: rows of km2, longitude, latitude."""
     islands = []
     for polygon in Topology(package / "land-10m.json").polygons("land"):
         area = ring_area(polygon[0])
-        if area < 1.5 * LEAST_LAND_KM2:
-            middle = unit_vectors(polygon[0]).mean(axis=0)
-            lon, lat = np.degrees((np.arctan2(middle[1], middle[0]),
-                                   np.arctan2(middle[2], np.hypot(middle[0], middle[1]))))
-            islands.append((area, lon, lat))
-    islands = np.array(sorted(islands, reverse=True))
+        if area < LARGEST_ISLET_KM2:
+            x, y, z = unit_vectors(polygon[0]).mean(axis=0)
+            islands.append((area, *np.degrees((np.arctan2(y, x), np.arctan2(z, np.hypot(x, y))))))
+    return np.array(sorted(islands, reverse=True))
+
+
+def islets(package, strokes):
+    """Islands that the coast leaves out, as strokes: dots, and hexagons for the larger ones. The last
+    is the one farthest from any coast: the water fill begins at the coast's last point when its first
+    seed is cut off near the antipode, and so can harm no more than that dot."""
+    islands = small_islands(package)
     vectors = unit_vectors(islands[:, 1:])
-    named = [int(np.argmax(vectors @ unit_vectors(np.array(place)))) for place in
-             NAMED_ISLANDS.values()]
+    named = [int(np.argmax(vectors @ unit_vectors(np.array(place))))
+             for place in NAMED_ISLANDS.values()]
     coast = cKDTree(unit_vectors(np.concatenate([divide(stroke, 10) for stroke in strokes])))
-    free = coast.query(vectors)[0] > chord(ISLET_COAST_KM)
-    taken = []
-    for index in named + [k for k in np.flatnonzero(free) if k not in named]:
-        alone = not taken or np.linalg.norm(vectors[taken] - vectors[index], axis=1).min() > chord(
-            ISLET_GAP_KM)
-        if index in named or (alone and len(taken) < ISLET_COUNT):
+    offshore = coast.query(vectors)[0]
+    taken = list(named)
+    for index in np.flatnonzero(offshore > chord(ISLET_COAST_KM)):
+        nearest = np.linalg.norm(vectors[taken] - vectors[index], axis=1).min()
+        if nearest > chord(ISLET_GAP_KM) and len(taken) < ISLET_COUNT:
             taken.append(index)
-    return [islet_stroke(*islands[index]) for index in sorted(taken)]
+    remotest = max(taken, key=lambda index: offshore[index])
+    taken = sorted(set(taken) - {remotest}) + [remotest]
+    return [islet_stroke(*islands[index]) for index in taken]
 
 
 def islet_stroke(area, lon, lat):
@@ -129,12 +143,9 @@ def main():
     parser.add_argument("output", type=Path, help="folder that gets the three files")
     options = parser.parse_args()
     grid = Grid(CELLS_PER_DEGREE)
-    land = general_land(options.package, grid, Path(__file__).parent)
+    land = general_land(options.package, grid)
     strokes = coast_strokes(land, grid)
     dots = islets(options.package, strokes)
-    # a seed that is cut off near the antipode falls on the point before it; before the first seed
-    # that is the last point of the coast, which so must be an islet far from any land
-    dots.append(np.array([LAST_ISLET]))
     coast = records(strokes + dots)
     coast.tofile(options.output / "mapper.pnt")
     borders = border_strokes(options.package, strokes, land, grid, LONGEST_STEP_KM)
@@ -145,8 +156,10 @@ def main():
     rings = [ring for polygon in Topology(options.package / "land-10m.json").polygons("land")
              for ring in polygon]
     true_land = rasterise(rings, CELLS_PER_DEGREE)
-    chosen = seeds.choose_seeds(table, true_land, CELLS_PER_DEGREE, seeds.lattice(HOMES),
-                                FIRST_SEED, 400)
+    rooms = [np.mean(entry["line_lon_lat"], axis=0) for entry in corrections("straits")
+             if entry.get("seed_room")]
+    chosen = seeds.choose_seeds(table, true_land, CELLS_PER_DEGREE, seeds.lattice(HOMES), FIRST_SEED,
+                                rooms, LEAST_SEED_PIXELS)
     text = "".join(f"{lat:.2f},{lon:.2f}\n" for lon, lat in chosen)
     (options.output / "paintma.txt").write_text(text, encoding="ascii", newline="\n")
     print(f"{len(coast)} records, {len(strokes)} coasts, {len(dots)} islets, {len(chosen)} seeds; "

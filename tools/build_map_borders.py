@@ -5,12 +5,10 @@ from collections import Counter
 import numpy as np
 from scipy.spatial import cKDTree
 
-from build_map_shapes import chord, divide, length_km, simplify, unit_vectors
+from build_map_shapes import divide, simplify, unit_vectors
 from build_map_topology import Topology
 
 STEP_KM, SIMPLIFY_KM = 5, 18
-REACH_KM = 215  # a border that ends within this of the coast is carried to it
-MEET_KM = 60  # borders round the head of a gulf that the coast leaves out meet each other instead
 LEAST_KM = 60  # shorter pieces, left between two straits, are not worth a line
 
 
@@ -21,7 +19,7 @@ def spot(point):
 
 def joined_lines(arcs):
     """Arcs that meet end to end, and meet no third one there, put together."""
-    lines = {number: arc for number, arc in enumerate(arcs)}
+    lines = dict(enumerate(arcs))
     ends = {}
     for number, arc in lines.items():
         for point in (arc[0], arc[-1]):
@@ -69,22 +67,18 @@ def pieces_on_land(line, land, grid):
 
 def border_strokes(package, coast, land, grid, longest_km):
     """Borders as strokes of longitude and latitude: cut to the land, simplified, and each end that
-    lies by the sea carried to the nearest vertex of the coast."""
+    meets no other border carried to the nearest vertex of the coast."""
     vertices = np.concatenate(coast)
     tree = cKDTree(unit_vectors(vertices))
     arcs = Topology(package / "countries-50m.json").shared_arcs("countries")
     meetings = Counter(spot(arc[at]) for arc in arcs for at in (0, -1))
-    strokes, loose = [], []
+    strokes = []
     for line in joined_lines(arcs):
         for piece, whole in pieces_on_land(line, land, grid):
             for at in (0, -1):
                 if whole[at] and meetings[spot(piece[at])] > 1:
                     continue  # meets other borders, or itself
-                distance, vertex = tree.query(unit_vectors(piece[at]))
-                end = vertices[vertex] if distance < chord(REACH_KM) else next(
-                    (other for other in loose if length_km(other, piece[at]) < MEET_KM), piece[at])
-                if distance >= chord(REACH_KM):
-                    loose.append(end)
-                piece = np.concatenate((end[None], piece) if at == 0 else (piece, end[None]))
+                end = vertices[tree.query(unit_vectors(piece[at]))[1]][None]
+                piece = np.concatenate((end, piece) if at == 0 else (piece, end))
             strokes.append(divide(piece, longest_km))
     return strokes

@@ -157,12 +157,20 @@ class SeedChooser:
             chosen.append(best)
 
 
-def choose_seeds(coast, true_land, cells_per_degree, homes, first, least_gain):
+def square(middle, half_width, step):
+    """Points of a square net round `middle`, all in degrees of longitude and latitude."""
+    offset = np.arange(-half_width, half_width + step / 2, step)
+    lon, lat = np.meshgrid(middle[0] + offset, middle[1] + offset)
+    return np.stack((lon.ravel(), lat.ravel()), axis=1)
+
+
+def choose_seeds(coast, true_land, cells_per_degree, homes, first, rooms, least_gain):
     """Seeds as rows of longitude, latitude. `first` comes first: the antipode of that seed is at sea,
-    so that from every inhabited home it is drawn, and a later seed that is cut off falls on it."""
-    step = 0.75
-    lon, lat = np.meshgrid(np.arange(-180 + step / 2, 180, step), np.arange(-78, 84, step))
-    candidates = np.stack((lon.ravel(), lat.ravel()), axis=1)
+    so that from every inhabited home it is drawn, and a later seed that is cut off falls on it.
+    `rooms` are middles of small seas, where only few spots are safe and the net is tighter."""
+    net = square((0, 3), 180, 1.5)
+    net = net[(np.abs(net[:, 1] - 3) < 81) & (net[:, 0] < 180)]
+    candidates = np.concatenate([net] + [square(room, 0.6, 0.1) for room in rooms])
     candidates = candidates[~look_up(true_land, *candidates.T, cells_per_degree)]
     candidates = np.concatenate((np.array([first]), candidates))
     chooser = SeedChooser(candidates)

@@ -59,8 +59,8 @@ struct Tally {
 
 class Checker {
 public:
-    Checker(const TrueWorld& world, std::string dataFolder, double notable)
-        : world_(world), dataFolder_(std::move(dataFolder)), notable_(notable) {}
+    Checker(const TrueWorld& world, std::string dataFolder, double notable, double reach)
+        : world_(world), dataFolder_(std::move(dataFolder)), notable_(notable), reach_(reach) {}
 
     /// Prints the notable maps of a set, then its sums.
     /// @return false when a data file is missing or a map is flooded
@@ -74,7 +74,7 @@ public:
             drawBaseMap(surface_, style, dataFolder_, listener_, prompt_);
             if (prompt_.any)
                 return false;
-            const MapResult result = compareMap(surface_, style, world_);
+            const MapResult result = compareMap(surface_, style, world_, reach_);
             tally.add(result);
             report(home, result);
         }
@@ -105,6 +105,7 @@ private:
     const TrueWorld& world_;
     std::string dataFolder_;
     double notable_;
+    double reach_;
     PictureSurface surface_{baseMapSize, baseMapSize};
     SilentListener listener_;
     MissingFiles prompt_;
@@ -122,6 +123,8 @@ int run(const QStringList& arguments) {
                        {"land", "So many random homes on land.", "count", "0"},
                        {"anywhere", "So many random homes anywhere.", "count", "0"},
                        {"seed", "Seed of the random homes.", "number", "1"},
+                       {"reach", "Count pixels up to so many kilometres from home.", "kilometres",
+                        QString::number(shownReach)},
                        {"notable", "Print maps with this share wrong.", "percent", "0.4"}});
     parser.process(arguments);
     const QStringList files = parser.positionalArguments();
@@ -133,7 +136,8 @@ int run(const QStringList& arguments) {
         return 2;
     }
 
-    Checker checker(*world, files[1].toStdString(), parser.value("notable").toDouble());
+    Checker checker(*world, files[1].toStdString(), parser.value("notable").toDouble(),
+                    parser.value("reach").toDouble());
     bool good = checker.check("cylindrical map", {{"the world", {}}}, Projection::Miller);
     if (parser.isSet("zones")) {
         const auto homes = readZoneTable(parser.value("zones"));

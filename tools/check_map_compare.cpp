@@ -22,8 +22,9 @@ constexpr Colour white = 0xFFFFFF;
 /// The exact projections and their inverses, in double precision and without the program's limits.
 class ExactMap {
 public:
-    explicit ExactMap(const BaseMapStyle& style)
-        : miller_(style.projection == Projection::Miller), home_{style.HomeLatitude,
+    ExactMap(const BaseMapStyle& style, double reach)
+        : reach_(reach),
+          miller_(style.projection == Projection::Miller), home_{style.HomeLatitude,
                                                                  style.HomeLongitude},
           sinHome_(std::sin(home_.latitude * degree)), cosHome_(std::cos(home_.latitude * degree)) {
     }
@@ -46,7 +47,7 @@ public:
         return {east / across * distance, north / across * distance};
     }
 
-    /// @return nothing outside the map: beyond the inner circle, or past a pole or the date line
+    /// @return nothing outside the map: beyond its reach, or past a pole or the date line
     std::optional<Place> placeAt(MapPoint point) const {
         if (miller_) {
             const Place place{point.y / millerUnitsPerLatitude, point.x / millerUnitsPerLongitude};
@@ -55,7 +56,7 @@ public:
             return place;
         }
         const double distance = std::hypot(point.x, point.y);
-        if (distance >= MapRadius)
+        if (distance >= reach_)
             return std::nullopt;
         const double arc = distance / earthRadius;
         const double bearing = std::atan2(point.x, point.y);
@@ -81,6 +82,7 @@ public:
     }
 
 private:
+    double reach_;
     bool miller_;
     Place home_;
     double sinHome_;
@@ -154,8 +156,9 @@ private:
 
 } // namespace
 
-MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world) {
-    const ExactMap exact(style);
+MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world,
+                     double reach) {
+    const ExactMap exact(style, reach);
     const PictureSurface coast = drawTrueCoast(exact, world);
     const int width = map.pixelWidth();
     const int height = map.pixelHeight();

@@ -35,7 +35,13 @@ private:
     static double percent(int part, int whole) { return whole > 0 ? 100.0 * part / whole : 0.0; }
 };
 
+/// How far from home the azimuthal map shows points, in kilometres. In the ring from there to the
+/// inner circle no coast is drawn, and the lines that seal it decide the colour.
+inline constexpr double shownReach = 19731.0;
+
 /// Compares a finished base map, drawn in the style's colours, with the world.
-MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world);
+/// @param reach kilometres from home up to which pixels of the azimuthal map count
+MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world,
+                     double reach);
 
 } // namespace tovrel

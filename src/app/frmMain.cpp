@@ -28,6 +28,13 @@ namespace {
 
 constexpr int timerInterval = 60000; // milliseconds
 
+/// Upper left corner of a window of an outer size in the middle of a screen.
+QPoint centred(const QScreen& screen, QSize outer) {
+    const QRect area = screen.geometry();
+    return area.topLeft() +
+           QPoint((area.width() - outer.width()) / 2, (area.height() - outer.height()) / 2);
+}
+
 } // namespace
 
 frmMain::frmMain(RunData& runData)
@@ -132,7 +139,13 @@ void frmMain::connectMenu() {
         infoInput_->loadForm();
         infoInput_->show();
     });
-    onAct("mnuAbout", [this] { about_->show(); });
+    onAct("mnuHelp", [this] { commands_.mnuHelp(); });
+    onAct("mnuAbout", [this] {
+        // The frame of a dialog is taken to be as wide as that of the main window.
+        about_->move(centred(*screen(), about_->size().grownBy(frame_.margins())));
+        about_->show();
+        about_->activateWindow();
+    });
 }
 
 QString frmMain::hoverTip(double mapY, double mapX) {
@@ -193,12 +206,7 @@ void frmMain::setVisible(bool visible) {
     }
 }
 
-void frmMain::CenterForm() {
-    const QRect screenArea = screen()->geometry();
-    const QSize outer = frame_.size();
-    move(screenArea.x() + (screenArea.width() - outer.width()) / 2,
-         screenArea.y() + (screenArea.height() - outer.height()) / 2);
-}
+void frmMain::CenterForm() { move(centred(*screen(), frame_.size())); }
 
 void frmMain::followState(State state) {
     if (!stats_->isVisible() || state == State::Maximized) {

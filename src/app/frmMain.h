@@ -84,7 +84,7 @@ private:
     Commands commands_;
     CommandQueue queue_;
     MapView* Picture2View_;
-    QTimer Timer1_;
+    QTimer Timer1_{this};
 
     std::unique_ptr<frmMapStats> stats_;
     frmMapOptions* gcOptions_;

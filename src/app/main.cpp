@@ -6,7 +6,20 @@
 #include "run/RunData.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStandardPaths>
+
+namespace {
+
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QStringLiteral(":/icons/tovrel-%1.png").arg(size));
+    }
+    return icon;
+}
+
+} // namespace
 
 int main(int argc, char* argv[]) {
     // The whole command line is the name of the settings file: Qt must not take options out of it.
@@ -20,6 +33,8 @@ int main(int argc, char* argv[]) {
     int qtArguments = 1;
     QApplication application(qtArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Tovrel"));
+    QApplication::setWindowIcon(programIcon());
+    QApplication::setDesktopFileName(QStringLiteral("tovrel"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setStyle(new tovrel::frmStyle);
     QApplication::setFont(tovrel::windowFont());

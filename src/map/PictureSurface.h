@@ -37,7 +37,7 @@ public:
 
     Colour BackColor = 0xFFFFFF;
     Colour ForeColor = 0x000000;
-    int DrawWidth = 1; ///< pixels across a dot of PSet; lines and circles are one pixel wide
+    int DrawWidth = 1; ///< pixels across a dot of PSet, odd; lines and circles are one pixel wide
 
     double CurrentX = 0.0; ///< the current point, map units
     double CurrentY = 0.0;

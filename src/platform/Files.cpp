@@ -53,6 +53,11 @@ std::string findFile(const std::string& folder, std::string_view name) {
     return {};
 }
 
+std::string filePath(const std::string& folder, std::string_view name) {
+    const std::string found = findFile(folder, name);
+    return found.empty() ? joinPath(folder, name) : found;
+}
+
 std::optional<std::string> readFile(const std::string& path) {
     QFile file(fileName(path));
     if (!fileExists(path) || !file.open(QIODevice::ReadOnly))

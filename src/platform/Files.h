@@ -25,6 +25,9 @@ bool fileExists(const std::string& path);
 /// @return empty when there is none
 std::string findFile(const std::string& folder, std::string_view name);
 
+/// Path at which a file of the program is read and written: that of findFile(), or of a new file.
+std::string filePath(const std::string& folder, std::string_view name);
+
 /// All bytes of a plain file; nothing when it can't be opened or read to its end.
 std::optional<std::string> readFile(const std::string& path);
 

@@ -54,10 +54,28 @@ int frmStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     }
 }
 
+void frmStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                           const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item && item->menuItemType == QStyleOptionMenuItem::Separator) {
+        QStyleOptionMenuItem line(*item);
+        line.text.clear();
+        QProxyStyle::drawControl(element, &line, painter, widget);
+    } else {
+        QProxyStyle::drawControl(element, option, painter, widget);
+    }
+}
+
 QSize frmStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                  const QSize& contentsSize, const QWidget* widget) const {
     if (type == CT_MenuBarItem)
         return contentsSize + menuBarItemPadding;
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item && item->menuItemType == QStyleOptionMenuItem::Separator) {
+        QStyleOptionMenuItem line(*item);
+        line.text.clear();
+        return QProxyStyle::sizeFromContents(type, &line, contentsSize, widget);
+    }
     return QProxyStyle::sizeFromContents(type, option, contentsSize, widget);
 }
 

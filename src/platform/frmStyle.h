@@ -17,6 +17,10 @@ public:
     QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contentsSize,
                            const QWidget* widget) const override;
 
+    /// Separators of menus are lines, whatever their caption.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+
     /// Draws the title of a frame into its upper line: the option buttons begin right below.
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                             QPainter* painter, const QWidget* widget) const override;

@@ -315,6 +315,14 @@ void Commands::mnuResetBaseColors() {
     mnuRecreateMap();
 }
 
+void Commands::mnuHelp() {
+    const std::string guide = findFile(data_.ini.programFolder(), "Tovrel-Help.pdf");
+    if (!guide.empty() && !window_.openWithSystem(guide)) {
+        prompt_.tell("No program could be started to show the help file:\r\n" + guide,
+                     MessageIcon::Exclamation);
+    }
+}
+
 void Commands::applyMapOptions(Projection projection) {
     data_.maps.save(projection);
     data_.maps.unload(projection);

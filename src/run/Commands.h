@@ -53,6 +53,9 @@ public:
     void mnuChangeLandColor();
     void mnuChangeWaterColor();
     void mnuResetBaseColors();
+    /// Opens the user's guide. Nothing happens when it is missing; where no program shows it, the
+    /// user is told.
+    void mnuHelp();
     void mnuAbort() { data_.run.AbortRequested = true; }
 
     /// Apply Changes of a map's option window: stores the options and tells the statistics window

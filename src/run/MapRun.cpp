@@ -47,7 +47,7 @@ MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPro
       window_(window), listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapRun::cachePath() const {
-    return joinPath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
+    return filePath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
 }
 
 void MapRun::noteCustomMap() {

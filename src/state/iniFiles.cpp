@@ -17,7 +17,7 @@ constexpr std::size_t valueBuffer = 512;
 iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName,
                    PrivateProfile::Storage storage)
     : programFolder_(std::move(programFolder)), storage_(storage),
-      profile_(joinPath(programFolder_, IniFileName), storage) {}
+      profile_(filePath(programFolder_, IniFileName), storage) {}
 
 std::string iniFiles::ReadIniValue(std::string_view section, std::string_view key,
                                    std::string_view defaultValue) const {

@@ -13,7 +13,8 @@ namespace tovrel {
 class iniFiles {
 public:
     /// @param programFolder folder of the program and its data
-    /// @param IniFileName name of the settings file, appended to the folder unchanged
+    /// @param IniFileName name of the settings file, appended to the folder unchanged; an existing
+    ///        file is found in any case of its letters
     /// @param storage Memory for a run that must leave the folder as it is: what it writes lives
     ///        as long as this object
     iniFiles(std::string programFolder, std::string_view IniFileName,

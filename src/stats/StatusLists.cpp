@@ -3,6 +3,9 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <span>
+#include <utility>
 
 namespace tovrel {
 
@@ -40,13 +43,88 @@ bool itemLess(const Station& a, const Station& b) {
     return itemText(a) < itemText(b);
 }
 
+namespace {
+
+/// The first eight bytes of an item's text as a number that sorts as they do: a comparison of two
+/// numbers settles nearly every pair of items without a look at their texts.
+std::uint64_t textKey(std::string_view text, char behind) {
+    constexpr std::size_t length = 8;
+    std::uint64_t key = 0;
+    for (std::size_t i = 0; i < length; ++i) {
+        key = key << 8U | static_cast<unsigned char>(i < text.size() ? text[i] : behind);
+    }
+    return key;
+}
+
+std::uint64_t itemKey(const Station& station) { return textKey(station.call, ' '); }
+std::uint64_t itemKey(std::string_view text) { return textKey(text, '\0'); }
+
+/// Whether two items have the same text so far as the call goes.
+bool sameCall(const Station& a, const Station& b) { return a.call == b.call; }
+bool sameCall(std::string_view a, std::string_view b) { return a == b; }
+
+/// Puts items of one call in order. The texts are made once for each, not for each comparison.
+void sortSameCall(std::span<Station> stations) {
+    const auto samePlace = [&stations](const Station& other) {
+        return other.mapX == stations[0].mapX && other.mapY == stations[0].mapY;
+    };
+    if (std::all_of(stations.begin(), stations.end(), samePlace)) {
+        return;
+    }
+    std::vector<std::pair<std::string, Station>> texts;
+    texts.reserve(stations.size());
+    for (const Station& station : stations) {
+        texts.emplace_back(coordinateText(station), station);
+    }
+    std::stable_sort(texts.begin(), texts.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(texts.begin(), texts.end(), stations.begin(),
+                   [](const auto& text) { return text.second; });
+}
+void sortSameCall(std::span<std::string_view> /*equal*/) {}
+
+/// Puts items in the order of their texts.
+template <typename Item>
+void sortItems(std::span<Item> items) {
+    struct Place {
+        std::uint64_t key;
+        std::size_t item;
+    };
+    std::vector<Place> order(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        order[i] = {itemKey(items[i]), i};
+    }
+    std::sort(order.begin(), order.end(), [items](const Place& a, const Place& b) {
+        if (a.key != b.key) {
+            return a.key < b.key;
+        }
+        const Item& left = items[a.item];
+        const Item& right = items[b.item];
+        return sameCall(left, right) ? a.item < b.item : itemLess(left, right);
+    });
+    std::vector<Item> sorted(items.size());
+    std::transform(order.begin(), order.end(), sorted.begin(),
+                   [items](const Place& place) { return items[place.item]; });
+    for (std::size_t first = 0, last = 0; first < sorted.size(); first = last) {
+        do {
+            ++last;
+        } while (last < sorted.size() && sameCall(sorted[first], sorted[last]));
+        if (last - first > 1) {
+            sortSameCall(std::span(sorted).subspan(first, last - first));
+        }
+    }
+    std::copy(sorted.begin(), sorted.end(), items.begin());
+}
+
+} // namespace
+
 template <typename Item>
 const std::vector<Item>& SortedList<Item>::sorted() const {
     if (inOrder_ < items_.size()) {
-        const auto less = [](const Item& a, const Item& b) { return itemLess(a, b); };
         const auto added = items_.begin() + static_cast<std::ptrdiff_t>(inOrder_);
-        std::sort(added, items_.end(), less);
-        std::inplace_merge(items_.begin(), added, items_.end(), less);
+        sortItems(std::span(added, items_.end()));
+        std::inplace_merge(items_.begin(), added, items_.end(),
+                           [](const Item& a, const Item& b) { return itemLess(a, b); });
         inOrder_ = items_.size();
     }
     return items_;

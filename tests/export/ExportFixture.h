@@ -1,0 +1,83 @@
+#pragma once
+
+#include "export/GoogleExport.h"
+#include "platform/Numbers.h"
+#include "platform/TestFolder.h"
+#include "run/RunData.h"
+#include "run/TestDoubles.h"
+#include "state/InitSettings.h"
+
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace tovrel {
+
+/// Keeps status lines and bar values in the order in which they came.
+class TracingListener : public ScriptedListener {
+public:
+    void showStatus(std::string_view newStatus) override {
+        ScriptedListener::showStatus(newStatus);
+        trace.emplace_back(newStatus);
+    }
+    void showProgress(float value) override {
+        ScriptedListener::showProgress(value);
+        trace.push_back(decimalText(value));
+    }
+
+    std::vector<std::string> trace;
+};
+
+/// A program folder with dictionary and icons, a folder for the log, and an export between them.
+class ExportTest : public testing::Test {
+protected:
+    ExportTest() {
+        FieldTable::CreateFieldDictionary(program.path());
+        for (const char* icon : {"Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"})
+            program.write(icon, std::string("picture ") + icon);
+        data.ini.WriteIniValue(section::globals, "MyCall", "W1TVR");
+        InitSettings(data.ini, data.maps, data.google, data.run);
+        data.stats.lists().lstStats = {"of an earlier pass"};
+        data.stats.lists().addNotPlotted("W1AW");
+        data.tables.counters.QsosPlotted = 7;
+        prompt.answer = false;
+    }
+
+    static std::string record(const std::string& call, const std::string& fields = {}) {
+        return "<CALL:1>" + call + " <APP_LOGGER32_LAT:1>5 <APP_LOGGER32_LNG:1>5 " + fields +
+               "<EOR>\r\n";
+    }
+
+    void useLog(const std::string& bytes) { data.run.LogFileName = logs.write("log.adi", bytes); }
+
+    ExportEnd exportLog() { return exportLog({logs.path("log.kml"), logs.path("log.kmz")}); }
+
+    ExportEnd exportLog(const ExportFiles& files) {
+        GoogleExport pass(data.ini, data.google, data.run, data.stats,
+                          data.tables.counters.QsosPlotted, listener, prompt,
+                          [this](const std::string& path) {
+                              opened.push_back(path);
+                              return canOpen;
+                          });
+        return pass.CreateGoogleFile(files);
+    }
+
+    /// Lets the user act in the yield of the given number, counted over the passes from 1.
+    void inYield(int number, std::function<void()> act) {
+        listener.onYield = [number, act = std::move(act)](int yield) {
+            if (yield == number)
+                act();
+        };
+    }
+
+    TestFolder program;
+    TestFolder logs;
+    RunData data{program.path(), "Tovrel.ini"};
+    TracingListener listener;
+    ScriptedPrompt prompt;
+    std::vector<std::string> opened;
+    bool canOpen = true;
+};
+
+} // namespace tovrel
