@@ -36,7 +36,8 @@ TEST(BaseMap, WithoutItsFilesTellsAndShowsLandAlone) {
         EXPECT_EQ(map.prompt.told,
                   (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
                                             "The databse file 'paintma.txt' not found."}));
-        EXPECT_EQ(map.prompt.icons, (std::vector{MessageIcon::Exclamation, MessageIcon::Exclamation}));
+        EXPECT_EQ(map.prompt.icons,
+                  (std::vector{MessageIcon::Exclamation, MessageIcon::Exclamation}));
         EXPECT_TRUE(map.prompt.asked.empty()) << "no relief, no question";
         // The white of the south polar land took the land that it is one with.
         EXPECT_EQ(inkOf(map.surface, water).count, 0);
@@ -46,7 +47,7 @@ TEST(BaseMap, WithoutItsFilesTellsAndShowsLandAlone) {
 
 TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
     const TestFolder folder;
-    folder.write("MAPPER.PNT", coastAlong(-60, -180, 181) + coastAlong(60, -180, 181));
+    folder.write("MAPPER.PNT", coastAlong(-60, -180, 182) + coastAlong(60, -180, 182));
     folder.write("paintma.txt", "0,0\r\n");
     const struct {
         Projection projection;

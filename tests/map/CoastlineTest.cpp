@@ -117,7 +117,8 @@ TEST(Coastline, SealingClosesTheGapToTheRingWhereACoastWasCut) {
     // A fill right north of the coast's end must not come out south of it, seal or not sealed.
     const int x = pixel(19000);
     open.ExtFloodFill(x, pixel(-600), red);
-    EXPECT_EQ(open.GetPixel(x, pixel(600)), red) << "unsealed it floods, or this test shows nothing";
+    EXPECT_EQ(open.GetPixel(x, pixel(600)), red)
+        << "unsealed it floods, or this test shows nothing";
 
     drawing.coast.SealAntipodeRing();
     for (double r = 19700; r < 20000; r += 22)
@@ -151,7 +152,8 @@ TEST(Coastline, AnyBytesAreDrawnToTheirEnd) {
         for (char& byte : bytes)
             byte = static_cast<char>(random());
         for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-            CoastDrawing drawing(bytes, projection, static_cast<float>(round) * 30.0F - 90.0F, 100.0F, 200);
+            CoastDrawing drawing(bytes, projection, static_cast<float>(round) * 30.0F - 90.0F,
+                                 100.0F, 200);
             drawing.coast.SealAntipodeRing();
             EXPECT_GT(drawing.ink().count, 1000);
         }

@@ -55,13 +55,11 @@ TEST(PaintWater, ScalesSeedsByTheirOwnRule) {
         const char* seed;
         Projection projection;
         double x, y;
-    } cases[] = {{"51.5,0", Projection::Azimuthal, 333.33 + 4357.72 / 66.66,
-                  333.33 - 3562.63 / 66.66},
-                 {"-33.9,151.2", Projection::Azimuthal, 333.33 - 15925.64 / 66.66,
-                  333.33 + 1387.6 / 66.66},
-                 {"-70.5,170", Projection::Miller, 333.33 + 170 * 120 / 66.66,
-                  333.33 + 70.5 * 240 / 66.66},
-                 {"10,270", Projection::Miller, 333.33 - 11600 / 66.66, 333.33 - 2400 / 66.66}};
+    } cases[] = {
+        {"51.5,0", Projection::Azimuthal, 333.33 + 4357.72 / 66.66, 333.33 - 3562.63 / 66.66},
+        {"-33.9,151.2", Projection::Azimuthal, 333.33 - 15925.64 / 66.66, 333.33 + 1387.6 / 66.66},
+        {"-70.5,170", Projection::Miller, 333.33 + 170 * 120 / 66.66, 333.33 + 70.5 * 240 / 66.66},
+        {"10,270", Projection::Miller, 333.33 - 11600 / 66.66, 333.33 - 2400 / 66.66}};
     for (const auto& c : cases) {
         PictureSurface surface(baseMapSize, baseMapSize);
         const int x = static_cast<int>(std::lround(c.x));
@@ -83,11 +81,11 @@ TEST(PaintWater, TakesTheLinesThatItCan) {
     } cases[] = {{"", 0, 0},
                  {"50,0\r\n\r\nno comma\r\n30,20\r\n", 2, 2},
                  {"50,0\n30,20", 2, 2},
-                 {" 50.0 , -1e1 \r30,20\r", 2, 2},
-                 {"50,0\r\nN50,20\r\n30,20\r\n", 1, 3},      // what converts not ends the one,
-                 {"50,0\r\n,\r\n30,20\r\n", 1, 3},           // and counts as 0 in the other
+                 {" 50.0 , -1.1e1 \r30,20\r", 2, 2},
+                 {"50,0\r\nN50,20\r\n30,20\r\n", 1, 3}, // what converts not ends the one,
+                 {"50,0\r\n,\r\n30,20\r\n", 1, 3},      // and counts as 0 in the other
                  {"50,0\r\n50 N,0 E\r\n30,20\r\n", 1, 2},
-                 {"50,0\r\n-40,106\r\n30,20\r\n", 2, 3},     // cut off: where the last one was
+                 {"50,0\r\n-40,106\r\n30,20\r\n", 2, 3}, // cut off: where the last one was
                  {"50,0\r\n1e300,1e300\r\n30,20", -1, 2}};
     for (const auto& c : cases) {
         Cells azimuthal;

@@ -111,9 +111,9 @@ TEST(GreatCircle, CutsOffRoundTheAntipodeAndKeepsTheLastPosition) {
         int mode;
         double longitude;
         bool shown;
-    } cases[] = {{0, 177.43, true},  {0, 177.44, false}, {0, 178, false},  {0, 180, false},
-                 {0, -178, false},   {-3, 170.06, true}, {-3, 170.1, false}, {0, 170.1, true},
-                 {-3, 180, false}};
+    } cases[] = {{0, 177.43, true},  {0, 177.44, false}, {0, 178, false},
+                 {0, 180, false},    {0, -178, false},   {-3, 170.06, true},
+                 {-3, 170.1, false}, {0, 170.1, true},   {-3, 180, false}};
     for (const auto& c : cases) {
         GreatCircle circle = centredOn(0, 0);
         circle.PenUp = 0;
@@ -141,9 +141,14 @@ TEST(GreatCircle, MillerIsLinearAndWrapsPastTheRightEdge) {
     const struct {
         float latitude, longitude;
         double x, y;
-    } cases[] = {{90, 180, 21960, 21600},   {-90, -180, -21960, -21600}, {0.5F, 181, -21918, 120},
-                 {0, 180.25F, 21990.5, 0},  {0, 360, -80, 0},            {0, -181, -22082, 0},
-                 {0, 22000 / 122.0F, 22000, 0}, {10, -74.5F, -9089, 2400}};
+    } cases[] = {{90, 180, 21960, 21600},
+                 {-90, -180, -21960, -21600},
+                 {0.5F, 181, -21918, 120},
+                 {0, 180.25F, 21990.5, 0},
+                 {0, 360, -80, 0},
+                 {0, -181, -22082, 0},
+                 {0, 22000 / 122.0F, 22000, 0},
+                 {10, -74.5F, -9089, 2400}};
     for (const auto& c : cases) {
         const MapPoint point = projectMiller(c.latitude, c.longitude);
         EXPECT_FLOAT_EQ(static_cast<float>(point.x), static_cast<float>(c.x)) << c.longitude;

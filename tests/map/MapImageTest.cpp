@@ -39,9 +39,11 @@ TEST(MapImage, StampsTheLowerCornersOfACopy) {
         const double line = azimuthal ? 700 : 1400; // height of a line in map units
         EXPECT_GT(inkIn(Picture3, -21500, -19600, -17000, -19600 - line), 50);
         EXPECT_GT(inkIn(Picture3, 13000, azimuthal ? -20500 : -19600, 18000, -22000), 50);
-        EXPECT_EQ(inkIn(Picture3, -10000, -20600, 12900, -22000), 0);
+        EXPECT_EQ(inkIn(Picture3, -5000, -19500, 12900, -22000), 0);
         EXPECT_EQ(inkIn(Picture3, 13000, -19500, 22000, -20400) == 0, azimuthal);
-        EXPECT_EQ(inkIn(Picture3, -21500, -20500, -17000, -20500 - line) > 50, azimuthal);
+        if (azimuthal) {
+            EXPECT_GT(inkIn(Picture3, -21500, -20500, -15000, -20500 - line), 50);
+        }
         EXPECT_EQ(inkIn(Picture3, -22000, 22000, 22000, -19500), 0) << "nothing above";
         EXPECT_EQ(inkIn(Picture3, -22000, 22000, -21550, -22000), 0) << "nothing left of it";
     }

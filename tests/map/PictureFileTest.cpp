@@ -38,8 +38,8 @@ TEST(PictureFile, GivesNothingForWhatIsNoPicture) {
     const std::string bitmap = folder.read("good.bmp");
     std::string huge = bitmap; // claims a million pixels square
     huge.replace(18, 8, std::string("\x40\x42\x0F\0\x40\x42\x0F\0", 8));
-    const std::string cases[] = {"", "BM", "no picture at all", bitmap.substr(0, 30), huge,
-                                 std::string(5000, '\xFF')};
+    const std::string cases[] = {
+        "", "BM", "no picture at all", bitmap.substr(0, 30), huge, std::string(5000, '\xFF')};
     for (const std::string& bytes : cases)
         EXPECT_FALSE(LoadPicture(folder.write("bad.bmp", bytes))) << bytes.substr(0, 20);
     EXPECT_FALSE(LoadPicture(folder.path("none.bmp")));

@@ -186,17 +186,19 @@ TEST(PictureSurface, TheFloodTakesTheConnectedRegionOfOneColourExactly) {
 }
 
 TEST(PictureSurface, TheFloodCopesWithBigSurfacesAndNoSeed) {
-    PictureSurface surface = whiteSurface(3000, 3000);
-    for (int x = 1; x < 3000; x += 2) { // a comb, so that the region winds through all rows
-        for (int y = x % 4 == 1 ? 1 : 0; y < (x % 4 == 1 ? 3000 : 2999); ++y)
+    constexpr int size = 1500;
+    PictureSurface surface = whiteSurface(size, size);
+    for (int x = 1; x < size; x += 2) { // a comb, so that the region winds through all rows
+        const bool openAbove = x % 4 == 1;
+        for (int y = openAbove ? 1 : 0; y < (openAbove ? size : size - 1); ++y)
             surface.SetPixel(x, y, black);
     }
     const int walls = inkOf(surface, black).count;
     surface.ExtFloodFill(0, 0, red);
-    EXPECT_EQ(inkOf(surface, red).count, 3000 * 3000 - walls);
+    EXPECT_EQ(inkOf(surface, red).count, size * size - walls);
     surface.ExtFloodFill(0, 0, red); // already of that colour
     surface.ExtFloodFill(-1, 0, white);
-    surface.ExtFloodFill(0, 3000, white);
+    surface.ExtFloodFill(0, size, white);
     EXPECT_EQ(inkOf(surface, white).count, 0);
 }
 
@@ -236,7 +238,7 @@ TEST(PictureSurface, TextBeginsWithItsTopLeftCornerAndTurnsAboutIt) {
     const struct {
         int escapement;
         int left, top, right, bottom; // where ink may be, in letter heights from the corner
-    } cases[] = {{0, 0, 0, 9, 1},     {900, 0, -9, 1, 0},  {-900, -1, 0, 0, 9},
+    } cases[] = {{0, 0, 0, 9, 1},      {900, 0, -9, 1, 0}, {-900, -1, 0, 0, 9},
                  {1800, -9, -1, 0, 0}, {3600, 0, 0, 9, 1}, {-2700, 0, -9, 1, 0}};
     for (const auto& c : cases) {
         PictureSurface surface = whiteSurface(440, 440);

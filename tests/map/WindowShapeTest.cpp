@@ -16,14 +16,11 @@ TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
         int edge;
         WindowRect azimuthal;
         WindowRect miller;
-    } cases[] = {{1, {10, 20, 310, 320}, {10, 20, 310, 170}},
-                 {2, {10, 20, 310, 320}, {10, 20, 310, 170}},
-                 {3, {10, 20, 210, 220}, {10, 20, 410, 220}},
-                 {4, {110, 20, 310, 220}, {-90, 20, 310, 220}},
-                 {5, {10, 20, 210, 220}, {10, 20, 410, 220}},
-                 {6, {10, 20, 210, 220}, {10, 20, 410, 220}},
-                 {7, {10, 20, 310, 320}, {10, 20, 310, 170}},
-                 {8, {10, 20, 310, 320}, {10, 20, 310, 170}}};
+    } cases[] = {
+        {1, {10, 20, 310, 320}, {10, 20, 310, 170}}, {2, {10, 20, 310, 320}, {10, 20, 310, 170}},
+        {3, {10, 20, 210, 220}, {10, 20, 410, 220}}, {4, {110, 20, 310, 220}, {-90, 20, 310, 220}},
+        {5, {10, 20, 210, 220}, {10, 20, 410, 220}}, {6, {10, 20, 210, 220}, {10, 20, 410, 220}},
+        {7, {10, 20, 310, 320}, {10, 20, 310, 170}}, {8, {10, 20, 310, 320}, {10, 20, 310, 170}}};
     const WindowRect proposed{10, 20, 310, 220};
     for (const auto& c : cases) {
         const auto edge = static_cast<SizingEdge>(c.edge);
@@ -33,9 +30,7 @@ TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
 }
 
 TEST(WindowShape, RoundsTheMillerHeightToAnEvenBottom) {
-    const struct {
-        int top, bottom;
-    } cases[] = {{100, 550}, {101, 552}, {-100, 350}};
+    const struct { int top, bottom; } cases[] = {{100, 550}, {101, 552}, {-100, 350}};
     for (const auto& c : cases) {
         EXPECT_EQ(SizingProc({0, c.top, 901, 700}, SizingEdge::Right, Projection::Miller).bottom,
                   c.bottom);
@@ -56,8 +51,8 @@ TEST(WindowShape, TellsTheDraggedEdgeFromWhatMoved) {
                  {{80, 100, 500, 530}, SizingEdge::BottomLeft},
                  {{100, 100, 530, 520}, SizingEdge::BottomRight},
                  {{100, 100, 500, 500}, SizingEdge::BottomRight},
-                 {{130, 140, 530, 540}, SizingEdge::BottomRight},  // moved, not sized
-                 {{130, 140, 540, 540}, SizingEdge::Left}};        // moved and sized by a jump
+                 {{130, 140, 530, 540}, SizingEdge::BottomRight}, // moved, not sized
+                 {{130, 140, 540, 540}, SizingEdge::Left}};       // moved and sized by a jump
     for (const auto& c : cases)
         EXPECT_EQ(draggedEdge(before, c.after), c.edge) << c.after;
 }

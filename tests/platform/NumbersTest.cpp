@@ -114,5 +114,27 @@ TEST(Numbers, writesTheShortestTextThatReadsBack) {
     EXPECT_EQ(decimalText(16777216.0F), "16777216");
 }
 
+TEST(Numbers, writesAtMostFifteenDigitsInGeneralFormat) {
+    const std::pair<double, std::string> cases[] = {
+        {-73.5, "-73.5"},
+        {0.5, "0.5"},
+        {-0.0, "0"},
+        {12.0, "12"},
+        {100.0, "100"},
+        {1.0 / 3.0, "0.333333333333333"},
+        {-2.0 / 3.0, "-0.666666666666667"},
+        {0.1 + 0.2, "0.3"},
+        {123.456789012345678, "123.456789012346"},
+        {0.0001, "0.0001"},
+        {0.00001, "1e-05"},
+        {999999999999999.0, "999999999999999"},
+        {999999999999999.5, "1e+15"},
+        {1e15, "1e+15"},
+        {-largest, "-1.79769313486232e+308"},
+    };
+    for (const auto& [value, text] : cases)
+        EXPECT_EQ(generalText(value), text);
+}
+
 } // namespace
 } // namespace tovrel

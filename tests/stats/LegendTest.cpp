@@ -15,17 +15,16 @@ TEST(Legend, EntriesHaveTheirNamesAndDefaultColours) {
         LegendEntry entry;
         const char *button, *label, *caption, *key;
         Colour colour;
-    } cases[] = {
-        {LegendEntry::Confirmed, "cmdConfirmed", "lblConfirmed", "Confirmed", "ConfirmedColor",
-         4259584},
-        {LegendEntry::Worked, "cmdWorked", "lblWorked", "Worked", "WorkedColor", 255},
-        {LegendEntry::Heard, "cmdHeard", "lblHeard", "Heard", "HeardColor", 16711680},
-        {LegendEntry::Home, "cmdHome", "lblHome", "Home QTH", "QTHColor", 65535},
-        {LegendEntry::PlotOutline, "cmdPlotOutline", "lblPlotOutline", "Plot Outline",
-         "OutlineColor", 0},
-        {LegendEntry::Line, "cmdLine", "lblPlotLine", "Plot Line", "LineColor", 255},
-        {LegendEntry::Meridian, "cmdMeridian", "lblMeridian", "Meridian Line", "MeridianColor",
-         8421504}};
+    } cases[] = {{LegendEntry::Confirmed, "cmdConfirmed", "lblConfirmed", "Confirmed",
+                  "ConfirmedColor", 4259584},
+                 {LegendEntry::Worked, "cmdWorked", "lblWorked", "Worked", "WorkedColor", 255},
+                 {LegendEntry::Heard, "cmdHeard", "lblHeard", "Heard", "HeardColor", 16711680},
+                 {LegendEntry::Home, "cmdHome", "lblHome", "Home QTH", "QTHColor", 65535},
+                 {LegendEntry::PlotOutline, "cmdPlotOutline", "lblPlotOutline", "Plot Outline",
+                  "OutlineColor", 0},
+                 {LegendEntry::Line, "cmdLine", "lblPlotLine", "Plot Line", "LineColor", 255},
+                 {LegendEntry::Meridian, "cmdMeridian", "lblMeridian", "Meridian Line",
+                  "MeridianColor", 8421504}};
     const Legend legend;
     ASSERT_EQ(std::size(cases), allLegendEntries.size());
     for (std::size_t i = 0; i < std::size(cases); ++i) {

@@ -11,6 +11,7 @@ namespace {
 struct MapStatsTest : testing::Test {
     MapStatsTest() {
         folder.write("x.ini",
+                     "[Globals]\r\nLatitude=40\r\nLongitude=181\r\n"
                      "[GCMapOptions]\r\nHeardColor=111\r\nLineColor=222\r\nLine=3\r\nBand0=1\r\n"
                      "Mode2=1\r\nIOTA4=1\r\nIOTA7=1\r\n"
                      "[MCMapOptions]\r\nHeardColor=333\r\nLineColor=444\r\nLine=2\r\nBand0=0\r\n"
@@ -89,8 +90,6 @@ TEST_F(MapStatsTest, APickedColourGoesToTheMapInForceAlone) {
 }
 
 TEST_F(MapStatsTest, AStationGetsALineFromHome) {
-    run.HomeLatitude = 40.0F;
-    run.HomeLongitude = 181.0F;
     const Station station{"W1AW", 3562.6291, -4357.7215};
     const struct {
         Projection projection;
@@ -114,12 +113,6 @@ TEST_F(MapStatsTest, AStationGetsALineFromHome) {
     }
     stats.pickStation({"VK6A", std::nan(""), std::nan("")});
     EXPECT_FALSE(line.shape().visible) << "a station at the antipode has no place";
-}
-
-TEST_F(MapStatsTest, AClickAfterClosingUsesTheStoredLine) {
-    stats.pickStation({"W1AW", 1, 2});
-    EXPECT_EQ(line.shape().width, 3) << "the width is known before the line is drawn";
-    EXPECT_EQ(line.shape().colour, 222U);
 }
 
 } // namespace

@@ -23,8 +23,8 @@ TEST(StatusLists, AnItemIsCallBlanksAndPlainNumbers) {
 TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
     // Every pair of awkward calls and places, against the texts themselves.
     const std::string_view calls[] = {
-        "",     "A",      "A ",   "A  B", "A\t",         "A!",   "AB", "A\x01", "A ~", "B",
-        "a",    "A|",     "A\xC4", "A |1", "\x01",       "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
+        "",  "A",  "A ",    "A  B", "A\t",  "A!",   "AB",     "A\x01", "A ~",     "B",
+        "a", "A|", "A\xC4", "A |1", "\x01", "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
     const double places[] = {0.0, -1.5, 2.0, 10.0, 100.25, std::nan("")};
     SortedList<Station> list;
     std::vector<std::string> expected;
@@ -73,10 +73,10 @@ TEST(StatusLists, AreInOrderWheneverSomebodyLooks) {
     EXPECT_EQ(sorted(), "F1A ");
 }
 
-TEST(StatusLists, AMillionItemsAreSortedTogether) {
+TEST(StatusLists, ManyItemsAreSortedTogether) {
     StatusLists lists;
     std::mt19937 random(1);
-    constexpr int many = 1'000'000;
+    constexpr int many = 400'000;
     for (int i = 0; i < many; ++i)
         lists.addNotPlotted("K" + std::to_string(random() % 50000));
     std::size_t inOrder = 0;

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "map/Pixels.h"
+#include "platform/TestFolder.h"
+#include "plot/GCMapLoadADIF.h"
+#include "run/RunData.h"
+#include "run/TestDoubles.h"
+
+namespace tovrel {
+
+/// What a record of a test log says; an empty text leaves its field out.
+struct Contact {
+    std::string call = "K1ABC";
+    std::string latitude{};
+    std::string longitude{}; ///< west positive, as the log has it
+    std::string band = "20M";
+    std::string mode = "CW";
+    std::string iota{};
+    std::string more{}; ///< further fields, whole
+};
+
+inline std::string adif(std::string_view tag, std::string_view value) {
+    if (value.empty())
+        return {};
+    return "<" + std::string(tag) + ":" + std::to_string(value.size()) + ">" + std::string(value) +
+           " ";
+}
+
+inline std::string record(const Contact& c) {
+    return adif("CALL", c.call) + adif("BAND", c.band) + adif("MODE", c.mode) +
+           adif("IOTA", c.iota) + adif("APP_LOGGER32_LAT", c.latitude) +
+           adif("APP_LOGGER32_LNG", c.longitude) + c.more + "<EOR>\r\n";
+}
+
+/// A run in a folder with a dictionary, home and a log; its passes draw on a white surface.
+struct PlotRun {
+    explicit PlotRun(const std::string& log, Projection projection = Projection::Azimuthal,
+                     const std::string& settings = "") {
+        FieldTable::CreateFieldDictionary(folder.path());
+        folder.write("t.ini", "[Globals]\r\nLatitude=40\r\nLongitude=-74\r\n"
+                              "[GCMapOptions]\r\nShowMe=False\r\nBand0=1\r\nMode0=1\r\nIOTA0=1\r\n"
+                              "Marker=Large\r\n"
+                              "[MCMapOptions]\r\nShowMe=False\r\nBand0=1\r\nMode0=1\r\nIOTA0=1\r\n"
+                              "Marker=Small\r\n" +
+                                  settings);
+        data.run.LogFileName = folder.write("log.adi", log);
+        data.run.marks.projection = projection;
+        data.maps.load(projection);
+    }
+
+    PassEnd plot() {
+        surface.Cls();
+        data.stats.lists().clear();
+        GCMapLoadADIF pass(data.ini, data.maps, data.run, data.stats, data.tables, surface,
+                           listener, prompt);
+        return pass.PlotLog();
+    }
+
+    /// "read plotted confirmed worked heard not-plotted".
+    std::string counters() const {
+        const PassCounters& n = data.tables.counters;
+        std::string all;
+        for (const std::int32_t count : {n.QsosRead, n.QsosPlotted, n.QsosConfirmed, n.QsosWorked,
+                                         n.QsosHeard, n.QsosNotPlotted})
+            all += (all.empty() ? "" : " ") + std::to_string(count);
+        return all;
+    }
+    template <typename List>
+    static std::string calls(const List& list) {
+        std::string all;
+        for (const auto& item : list.sorted()) {
+            const std::string text = itemText(item);
+            all += text.substr(0, text.find("  ")) + " ";
+        }
+        return all;
+    }
+
+    TestFolder folder;
+    RunData data{folder.path(), "t.ini"};
+    PictureSurface surface = whiteSurface(667, 667);
+    ScriptedListener listener;
+    ScriptedPrompt prompt;
+};
+
+} // namespace tovrel

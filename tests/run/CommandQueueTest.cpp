@@ -1,0 +1,64 @@
+#include "run/CommandQueue.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+struct CommandQueueTest : testing::Test {
+    /// A command that notes its name, and asks for others midway.
+    CommandQueue::Command command(const std::string& name, std::vector<std::string> midway = {}) {
+        return [this, name, midway = std::move(midway)] {
+            EXPECT_TRUE(queue.busy());
+            log += name + "(";
+            for (const std::string& other : midway)
+                queue.run(other, command(other));
+            log += ")";
+        };
+    }
+    CommandQueue queue;
+    std::string log;
+};
+
+TEST_F(CommandQueueTest, RunsAtOnceWhenNothingElseDoes) {
+    queue.run("a", command("a"));
+    EXPECT_EQ(log, "a()");
+    EXPECT_FALSE(queue.busy());
+    queue.run("a", command("a"));
+    EXPECT_EQ(log, "a()a()");
+}
+
+TEST_F(CommandQueueTest, WhatArrivesMidwayWaitsAndRunsOnceInItsOrder) {
+    queue.commandEnded = [this] { log += ";"; };
+    queue.run("a", command("a", {"c", "b", "c", "a", "b", "a"}));
+    EXPECT_EQ(log, "a();c();b();a();") << "the running one may be asked for again";
+    EXPECT_FALSE(queue.busy());
+}
+
+TEST_F(CommandQueueTest, WhatWaitsMayLetOthersWait) {
+    queue.run("a", [this] {
+        log += "a(";
+        queue.run("b", command("b", {"a", "c"}));
+        queue.run("c", command("c"));
+        log += ")";
+    });
+    EXPECT_EQ(log, "a()b()c()a()");
+}
+
+TEST_F(CommandQueueTest, ClosingDropsWhatWaitsAndTakesNothingMore) {
+    int ended = 0;
+    queue.commandEnded = [&] { ++ended; };
+    queue.run("a", [this] {
+        queue.run("b", command("b"));
+        queue.close();
+        queue.run("c", command("c"));
+        log += "a";
+    });
+    queue.run("d", command("d"));
+    EXPECT_EQ(log, "a");
+    EXPECT_EQ(ended, 1);
+    EXPECT_FALSE(queue.busy());
+}
+
+} // namespace
+} // namespace tovrel

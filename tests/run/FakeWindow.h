@@ -1,0 +1,88 @@
+#pragma once
+
+#include "run/MapWindow.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tovrel {
+
+/// A window that keeps what it is told, answers its dialogs as a test says, and shows nothing.
+class FakeWindow : public MapWindow {
+public:
+    static constexpr float frame = 900.0F; ///< title bar and menu, twips
+
+    State windowState() const override { return state; }
+    float Width() const override { return width; }
+    float Height() const override { return height; }
+    void setWidth(float newWidth) override { width = newWidth; }
+    void setHeight(float newHeight) override { height = newHeight; }
+    float ScaleHeight() const override { return height - frame; }
+    void setCaption(const std::string& newCaption) override { caption = newCaption; }
+    void setVisible(bool visible) override { calls.emplace_back(visible ? "show" : "hide"); }
+    void CenterForm() override { calls.emplace_back("center"); }
+    void followState(State followed) override { lastFollowed = followed; }
+    void showMap() override { ++mapsShown; }
+    void setWaitPointer(bool wait) override { waitPointer = wait; }
+    void setTimer1(bool enabled) override {
+        timer1 = enabled;
+        calls.emplace_back(enabled ? "timer on" : "timer off");
+    }
+    bool statsVisible() const override { return statsShown; }
+    void hideStats() override { calls.emplace_back("hide stats"); }
+    void closeStats() override {
+        calls.emplace_back("close stats");
+        if (onCloseStats)
+            onCloseStats();
+    }
+    void mnuView_Stats() override { calls.emplace_back("view stats"); }
+    void askStationInfo() override {
+        calls.emplace_back("ask station");
+        if (onAskStation)
+            onAskStation();
+    }
+    std::optional<std::string> openFile(const std::string& title, const std::string& folder,
+                                        const std::string& filter) override {
+        fileDialogs.push_back(title + "|" + folder + "|" + filter);
+        return chosenFile;
+    }
+    std::optional<Colour> chooseColour(Colour start) override {
+        colourDialogs.push_back(start);
+        return chosenColour;
+    }
+    bool openWithSystem(const std::string& path) override {
+        opened.push_back(path);
+        return true;
+    }
+    void close() override { calls.emplace_back("close"); }
+
+    /// The calls so far, joined with commas; they are forgotten.
+    std::string takeCalls() {
+        std::string all;
+        for (const std::string& call : calls)
+            all += (all.empty() ? "" : ",") + call;
+        calls.clear();
+        return all;
+    }
+
+    State state = State::Normal;
+    float width = 5000.0F;
+    float height = 5000.0F;
+    std::string caption;
+    State lastFollowed = State::Normal;
+    int mapsShown = 0;
+    bool waitPointer = true;
+    bool timer1 = false;
+    bool statsShown = false;
+    std::vector<std::string> calls;
+    std::vector<std::string> fileDialogs;
+    std::vector<Colour> colourDialogs;
+    std::vector<std::string> opened;
+    std::optional<std::string> chosenFile;
+    std::optional<Colour> chosenColour;
+    std::function<void()> onAskStation;
+    std::function<void()> onCloseStats;
+};
+
+} // namespace tovrel

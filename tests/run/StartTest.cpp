@@ -1,0 +1,202 @@
+#include "run/TestProgram.h"
+
+#include <filesystem>
+
+namespace tovrel {
+namespace {
+
+constexpr Colour cachedColour = 0x778899;
+
+void writeCache(const TestFolder& folder, Projection projection) {
+    QImage image(667, 667, QImage::Format_RGB32);
+    image.fill(imageColour(cachedColour));
+    ASSERT_TRUE(SavePicture(image, folder.path(baseMapCacheName(projection))));
+}
+
+TEST(Start, FirstRunAsksForTheStationBeforeItBuildsTheMap) {
+    TestProgram program;
+    program.window.onAskStation = [&] {
+        EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
+        program.data->ini.WriteIniValue("Globals", "Latitude", "52");
+        program.data->ini.WriteIniValue("Globals", "Longitude", "13.5");
+    };
+    program.start();
+    EXPECT_EQ(program.window.takeCalls(), "ask station,center");
+    EXPECT_EQ(program.folder.names(),
+              "GCBaseMap.map TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
+    EXPECT_EQ(program.setting("Globals", "Version"), "1.0.0");
+    EXPECT_EQ(program.window.caption, "Tovrel - Azimuthal Equidistant Projection");
+    EXPECT_EQ(program.data->run.HomeLatitude, 52.0F);
+    EXPECT_TRUE(program.showsItsWorld());
+    EXPECT_TRUE(program.homeShown());
+    EXPECT_FALSE(program.graticuleShown());
+    EXPECT_FALSE(program.window.waitPointer);
+    EXPECT_FALSE(program.window.timer1);
+    EXPECT_TRUE(program.data->run.FormReady);
+    EXPECT_FALSE(program.data->run.MapPlotted);
+    EXPECT_TRUE(program.prompt.told.empty());
+    EXPECT_EQ(program.window.height, 8000.0F);
+    EXPECT_EQ(program.window.width, 8000.0F - FakeWindow::frame) << "as wide as the client is high";
+    EXPECT_EQ(program.map->Picture2.Height(), 8000.0F - FakeWindow::frame);
+    EXPECT_EQ(program.map->Picture2.Width(), program.map->Picture2.Height()) << "square";
+}
+
+TEST(Start, AnEmptyFolderMissesItsFilesAndStillStarts) {
+    TestProgram program({}, false);
+    program.start();
+    EXPECT_EQ(program.prompt.told,
+              (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
+                                        "The databse file 'paintma.txt' not found."}));
+    EXPECT_EQ(program.folder.names(), "GCBaseMap.map TVADIF.txt Tovrel.ini ");
+    EXPECT_TRUE(program.homeShown());
+    program.prompt.told.clear();
+    program.restart();
+    program.start();
+    EXPECT_TRUE(program.prompt.told.empty()) << "the second start has its cache";
+    EXPECT_EQ(program.window.takeCalls(), "ask station,center,center");
+}
+
+TEST(Start, APreparedFolderServesItsCacheAndKeepsItsDictionary) {
+    TestProgram program(home + "[Log]\r\nadifile=missing.adi\r\n");
+    writeCache(program.folder, Projection::Azimuthal);
+    const std::string cache = program.folder.read("GCBaseMap.map");
+    program.folder.write("tvadif.txt", "CALL\r\n");
+    program.start();
+    EXPECT_EQ(program.window.takeCalls(), "center") << "no question to a known user";
+    EXPECT_EQ(program.mapAt(40, 0), cachedColour) << "used without any test";
+    EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache);
+    EXPECT_EQ(program.folder.read("tvadif.txt"), "CALL\r\n");
+    EXPECT_EQ(program.listener.yields, 0);
+    EXPECT_EQ(program.data->run.LogFileName, "");
+    EXPECT_EQ(program.setting("Log", "adifile"), "missing.adi");
+    EXPECT_TRUE(program.prompt.told.empty());
+}
+
+TEST(Start, TakesTheStoredLogIfItStands) {
+    TestProgram program(home);
+    const std::string log = program.folder.write("my log.adi", "");
+    program.data->ini.WriteIniValue("Log", "ADIFILE", log);
+    program.start();
+    EXPECT_EQ(program.data->run.LogFileName, log);
+    EXPECT_EQ(program.listener.begun, 0) << "it is not read";
+}
+
+TEST(Start, DisplayChoosesTheMapAndItsSize) {
+    const struct {
+        const char* display;
+        bool azimuthal;
+    } cases[] = {
+        {"", true}, {"Azimuthal", true}, {"Miller", false}, {"azimuthal", false}, {"x", false}};
+    for (const auto& c : cases) {
+        TestProgram program(home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + c.display +
+                            "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n"
+                            "[GCMapOptions]\r\nHeardColor=3\r\nMeridianColor=4\r\n");
+        program.start();
+        EXPECT_EQ(program.data->run.marks.azimuthal(), c.azimuthal) << c.display;
+        EXPECT_EQ(program.window.caption, c.azimuthal ? "Tovrel - Azimuthal Equidistant Projection"
+                                                      : "Tovrel - Miller Cylindrical Projection");
+        EXPECT_EQ(program.window.height, c.azimuthal ? 6000.0F : 4500.0F);
+        EXPECT_EQ(program.window.width, c.azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
+        EXPECT_EQ(program.map->Picture2.Height(), program.window.height - FakeWindow::frame);
+        if (!c.azimuthal) {
+            EXPECT_EQ(program.map->Picture2.Width(), 9000.0F - 110.0F);
+        }
+        EXPECT_TRUE(program.showsItsWorld()) << c.display;
+        const Legend& legend = program.data->stats.legend();
+        EXPECT_EQ(legend.colour(LegendEntry::Heard), 3U) << "the azimuthal palette, on either map";
+        EXPECT_EQ(legend.colour(LegendEntry::Meridian), c.azimuthal ? 4U : 2U);
+    }
+}
+
+TEST(Start, SizesThatAreNoNumbersAreTheDefaultOnes) {
+    TestProgram program(home + "GCHeight=tall\r\n");
+    program.start();
+    EXPECT_EQ(program.window.height, 8000.0F);
+}
+
+TEST(Start, ACacheThatIsNoPictureIsBuiltAnew) {
+    for (const std::string garbage : {"", "no bitmap", "BM\1\2\3\4"}) {
+        TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+        program.folder.write("GCBaseMap.map", garbage);
+        program.start();
+        EXPECT_TRUE(program.showsItsWorld());
+        EXPECT_TRUE(LoadPicture(program.folder.path("GCBaseMap.map")));
+        EXPECT_FALSE(program.data->run.marks.mnuMeridian);
+        EXPECT_FALSE(program.data->run.marks.mnuTopo);
+        EXPECT_TRUE(program.prompt.asked.empty());
+    }
+}
+
+TEST(Start, WithACacheTheOverlaysComeAsStored) {
+    TestProgram program(home +
+                        "[GCMapOptions]\r\nMeridian=True\r\nShowMe=False\r\nShowComp=True\r\n"
+                        "15Deg=True\r\nCompBold=True\r\nCompNorm=False\r\n");
+    writeCache(program.folder, Projection::Azimuthal);
+    program.start();
+    EXPECT_TRUE(program.graticuleShown());
+    EXPECT_FALSE(program.homeShown());
+    EXPECT_GT(inkOf(program.map->Picture1, black).count, 1000) << "a compass, bold and dense";
+    program.restart();
+    program.data->ini.WriteIniValue("GCMapOptions", "ShowComp", "False");
+    program.start();
+    EXPECT_EQ(inkOf(program.map->Picture1, black).count, 0);
+}
+
+TEST(Start, ACacheThatCantBeWrittenServesFromMemory) {
+    TestProgram program(home);
+    {
+        const ReadOnlyFolder locked(program.folder);
+        program.start();
+        EXPECT_TRUE(program.showsItsWorld());
+        program.map->ResetMap();
+        EXPECT_TRUE(program.showsItsWorld()) << "the map never goes blank";
+        program.commands->mnuMiller();
+        EXPECT_TRUE(program.showsItsWorld());
+        program.window.height = 9000;
+        program.map->Form_Resize();
+        EXPECT_TRUE(program.showsItsWorld());
+    }
+    EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
+}
+
+TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
+    for (const bool azimuthal : {true, false}) {
+        TestProgram program(home + "GCHeight=6000\r\nMlWidth=7500\r\nDisplay=" +
+                            (azimuthal ? "Azimuthal" : "Miller") + "\r\n");
+        program.start();
+        program.window.height = 6543.5F;
+        program.window.width = 8765.0F;
+        program.commands->Form_Unload();
+        EXPECT_EQ(program.setting("Globals", "GCHeight"), azimuthal ? "6543.5" : "6000");
+        EXPECT_EQ(program.setting("Globals", "MlWidth"), azimuthal ? "7500" : "8765");
+        EXPECT_FALSE(program.data->run.FormReady);
+    }
+}
+
+TEST(MapRun, OnlyANormalWindowTakesANewPicture) {
+    TestProgram program(home);
+    program.start();
+    program.data->lneGCPlotLine.show({.toX = 5});
+    const QImage before = program.map->Picture2.Image();
+    program.window.height = 6000;
+    for (const MapWindow::State state :
+         {MapWindow::State::Minimized, MapWindow::State::Maximized}) {
+        program.window.state = state;
+        program.map->Form_Resize();
+        EXPECT_EQ(program.window.lastFollowed, state);
+        EXPECT_EQ(program.map->Picture2.Image(), before);
+        EXPECT_TRUE(program.data->lneGCPlotLine.shape().visible);
+    }
+    program.window.state = MapWindow::State::Normal;
+    program.data->run.FormReady = false;
+    program.map->Form_Resize();
+    EXPECT_EQ(program.map->Picture2.Height(), 8000.0F - FakeWindow::frame)
+        << "not ready: as it was";
+    program.data->run.FormReady = true;
+    program.map->Form_Resize();
+    EXPECT_EQ(program.map->Picture2.Height(), 6000.0F - FakeWindow::frame);
+    EXPECT_FALSE(program.data->lneGCPlotLine.shape().visible);
+}
+
+} // namespace
+} // namespace tovrel
