@@ -27,7 +27,12 @@ void QtListener::beginPass(std::string_view caption, std::string_view status, fl
     sinceEvents_.restart();
 }
 
-void QtListener::showStatus(std::string_view status) { window_.showStatus(displayText(status)); }
+void QtListener::showStatus(std::string_view status) {
+    window_.showStatus(displayText(status));
+    window_.showProgress(static_cast<double>(progress_));
+    // What follows may take seconds without a yield.
+    window_.repaint();
+}
 
 void QtListener::endPass() {
     window_.showProgress(static_cast<double>(progress_));

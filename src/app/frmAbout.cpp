@@ -19,7 +19,7 @@ constexpr int iconSize = 32;
 
 /// The program's icon, or a globe where there is none.
 QPixmap picture() {
-    const QPixmap icon = QApplication::windowIcon().pixmap(iconSize, iconSize);
+    QPixmap icon = QApplication::windowIcon().pixmap(iconSize, iconSize);
     if (!icon.isNull())
         return icon;
     QPixmap globe(iconSize, iconSize);

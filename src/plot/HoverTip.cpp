@@ -4,7 +4,6 @@
 #include "plot/PlotTables.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace tovrel {
 
@@ -80,7 +79,8 @@ void HoverIndex::build(const std::vector<HoverRow>& table) {
         }
         const int y = gridStep(row.mapY);
         const int x = gridStep(row.mapX);
-        if (std::abs(y) > reach || std::abs(x) > reach) {
+        // Not by std::abs: a log may hold 1e38 degrees, and the least int has no opposite.
+        if (y < -reach || y > reach || x < -reach || x > reach) {
             outside_[{y, x}].push_back(static_cast<std::uint32_t>(i));
             continue;
         }
@@ -111,7 +111,8 @@ std::vector<std::span<const std::uint32_t>> HoverIndex::near(double mapY, double
     };
     for (int y = within(pointerY - window); y < within(pointerY + window + 1); ++y) {
         for (int x = within(pointerX - window); x < within(pointerX + window + 1); ++x) {
-            const auto cell = static_cast<std::size_t>((y + reach) * side + (x + reach));
+            const auto cell =
+                static_cast<std::size_t>(y + reach) * side + static_cast<std::size_t>(x + reach);
             const std::uint32_t begin = starts_[cell];
             const std::uint32_t end = starts_[cell + 1];
             if (begin < end) {

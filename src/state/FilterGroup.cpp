@@ -1,5 +1,7 @@
 #include "state/FilterGroup.h"
 
+#include <utility>
+
 namespace tovrel {
 
 const CriterionNames& namesOf(Criterion criterion) {
@@ -49,15 +51,7 @@ void FilterGroup::keepConsistent(int member) {
 }
 
 FilterGroup& Filter::group(Criterion criterion) {
-    switch (criterion) {
-    case Criterion::Band:
-        return band;
-    case Criterion::Mode:
-        return mode;
-    case Criterion::Iota:
-        break;
-    }
-    return iota;
+    return const_cast<FilterGroup&>(std::as_const(*this).group(criterion));
 }
 
 const FilterGroup& Filter::group(Criterion criterion) const {

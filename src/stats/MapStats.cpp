@@ -60,6 +60,7 @@ void MapStats::pickStation(const Station& station) {
         lneGCPlotLine_.hide();
         return;
     }
+    load();
     PlotLine::Shape line;
     if (!run_.marks.azimuthal()) {
         const HomePosition home =

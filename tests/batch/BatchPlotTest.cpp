@@ -66,6 +66,8 @@ struct FilterCase {
     std::string calls;
 };
 
+void PrintTo(const FilterCase& one, std::ostream* out) { *out << joined(one.options); }
+
 class BatchFilter : public BatchTest, public testing::WithParamInterface<FilterCase> {};
 
 TEST_P(BatchFilter, replacesTheGroupsThatAreGiven) {
@@ -99,6 +101,10 @@ struct LookCase {
     const char* one;
     const char* other;
 };
+
+void PrintTo(const LookCase& look, std::ostream* out) {
+    *out << joined({look.option, look.one, look.other});
+}
 
 class BatchLook : public BatchPlot, public testing::WithParamInterface<LookCase> {};
 

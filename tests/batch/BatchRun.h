@@ -27,6 +27,11 @@ inline QStringList qtArguments(const std::vector<std::string>& arguments) {
     return list;
 }
 
+/// The arguments as a test's name tells them.
+inline std::string joined(const std::vector<std::string>& arguments) {
+    return qtArguments(arguments).join(QLatin1Char(' ')).toStdString();
+}
+
 /// The program on its way, with no display to draw on and nothing to read.
 inline void startBatch(QProcess& program, const std::vector<std::string>& arguments) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();

@@ -1,6 +1,7 @@
 #include "batch/BatchRun.h"
 
 #include <algorithm>
+#include <ostream>
 
 namespace tovrel {
 
@@ -10,6 +11,8 @@ struct WrongUse {
     std::vector<std::string> arguments; ///< LOG stands for the log's path
     std::string told;                   ///< a part of the line
 };
+
+void PrintTo(const WrongUse& use, std::ostream* out) { *out << joined(use.arguments); }
 
 class BatchWrongUse : public BatchTest, public testing::WithParamInterface<WrongUse> {};
 
@@ -63,6 +66,8 @@ struct FailingFile {
     std::vector<std::string> arguments; ///< LOG and WORK stand for the log and its folder
     std::string told;
 };
+
+void PrintTo(const FailingFile& use, std::ostream* out) { *out << joined(use.arguments); }
 
 class BatchFailingFile : public BatchTest, public testing::WithParamInterface<FailingFile> {};
 

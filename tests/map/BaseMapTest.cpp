@@ -87,7 +87,7 @@ TEST(BaseMap, TheSeaDoesNotRunRoundACoastThatIsCutAtTheAntipode) {
 TEST(BaseMap, GarbageInItsFilesIsDrawnOrPassedOver) {
     const TestFolder folder;
     std::string garbage;
-    for (int i = 0; i < 30011; ++i)
+    for (unsigned i = 0; i < 30011; ++i)
         garbage += static_cast<char>(i * i * 31 + i / 7);
     folder.write("mapper.pnt", garbage);
     folder.write("paintma.txt", garbage + ",,,\n91,1e99\n-1e99,5\n");
