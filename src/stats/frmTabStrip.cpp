@@ -198,8 +198,8 @@ void frmTabStrip::layOutRow(int first) {
         const double own = widths[static_cast<std::size_t>(i)];
         right += spare >= 0.0 ? own + spare : own * width() / needed;
         const int edge = qRound(right);
-        tabs_[static_cast<std::size_t>(first + i)]->setGeometry(left, first == 0 ? 0 : rowHeight,
-                                                                edge - left, rowHeight);
+        tabs_[static_cast<std::size_t>(first) + static_cast<std::size_t>(i)]->setGeometry(
+            left, first == 0 ? 0 : rowHeight, edge - left, rowHeight);
         left = edge;
     }
 }
