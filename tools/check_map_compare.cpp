@@ -163,8 +163,9 @@ MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const
     const int width = map.pixelWidth();
     const int height = map.pixelHeight();
     const auto pointOf = [width](int pixel) {
-        return MapPoint{pixel % width * unitsPerPixel - mapEdge,
-                        mapEdge - pixel / width * unitsPerPixel};
+        const int column = pixel % width;
+        const int row = pixel / width;
+        return MapPoint{column * unitsPerPixel - mapEdge, mapEdge - row * unitsPerPixel};
     };
     MapResult result;
     result.allPixels = width * height;

@@ -23,11 +23,11 @@ std::vector<Line> readArcs(const QJsonObject& topology) {
     const QJsonArray scale = transform["scale"].toArray();
     const QJsonArray move = transform["translate"].toArray();
     std::vector<Line> arcs;
-    for (const QJsonValue& arc : topology["arcs"].toArray()) {
+    for (const auto& arc : topology["arcs"].toArray()) {
         Line line;
         double x = 0.0;
         double y = 0.0;
-        for (const QJsonValue& step : arc.toArray()) {
+        for (const auto& step : arc.toArray()) {
             x += step[0].toDouble();
             y += step[1].toDouble();
             line.push_back({y * scale[1].toDouble() + move[1].toDouble(),
@@ -41,7 +41,7 @@ std::vector<Line> readArcs(const QJsonObject& topology) {
 /// One ring of a polygon; a number ~n means arc n taken backwards.
 Line readRing(const QJsonArray& numbers, const std::vector<Line>& arcs) {
     Line ring;
-    for (const QJsonValue& value : numbers) {
+    for (const auto& value : numbers) {
         const int number = value.toInt();
         const auto index = static_cast<std::size_t>(number < 0 ? ~number : number);
         if (index >= arcs.size())
@@ -58,13 +58,13 @@ Line readRing(const QJsonArray& numbers, const std::vector<Line>& arcs) {
 
 void appendRings(const QJsonObject& geometry, const std::vector<Line>& arcs,
                  std::vector<Line>& rings) {
-    for (const QJsonValue& part : geometry["geometries"].toArray())
+    for (const auto& part : geometry["geometries"].toArray())
         appendRings(part.toObject(), arcs, rings);
     QJsonArray polygons = geometry["arcs"].toArray();
     if (geometry["type"].toString() == "Polygon")
         polygons = QJsonArray{polygons};
-    for (const QJsonValue& polygon : polygons) {
-        for (const QJsonValue& numbers : polygon.toArray()) {
+    for (const auto& polygon : polygons) {
+        for (const auto& numbers : polygon.toArray()) {
             Line ring = readRing(numbers.toArray(), arcs);
             if (!ring.empty())
                 rings.push_back(std::move(ring));
