@@ -16,7 +16,6 @@ constexpr qint64 listsEvery = 100;
 
 QtListener::QtListener(std::function<QRect()> mainWindowFrame)
     : mainWindowFrame_(std::move(mainWindowFrame)) {
-    sinceEvents_.start();
     sinceLists_.start();
 }
 
@@ -24,7 +23,7 @@ void QtListener::beginPass(std::string_view caption, std::string_view status, fl
     progress_ = 0.0F;
     window_.begin(displayText(caption), displayText(status), static_cast<double>(maximum),
                   mainWindowFrame_());
-    sinceEvents_.restart();
+    sinceEvents_.invalidate(); // events run at the first yield, however short the pass
 }
 
 void QtListener::showStatus(std::string_view status) {
@@ -40,7 +39,7 @@ void QtListener::endPass() {
 }
 
 void QtListener::yield() {
-    if (sinceEvents_.elapsed() < eventsEvery) {
+    if (!sinceEvents_.hasExpired(eventsEvery)) {
         return;
     }
     window_.showProgress(static_cast<double>(progress_));

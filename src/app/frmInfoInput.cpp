@@ -1,9 +1,7 @@
 #include "app/frmInfoInput.h"
 
 #include "platform/ByteText.h"
-#include "platform/frmControls.h"
 
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -11,7 +9,7 @@
 namespace tovrel {
 
 frmInfoInput::frmInfoInput(iniFiles& ini, UserPrompt& prompt, QWidget* parent)
-    : QDialog(parent), ini_(ini), prompt_(prompt) {
+    : frmDialog(parent), ini_(ini), prompt_(prompt) {
     setUpDialog(*this, QStringLiteral("frmInfoInput"), QStringLiteral("Information Input"), 3930,
                 2895);
     const auto addBox = [this](const char* name, const Place& at, QLabel* caption) {
@@ -73,11 +71,6 @@ bool frmInfoInput::accepts(QLineEdit& box, std::string_view coordinate) {
         box.clear();
     prompt_.tell(coordinateMessage(coordinate, fault));
     return false;
-}
-
-void frmInfoInput::keyPressEvent(QKeyEvent* event) {
-    if (!returnPressesFocusedButton(*this, *event))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace tovrel

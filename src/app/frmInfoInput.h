@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/UserPrompt.h"
+#include "platform/frmControls.h"
 #include "state/StationInfo.h"
 
-#include <QDialog>
 #include <string_view>
 
 class QLineEdit;
@@ -11,7 +11,7 @@ class QLineEdit;
 namespace tovrel {
 
 /// Asks for the station's call sign and position, modally on a first run, else beside the map.
-class frmInfoInput : public QDialog {
+class frmInfoInput : public frmDialog {
     Q_OBJECT
 
 public:
@@ -20,9 +20,6 @@ public:
 
     /// Fills the boxes from the settings; to be called before the window is shown.
     void loadForm();
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void cmdInfoApply_Click();

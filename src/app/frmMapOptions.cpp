@@ -1,10 +1,7 @@
 #include "app/frmMapOptions.h"
 
-#include "platform/frmControls.h"
-
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 #include <utility>
@@ -38,7 +35,7 @@ std::array<QRadioButton*, 3> addOptions(QWidget& frame, const std::array<QString
 
 frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
                              std::function<void()> cmdApply_Click, QWidget* parent)
-    : QDialog(parent), projection_(projection), forms_(forms),
+    : frmDialog(parent), projection_(projection), forms_(forms),
       filterBoxes_(*this, {.headingLeft = 2400, .offWidth = 735}) {
     const bool azimuthal = projection == Projection::Azimuthal;
     setUpDialog(*this,
@@ -144,11 +141,6 @@ void frmMapOptions::mirror() {
 void frmMapOptions::done(int result) {
     QDialog::done(result);
     forms_.unload(projection_);
-}
-
-void frmMapOptions::keyPressEvent(QKeyEvent* event) {
-    if (!returnPressesFocusedButton(*this, *event))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace tovrel

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/frmControls.h"
 #include "state/MapOptions.h"
 #include "state/frmFilterBoxes.h"
 
-#include <QDialog>
 #include <array>
 #include <functional>
 
@@ -16,7 +16,7 @@ namespace tovrel {
 /// The option window of one map: frmGCMapOptions or frmMCMapOptions. It shows the live options,
 /// loading them when it is shown, and writes into them at every act of the user. Closing it drops
 /// what was not applied.
-class frmMapOptions : public QDialog {
+class frmMapOptions : public frmDialog {
     Q_OBJECT
 
 public:
@@ -25,15 +25,12 @@ public:
     frmMapOptions(Projection projection, MapOptionForms& forms,
                   std::function<void()> cmdApply_Click, QWidget* parent = nullptr);
     ~frmMapOptions() override;
-    frmMapOptions(const frmMapOptions&) = delete;
-    frmMapOptions& operator=(const frmMapOptions&) = delete;
 
     /// Every way of closing ends here.
     void done(int result) override;
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void addMarkers();

@@ -1,17 +1,14 @@
 #include "export/frmGoogleMapOptions.h"
 
-#include "platform/frmControls.h"
-
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
 
 namespace tovrel {
 
 frmGoogleMapOptions::frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& options, QWidget* parent)
-    : QDialog(parent), ini_(ini), options_(options),
+    : frmDialog(parent), ini_(ini), options_(options),
       filterBoxes_(*this, {.headingLeft = 2520, .offWidth = 855}) {
     setUpDialog(*this, QStringLiteral("frmGoogleMapOptions"), QStringLiteral("Google Map Options"),
                 6120, 5670);
@@ -71,11 +68,6 @@ void frmGoogleMapOptions::cmdApply_Click() {
 void frmGoogleMapOptions::done(int result) {
     QDialog::done(result);
     options_.resetToDesign();
-}
-
-void frmGoogleMapOptions::keyPressEvent(QKeyEvent* event) {
-    if (!returnPressesFocusedButton(*this, *event))
-        QDialog::keyPressEvent(event);
 }
 
 } // namespace tovrel

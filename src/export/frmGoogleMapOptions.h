@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/frmControls.h"
 #include "state/GoogleMapOptions.h"
 #include "state/frmFilterBoxes.h"
 
-#include <QDialog>
 #include <array>
 
 class QCheckBox;
@@ -13,22 +13,19 @@ namespace tovrel {
 
 /// The option window of the export. It shows the live options and writes into them at every act of
 /// the user. Apply stores them and hides the window; closing it puts them back to the design.
-class frmGoogleMapOptions : public QDialog {
+class frmGoogleMapOptions : public frmDialog {
     Q_OBJECT
 
 public:
     /// @param ini, options have to outlive the window
     frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& options, QWidget* parent = nullptr);
     ~frmGoogleMapOptions() override;
-    frmGoogleMapOptions(const frmGoogleMapOptions&) = delete;
-    frmGoogleMapOptions& operator=(const frmGoogleMapOptions&) = delete;
 
     /// Every way of closing ends here; hiding does not.
     void done(int result) override;
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void addMarkers();

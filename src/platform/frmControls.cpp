@@ -4,7 +4,6 @@
 #include "platform/Twips.h"
 
 #include <QCheckBox>
-#include <QDialog>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
@@ -79,6 +78,11 @@ QRadioButton* addOptionButton(QWidget& parent, const QString& name, const QStrin
                               const Place& at) {
     auto* button = new QRadioButton(caption, &parent);
     setUpControl(*button, name, at);
+    // Tab comes to the button of a frame that is on; Qt sees to that only from the first focus on.
+    button->setFocusPolicy(Qt::ClickFocus);
+    QObject::connect(button, &QRadioButton::toggled, button, [button](bool on) {
+        button->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
+    });
     return button;
 }
 
@@ -97,12 +101,11 @@ QFrame* addLine(QWidget& parent, const QString& name, float left, float right, f
     return line;
 }
 
-bool returnPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event) {
-    if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter)
-        return false;
-    if (auto* button = qobject_cast<QPushButton*>(dialog.focusWidget()))
+void frmDialog::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        QDialog::keyPressEvent(event);
+    else if (auto* button = qobject_cast<QPushButton*>(focusWidget()))
         button->click();
-    return true;
 }
 
 } // namespace tovrel

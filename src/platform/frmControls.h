@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QDialog>
 #include <QFont>
 #include <QString>
 #include <string_view>
 
 class QCheckBox;
-class QDialog;
 class QFrame;
 class QKeyEvent;
 class QLabel;
@@ -58,9 +58,14 @@ QPushButton* addButton(QWidget& parent, const QString& name, const QString& capt
 /// A horizontal line from `left` to `right` at `top`, in twips.
 QFrame* addLine(QWidget& parent, const QString& name, float left, float right, float top);
 
-/// Return presses the button that has the focus, and does nothing elsewhere: no dialog takes it for
-/// an Apply that the user did not choose.
-/// @return whether the key was Return or Enter
-bool returnPressesFocusedButton(const QDialog& dialog, const QKeyEvent& event);
+/// A dialog in which Return presses the button that has the focus and does nothing elsewhere: it is
+/// not taken for an Apply that the user did not choose.
+class frmDialog : public QDialog {
+public:
+    using QDialog::QDialog;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
 
 } // namespace tovrel

@@ -1,3 +1,4 @@
+#include "app/MainMenu.h"
 #include "app/WindowFixture.h"
 #include "app/frmAbout.h"
 #include "app/frmGCMapCalculations.h"
@@ -7,12 +8,10 @@
 #include "stats/frmMapStats.h"
 #include "stats/frmTabStrip.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -25,15 +24,16 @@ namespace {
 class AllWindowsTest : public WindowFixture {
 protected:
     AllWindowsTest() {
-        auto stats = std::make_unique<frmMapStats>(stats_, [](LegendEntry) {});
+        auto stats = std::make_unique<frmMapStats>(data_.stats, [](LegendEntry) {});
         stats->loadForm(533, {1, 22, 1, 5});
         auto progress = std::make_unique<frmGCMapCalculations>();
         progress->begin("Plotting ADIF File", "Processing: sample.adi", 100.0, {0, 0, 440, 500});
-        auto info = std::make_unique<frmInfoInput>(ini_, prompt_);
+        auto info = std::make_unique<frmInfoInput>(data_.ini, prompt_);
         info->loadForm();
-        windows_.push_back(std::make_unique<frmMapOptions>(Projection::Azimuthal, forms_, [] {}));
-        windows_.push_back(std::make_unique<frmMapOptions>(Projection::Miller, forms_, [] {}));
-        windows_.push_back(std::make_unique<frmGoogleMapOptions>(ini_, google_));
+        windows_.push_back(
+            std::make_unique<frmMapOptions>(Projection::Azimuthal, data_.maps, [] {}));
+        windows_.push_back(std::make_unique<frmMapOptions>(Projection::Miller, data_.maps, [] {}));
+        windows_.push_back(std::make_unique<frmGoogleMapOptions>(data_.ini, data_.google));
         windows_.push_back(std::make_unique<frmAbout>(prompt_, "1.0.0"));
         windows_.push_back(std::move(info));
         windows_.push_back(std::move(progress));
@@ -109,19 +109,17 @@ TEST_F(AllWindowsTest, EveryControlThatTakesTheFocusHasAnAccessibleName) {
 TEST_F(AllWindowsTest, MenuOfTheMainWindowFitsItsWidth) {
     QMenuBar bar;
     bar.setFont(windows_.front()->font());
-    for (const char* caption :
-         {"File", "Load ADIF", "Map", "View Statistics", "Plot Options", "Abort Function", "Help"})
-        bar.addMenu(QLatin1String(caption));
+    buildMainMenu(bar);
     EXPECT_LE(bar.sizeHint().width(), 440);
 }
 
 TEST_F(AllWindowsTest, AboutTellsItsVersionAndThatThereIsNoSystemTool) {
     const QWidget& about = *windows_[3];
     EXPECT_EQ(control<QLabel>(about, "lblVersion").text(), "Version: 1.0.0");
-    click(control<QWidget>(about, "cmdSysInfo"));
+    click(about, "cmdSysInfo");
     EXPECT_EQ(prompt_.told,
               std::vector<std::string>({"System Information Is Unavailable At This Time"}));
-    click(control<QWidget>(about, "cmdOK"));
+    click(about, "cmdOK");
     EXPECT_FALSE(about.isVisible());
 }
 

@@ -2,58 +2,41 @@
 
 #include "app/WindowFixture.h"
 
-#include <QCheckBox>
-#include <QRadioButton>
-
 namespace tovrel {
 namespace {
 
 class frmGoogleMapOptionsTest : public WindowFixture {
 protected:
-    bool checked(const char* name) { return control<QAbstractButton>(window_, name).isChecked(); }
-    void click(const char* name) { WindowFixture::click(control<QWidget>(window_, name)); }
-    std::string stored(const char* key) { return ini_.ReadIniValue("GoogleMapOptions", key); }
+    std::string marker() { return data_.ini.ReadIniValue("GoogleMapOptions", "Marker"); }
 
-    frmGoogleMapOptions window_{ini_, google_};
+    frmGoogleMapOptions window_{data_.ini, data_.google};
 };
 
-TEST_F(frmGoogleMapOptionsTest, MarkerIsStoredAtOnceAndTheRestByApply) {
+TEST_F(frmGoogleMapOptionsTest, CloseBoxBringsTheDesignBackAndApplyDoesNot) {
     window_.show();
-    click("optSmallMarker");
-    click("chkBand(5)");
-    click("chkCall");
-    EXPECT_EQ(stored("Marker"), "Small");
-    EXPECT_EQ(stored("Band5"), "");
-    EXPECT_FALSE(google_.chkCall) << "the export sees it before Apply";
-    click("cmdApply");
-    EXPECT_FALSE(window_.isVisible());
-    EXPECT_EQ(stored("Band5"), "1");
-    EXPECT_EQ(stored("Band0"), "0");
-    EXPECT_EQ(stored("Call"), "0");
-    EXPECT_TRUE(google_.filter.band.selected(5)) << "a hidden window stays loaded";
-}
-
-TEST_F(frmGoogleMapOptionsTest, CloseBoxBringsTheDesignBack) {
+    click(window_, "optMediumMarker");
+    click(window_, "chkIOTA(2)");
+    click(window_, "chkCall");
+    click(window_, "cmdApply");
+    EXPECT_TRUE(data_.google.filter.iota.selected(2)) << "a hidden window stays loaded";
     window_.show();
-    click("optMediumMarker");
-    click("chkIOTA(2)");
-    click("chkCall");
+    EXPECT_FALSE(checked(window_, "chkCall"));
     window_.close();
-    EXPECT_TRUE(google_.filter.iota.selected(0));
-    EXPECT_EQ(stored("Marker"), "Medium");
+    EXPECT_TRUE(data_.google.filter.iota.selected(0));
     window_.show();
-    EXPECT_TRUE(checked("chkIOTA(0)"));
-    EXPECT_TRUE(checked("chkCall"));
-    EXPECT_TRUE(checked("optLargeMarker"));
-    click("optLargeMarker");
-    EXPECT_EQ(stored("Marker"), "Large") << "a click counts although the button was on";
+    EXPECT_TRUE(checked(window_, "chkIOTA(0)"));
+    EXPECT_TRUE(checked(window_, "chkCall"));
+    EXPECT_TRUE(checked(window_, "optLargeMarker"));
+    EXPECT_EQ(marker(), "Medium");
+    click(window_, "optLargeMarker");
+    EXPECT_EQ(marker(), "Large") << "a click counts although the button was on";
 }
 
 TEST_F(frmGoogleMapOptionsTest, MirroringStoresNoMarker) {
-    google_.marker = MarkerSize::Small;
+    data_.google.marker = MarkerSize::Small;
     window_.show();
-    EXPECT_TRUE(checked("optSmallMarker"));
-    EXPECT_EQ(stored("Marker"), "");
+    EXPECT_TRUE(checked(window_, "optSmallMarker"));
+    EXPECT_EQ(marker(), "");
 }
 
 } // namespace

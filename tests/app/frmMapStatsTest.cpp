@@ -4,7 +4,6 @@
 #include "stats/frmItemList.h"
 #include "stats/frmTabStrip.h"
 
-#include <QAbstractButton>
 #include <QLabel>
 #include <QPlainTextEdit>
 
@@ -13,12 +12,16 @@ namespace {
 
 class frmMapStatsTest : public WindowFixture {
 protected:
-    QRect at(const char* name) { return control<QWidget>(window_, name).geometry(); }
+    frmMapStatsTest() {
+        window_.loadForm(533, {1, 22, 1, 5});
+        window_.show();
+    }
+    QRect at(const char* name) { return control(window_, name).geometry(); }
     frmItemList& list(const char* name) { return control<frmItemList>(window_, name); }
     void addStations() {
-        stats_.lists().lstConfirmed.add({"ZZ", 7.0, 8.0});
-        stats_.lists().lstConfirmed.add({"AA", 1.0, 2.0});
-        stats_.lists().lstConfirmed.add({"MM", 3.5, -4.0});
+        data_.stats.lists().lstConfirmed.add({"ZZ", 7.0, 8.0});
+        data_.stats.lists().lstConfirmed.add({"AA", 1.0, 2.0});
+        data_.stats.lists().lstConfirmed.add({"MM", 3.5, -4.0});
     }
     void clickItem(frmItemList& view, int row) {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {},
@@ -26,12 +29,10 @@ protected:
     }
 
     std::vector<LegendEntry> picked_;
-    frmMapStats window_{stats_, [this](LegendEntry entry) { picked_.push_back(entry); }};
+    frmMapStats window_{data_.stats, [this](LegendEntry entry) { picked_.push_back(entry); }};
 };
 
 TEST_F(frmMapStatsTest, LaysOutByItsRuleAtTheDefaultSize) {
-    window_.loadForm(533, {1, 22, 1, 5});
-    window_.show();
     ASSERT_EQ(window_.size(), QSize(133, 506));
     EXPECT_EQ(at("tabStats"), QRect(4, 4, 125, 498));
     const QRect frame = at("fraTab(0)");
@@ -53,122 +54,91 @@ TEST_F(frmMapStatsTest, LaysOutByItsRuleAtTheDefaultSize) {
 }
 
 TEST_F(frmMapStatsTest, ATooSmallWindowSkipsWhatHasNoRoom) {
-    window_.loadForm(533, {});
-    window_.show();
     const QRect band = at("txtBand");
     const QRect mode = at("txtMode");
+    const QSize whole = window_.size();
     window_.resize(20, 400);
     EXPECT_EQ(at("fraTab(0)").width(), 20 - 8 - 2);
     EXPECT_EQ(at("txtBand"), band) << "a third of less than nothing";
     EXPECT_EQ(at("txtMode"), mode);
     EXPECT_EQ(at("lstConfirmed").width(), 2) << "the rest still runs";
-    window_.resize(135, 533);
+    window_.resize(whole);
     EXPECT_EQ(at("txtBand"), band);
 }
 
 TEST_F(frmMapStatsTest, TabsShowTheirFrames) {
-    window_.loadForm(533, {});
-    window_.show();
     for (int tab = 0; tab < 6; ++tab) {
         control<frmTabStrip>(window_, "tabStats").choose(tab);
         for (int frame = 0; frame < 6; ++frame) {
             const QByteArray name = QStringLiteral("fraTab(%1)").arg(frame).toLatin1();
-            EXPECT_EQ(control<QWidget>(window_, name).isVisible(), frame == tab);
+            EXPECT_EQ(control(window_, name).isVisible(), frame == tab);
         }
     }
 }
 
-TEST_F(frmMapStatsTest, AClickedItemDrawsTheLineToItsStation) {
+TEST_F(frmMapStatsTest, AChosenItemDrawsTheLineToItsStation) {
     addStations();
-    window_.loadForm(533, {});
-    window_.show();
-    frmItemList& view = list("lstConfirmed");
-    ASSERT_EQ(view.model()->rowCount(), 3);
-    EXPECT_TRUE(view.model()->index(1, 0).data().toString().startsWith("MM   "));
-    clickItem(view, 1);
-    EXPECT_TRUE(line_.shape().visible);
-    EXPECT_EQ(line_.shape().toX, -4.0);
-    EXPECT_EQ(line_.shape().toY, 3.5);
-    line_.hide();
-    clickItem(view, 1);
-    EXPECT_TRUE(line_.shape().visible) << "the selected item answers again";
-    QTest::keyClick(&view, Qt::Key_Up);
-    EXPECT_EQ(line_.shape().toX, 2.0);
-    line_.hide();
-    QTest::keyClick(&view, Qt::Key_Return);
-    EXPECT_TRUE(line_.shape().visible);
-}
-
-TEST_F(frmMapStatsTest, FocusAloneDrawsNoLine) {
-    addStations();
-    window_.loadForm(533, {});
-    window_.show();
-    list("lstConfirmed").setFocus(Qt::TabFocusReason);
-    QApplication::processEvents();
-    EXPECT_FALSE(line_.shape().visible);
-}
-
-TEST_F(frmMapStatsTest, ListsFollowAtARefreshAndOnlyWhileShown) {
-    window_.loadForm(533, {});
-    window_.show();
-    addStations();
-    EXPECT_EQ(list("lstConfirmed").model()->rowCount(), 0);
     window_.refreshLists();
-    EXPECT_EQ(list("lstConfirmed").model()->rowCount(), 3);
+    frmItemList& view = list("lstConfirmed");
+    const PlotLine::Shape& line = data_.lneGCPlotLine.shape();
+    view.setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+    EXPECT_FALSE(line.visible) << "focus alone draws none";
+    EXPECT_TRUE(view.model()->index(1, 0).data().toString().startsWith("MM   "));
+    for (int time = 0; time < 2; ++time) { // the selected item answers again
+        clickItem(view, 1);
+        EXPECT_TRUE(line.visible && line.toX == -4.0 && line.toY == 3.5);
+        data_.lneGCPlotLine.hide();
+    }
+    QTest::keyClick(&view, Qt::Key_Up);
+    EXPECT_EQ(line.toX, 2.0);
+    data_.lneGCPlotLine.hide();
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_TRUE(line.visible);
+}
+
+TEST_F(frmMapStatsTest, ListsFollowAtARefreshOrWhenShownAndClosingEmptiesThem) {
+    const auto rows = [this] { return list("lstConfirmed").model()->rowCount(); };
+    addStations();
+    EXPECT_EQ(rows(), 0);
+    window_.refreshLists();
+    EXPECT_EQ(rows(), 3);
     clickItem(list("lstConfirmed"), 0);
     window_.refreshLists();
     EXPECT_TRUE(list("lstConfirmed").selectionModel()->hasSelection()) << "nothing has changed";
-    stats_.lists().lstStats = {" 1 QSOs Read"};
-    window_.refreshLists();
-    stats_.lists().clear();
-    EXPECT_EQ(list("lstConfirmed").model()->index(2, 0).data().toString(), "")
-        << "a row that is gone is empty until the refresh";
-    stats_.lists().lstStats = {" 2 QSOs Read"};
-    window_.refreshLists();
-    EXPECT_EQ(list("lstStats").model()->index(0, 0).data().toString(), " 2 QSOs Read");
     window_.hide();
     addStations();
     window_.refreshLists();
-    EXPECT_EQ(list("lstConfirmed").model()->rowCount(), 0);
+    EXPECT_EQ(rows(), 3);
     window_.show();
-    EXPECT_EQ(list("lstConfirmed").model()->rowCount(), 3);
-}
-
-TEST_F(frmMapStatsTest, ClosingDropsEverything) {
-    addStations();
-    window_.loadForm(533, {});
-    window_.show();
+    EXPECT_EQ(rows(), 6);
     window_.close();
-    EXPECT_FALSE(stats_.loaded());
+    EXPECT_FALSE(data_.stats.loaded());
     window_.show();
-    EXPECT_TRUE(stats_.loaded());
-    EXPECT_EQ(list("lstConfirmed").model()->rowCount(), 0);
+    EXPECT_TRUE(data_.stats.loaded());
+    EXPECT_EQ(rows(), 0);
 }
 
 TEST_F(frmMapStatsTest, ShowsTheFilterInForce) {
-    window_.loadForm(533, {});
-    window_.show();
-    ini_.writeCheck("GCMapOptions", "Mode1", true);
-    ini_.writeCheck("GCMapOptions", "Mode3", true);
-    stats_.showFilter(Projection::Azimuthal);
+    data_.ini.writeCheck("GCMapOptions", "Mode1", true);
+    data_.ini.writeCheck("GCMapOptions", "Mode3", true);
+    data_.stats.showFilter(Projection::Azimuthal);
     EXPECT_EQ(control<QPlainTextEdit>(window_, "txtMode").toPlainText(),
               "MODE\n--------\nPhone\nDigital\n");
 }
 
 TEST_F(frmMapStatsTest, ColourButtonsShowAndTellTheLegend) {
-    window_.loadForm(533, {});
-    window_.show();
     control<frmTabStrip>(window_, "tabStats").choose(5);
     auto& home = control<QAbstractButton>(window_, "cmdHome");
     EXPECT_EQ(home.accessibleName(), "Home QTH colour");
     EXPECT_EQ(home.geometry(), QRect(8, 88, 17, 17));
-    stats_.legend().set(LegendEntry::Home, 0x332211);
+    data_.stats.legend().set(LegendEntry::Home, 0x332211);
     EXPECT_EQ(home.accessibleDescription(), "#112233");
     EXPECT_EQ(home.grab().toImage().pixelColor(8, 8), QColor(0x11, 0x22, 0x33));
     click(home);
     EXPECT_EQ(picked_, std::vector<LegendEntry>({LegendEntry::Home}));
     window_.hide();
-    stats_.legend().set(LegendEntry::Home, 0x0000FF);
+    data_.stats.legend().set(LegendEntry::Home, 0x0000FF);
     window_.show();
     EXPECT_EQ(home.accessibleDescription(), "#ff0000");
 }

@@ -2,7 +2,6 @@
 
 #include "app/WindowFixture.h"
 
-#include <QAbstractButton>
 #include <QAccessible>
 #include <QWheelEvent>
 

@@ -14,12 +14,8 @@ protected:
         for (const char* name : {"mapper.pnt", "paintma.txt"})
             std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
         log = work.write("log.adi",
-                         record({.call = "DL1A",
-                                 .latitude = "50",
-                                 .longitude = "-10.5",
-                                 .more = adif("QSL_RCVD", "Y")}) +
-                             record({.call = "ZS1A=", .latitude = "-33", .longitude = "-18"}) +
-                             record({.call = "OX\"1\\\x1F", .longitude = "7"}));
+                         record({"DL1A", "50", "-10.5", "20M", "CW", "", adif("QSL_RCVD", "Y")}) +
+                             record({"ZS1A=", "-33", "-18"}) + record({"OX\"1\\\x1F", "", "7"}));
     }
 };
 

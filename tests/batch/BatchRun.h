@@ -79,23 +79,11 @@ protected:
     }
 
     static std::string contacts() {
-        return record({.call = "A1A",
-                       .latitude = "50",
-                       .longitude = "-10",
-                       .mode = "CW",
-                       .iota = "EU-005"}) +
-               record({.call = "B1B",
-                       .latitude = "30",
-                       .longitude = "100",
-                       .band = "40M",
-                       .mode = "SSB",
-                       .iota = "NA-001"}) +
-               record({.call = "C1C",
-                       .latitude = "-30",
-                       .longitude = "60",
-                       .mode = "SSB",
-                       .more = adif("COUNTRY", "\xC5land") + adif("QSL_RCVD", "Y")}) +
-               record({.call = "D1D"});
+        return record({"A1A", "50", "-10", "20M", "CW", "EU-005"}) +
+               record({"B1B", "30", "100", "40M", "SSB", "NA-001"}) +
+               record({"C1C", "-30", "60", "20M", "SSB", "",
+                       adif("COUNTRY", "\xC5land") + adif("QSL_RCVD", "Y")}) +
+               record({"D1D"});
     }
 
     /// Runs a command on the log, quietly.

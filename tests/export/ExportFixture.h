@@ -1,7 +1,6 @@
 #pragma once
 
 #include "export/GoogleExport.h"
-#include "platform/Numbers.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
 #include "run/TestDoubles.h"
@@ -13,21 +12,6 @@
 #include <vector>
 
 namespace tovrel {
-
-/// Keeps status lines and bar values in the order in which they came.
-class TracingListener : public ScriptedListener {
-public:
-    void showStatus(std::string_view newStatus) override {
-        ScriptedListener::showStatus(newStatus);
-        trace.emplace_back(newStatus);
-    }
-    void showProgress(float value) override {
-        ScriptedListener::showProgress(value);
-        trace.push_back(decimalText(value));
-    }
-
-    std::vector<std::string> trace;
-};
 
 /// A program folder with dictionary and icons, a folder for the log, and an export between them.
 class ExportTest : public testing::Test {
@@ -74,7 +58,7 @@ protected:
     TestFolder program;
     TestFolder logs;
     RunData data{program.path(), "Tovrel.ini"};
-    TracingListener listener;
+    ScriptedListener listener;
     ScriptedPrompt prompt;
     std::vector<std::string> opened;
     bool canOpen = true;

@@ -1,10 +1,8 @@
 #include "export/GoogleExport.h"
 
-#include "batch/BatchWindow.h"
 #include "export/ExportFixture.h"
-#include "export/WriteLimit.h"
-#include "run/Commands.h"
-#include "run/MapRun.h"
+#include "export/Unpacked.h"
+#include "platform/WriteLimit.h"
 
 namespace tovrel {
 namespace {
@@ -16,12 +14,6 @@ std::size_t count(const std::string& text, std::string_view part) {
     for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; ++at)
         ++found;
     return found;
-}
-
-TEST_F(ExportTest, namesTheArchiveAfterTheDocument) {
-    const ExportFiles files = exportFilesFor("/home/op/my.log.adi");
-    EXPECT_EQ(files.KmlFileName, "/home/op/mylog.kml");
-    EXPECT_EQ(files.archive, "/home/op/mylog.kmz");
 }
 
 TEST_F(ExportTest, showsItsPhasesAndLetsTheBarFallBackInTheLastPass) {
@@ -77,30 +69,17 @@ TEST_F(ExportTest, countsWhatOnePassReads) {
     EXPECT_EQ(data.tables.counters.QsosPlotted, 0);
 }
 
-TEST_F(ExportTest, replacesTheArchiveAndRemovesTheDocument) {
+TEST_F(ExportTest, packsTheDocumentAndWhatIconsThereAreInAnyCase) {
     useLog(record("A1A"));
     logs.write("log.kmz", "an old one");
+    std::filesystem::rename(program.path("Google_Worked.png"), program.path("google_worked.PNG"));
     EXPECT_EQ(exportLog(), ExportEnd::Done);
     EXPECT_EQ(logs.names(), "log.adi log.kmz ");
-    const std::string archive = logs.read("log.kmz");
-    std::size_t at = 0;
-    for (const char* name :
-         {"log.kml", "Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"}) {
-        at = archive.find(name, at + 1);
-        EXPECT_NE(at, std::string::npos) << name;
-    }
-    EXPECT_EQ(archive.find(logs.path()), std::string::npos);
-}
-
-TEST_F(ExportTest, findsTheIconsInAnyCaseAndDoesWithoutThem) {
-    useLog(record("A1A"));
-    std::filesystem::rename(program.path("Google_Worked.png"), program.path("google_worked.PNG"));
+    EXPECT_EQ(entryNames(logs.read("log.kmz")),
+              "log.kml Google_Confirmed.png Google_Worked.png Google_Heard.png ");
     std::filesystem::remove(program.path("Google_Heard.png"));
     EXPECT_EQ(exportLog(), ExportEnd::Done);
-    const std::string archive = logs.read("log.kmz");
-    EXPECT_EQ(count(archive, "Google_Confirmed.png"), 2U);
-    EXPECT_EQ(count(archive, "Google_Worked.png"), 2U);
-    EXPECT_EQ(count(archive, "Google_Heard.png"), 0U);
+    EXPECT_EQ(entryNames(logs.read("log.kmz")), "log.kml Google_Confirmed.png Google_Worked.png ");
     EXPECT_TRUE(prompt.told.empty());
 }
 
@@ -169,17 +148,11 @@ TEST_F(ExportTest, stopsBehindTheRecordInWhichTheUserAborts) {
         EXPECT_EQ(data.tables.counters.QsosPlotted, passesDone > 0 ? 0 : 7);
         EXPECT_TRUE(data.stats.lists().lstStats.empty());
     }
-    EXPECT_TRUE(prompt.told.empty());
-    EXPECT_TRUE(prompt.asked.empty());
-}
-
-TEST_F(ExportTest, actsOnAnAbortThatWasRequestedBeforeItsStart) {
-    useLog(record("A1A") + record("B1B"));
-    data.run.AbortRequested = true;
+    EXPECT_TRUE(prompt.told.empty() && prompt.asked.empty());
+    listener.onYield = nullptr;
+    data.run.AbortRequested = true; // before the start, it counts as well
     EXPECT_EQ(exportLog(), ExportEnd::Aborted);
     EXPECT_EQ(listener.yields, 1);
-    EXPECT_FALSE(data.run.AbortRequested);
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
 }
 
 TEST_F(ExportTest, obeysOptionsThatChangeMeanwhile) {
@@ -201,109 +174,95 @@ TEST_F(ExportTest, obeysOptionsThatChangeMeanwhile) {
     EXPECT_EQ(count(document, "lookup for D1D<"), 1U);
 }
 
-TEST_F(ExportTest, staysWithItsLogWhenTheUserChoosesAnother) {
+TEST_F(ExportTest, staysWithItsLogAndTakesRecordsThatAreAddedMeanwhile) {
     useLog(record("A1A"));
-    const std::string other = logs.write("other.adi", record("B1B"));
-    inYield(1, [&] { data.run.LogFileName = other; });
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
-    EXPECT_EQ(data.stats.lists().lstStats[5], "   1 Worked");
-}
-
-TEST_F(ExportTest, takesRecordsThatAreAddedToTheLogMeanwhile) {
-    useLog(record("A1A"));
-    inYield(1, [this] { useLog(record("A1A") + record("B1B") + record("C1C=")); });
+    inYield(1, [&] {
+        useLog(record("A1A") + record("B1B") + record("C1C="));
+        data.run.LogFileName = logs.write("other.adi", record("D1D="));
+    });
     EXPECT_EQ(exportLog(), ExportEnd::Done);
     EXPECT_EQ(data.stats.lists().lstStats[5], "   2 Worked");
     EXPECT_EQ(data.stats.lists().lstStats[7], "   1 Heard");
 }
 
-TEST_F(ExportTest, tellsThatTheLogCannotBeRead) {
-    const std::string missing = logs.path("gone.adi");
-    const std::string aFolder = logs.path("folder.adi");
-    std::filesystem::create_directory(aFolder);
-    for (const std::string& log : {missing, aFolder, std::string()}) {
+/// Exports that fail: each tells so once and shows nothing else.
+class ExportFailureTest : public ExportTest {
+protected:
+    void expectFailure(ExportEnd end, const std::string& message, const std::string& left) {
         prompt.told.clear();
-        data.run.LogFileName = log;
-        EXPECT_EQ(exportLog(), ExportEnd::LogUnreadable);
+        data.stats.lists().lstStats = {"of an earlier pass"};
+        EXPECT_EQ(exportLog(files), end);
         ASSERT_EQ(prompt.told.size(), 1U);
-        EXPECT_TRUE(
-            prompt.told[0].starts_with("The ADIF file could not be read.\r\n" + log + "\r\n"));
+        EXPECT_TRUE(prompt.told[0].starts_with(message)) << prompt.told[0];
         EXPECT_FALSE(listener.open);
-        EXPECT_EQ(logs.names(), "");
+        EXPECT_TRUE(data.stats.lists().lstStats.empty());
+        EXPECT_TRUE(prompt.asked.empty() && opened.empty());
+        EXPECT_EQ(logs.names(), left);
+    }
+
+    ExportFiles files{logs.path("log.kml"), logs.path("log.kmz")};
+};
+
+TEST_F(ExportFailureTest, ofALogThatCannotBeReadLeavesNothing) {
+    std::filesystem::create_directory(logs.path("folder.adi"));
+    for (const std::string& log : {logs.path("gone.adi"), logs.path("folder.adi"), std::string()}) {
+        data.run.LogFileName = log;
+        expectFailure(ExportEnd::LogUnreadable,
+                      "The ADIF file could not be read.\r\n" + log + "\r\n", "");
     }
     useLog(record("A1A"));
     inYield(1, [this] { std::filesystem::remove(logs.path("log.adi")); });
-    EXPECT_EQ(exportLog(), ExportEnd::LogUnreadable);
-    EXPECT_FALSE(listener.open);
-    EXPECT_EQ(logs.names(), "") << "nothing half-written";
+    expectFailure(ExportEnd::LogUnreadable, "The ADIF file could not be read.\r\n", "");
 }
 
-TEST_F(ExportTest, neverWritesOverTheLog) {
+TEST_F(ExportFailureTest, ofFilesThatWouldReplaceTheLogLeavesIt) {
     for (const char* name : {"log.kml", "log.kmz"}) {
         data.run.LogFileName = logs.write(name, record("A1A"));
-        EXPECT_EQ(exportLog(exportFilesFor(data.run.LogFileName)), ExportEnd::DocumentFailed);
+        expectFailure(ExportEnd::DocumentFailed, "", name + std::string(" "));
         EXPECT_EQ(logs.read(name), record("A1A"));
-        EXPECT_EQ(logs.names(), std::string(name) + " ");
         EXPECT_NE(prompt.told.back().find(name), std::string::npos);
         std::filesystem::remove(logs.path(name));
     }
 }
 
-TEST_F(ExportTest, endsWhenTheDictionaryHasGone) {
+TEST_F(ExportFailureTest, ofAMissingDictionaryEnds) {
     useLog(record("A1A"));
     std::filesystem::remove(program.path(FieldTable::fileName));
-    EXPECT_EQ(exportLog(), ExportEnd::DictionaryMissing);
-    EXPECT_EQ(prompt.told, Lines{std::string(FieldTable::missingMessage)});
+    expectFailure(ExportEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
+                  "log.adi ");
     EXPECT_EQ(prompt.icons.back(), MessageIcon::Critical);
-    EXPECT_FALSE(listener.open);
-    EXPECT_EQ(logs.names(), "log.adi ");
 }
 
-TEST_F(ExportTest, tellsThatTheDocumentCannotBeWritten) {
+TEST_F(ExportFailureTest, ofTheDocumentIsSeenAtOnce) {
     std::string log;
     for (int i = 0; i < 2000; ++i)
         log += record("A1A");
     useLog(log);
-    Lines documents = {logs.path("missing/log.kml"), logs.path("folder.kml")};
     std::filesystem::create_directory(logs.path("folder.kml"));
-#ifdef __linux__
-    documents.push_back(logs.path("full.kml"));
-    std::filesystem::create_symlink("/dev/full", logs.path("full.kml"));
-#endif
-    for (const std::string& document : documents) {
-        prompt.told.clear();
-        EXPECT_EQ(exportLog({document, logs.path("log.kmz")}), ExportEnd::DocumentFailed);
-        ASSERT_EQ(prompt.told.size(), 1U);
-        EXPECT_TRUE(prompt.told[0].starts_with(
-            "The Google Earth document could not be written.\r\n" + document + "\r\n"));
-        EXPECT_FALSE(listener.open);
-        EXPECT_TRUE(data.stats.lists().lstStats.empty());
-        EXPECT_TRUE(prompt.asked.empty());
+    for (const char* document : {"missing/log.kml", "folder.kml", "full.kml"}) {
+        if (document == std::string("full.kml"))
+            std::filesystem::create_symlink("/dev/full", logs.path(document));
+        files.KmlFileName = logs.path(document);
+        expectFailure(ExportEnd::DocumentFailed,
+                      "The Google Earth document could not be written.\r\n" + files.KmlFileName +
+                          "\r\n",
+                      "log.adi ");
     }
-    EXPECT_EQ(logs.names(), "log.adi ");
-    // The disk that is full is seen at once, not at the end of the last pass.
-    EXPECT_LT(listener.yields, 2 * 2000);
+    EXPECT_LT(listener.yields, 2 * 2000) << "not at the end of the last pass";
 }
 
-TEST_F(ExportTest, keepsTheDocumentWhenTheArchiveCannotBeWritten) {
+TEST_F(ExportFailureTest, ofTheArchiveLeavesTheDocumentAndTheOldArchive) {
     useLog(record("A1A"));
-    const auto expectFailure = [this](const std::string& archive) {
-        prompt.told.clear();
-        EXPECT_EQ(exportLog({logs.path("log.kml"), archive}), ExportEnd::ArchiveFailed);
-        ASSERT_EQ(prompt.told.size(), 1U);
-        const std::string named =
-            "The Google Earth file could not be created.\r\n" + archive + "\r\n";
-        EXPECT_TRUE(prompt.told[0].starts_with(named));
-        EXPECT_GT(prompt.told[0].size(), named.size());
-        EXPECT_FALSE(listener.open);
-        EXPECT_TRUE(prompt.asked.empty());
-        EXPECT_TRUE(data.stats.lists().lstStats.empty());
-        EXPECT_TRUE(logs.read("log.kml").ends_with("</kml>\r\n"));
+    const auto expectArchiveFailure = [this](const char* archive, const std::string& left) {
+        files.archive = logs.path(archive);
+        expectFailure(ExportEnd::ArchiveFailed,
+                      "The Google Earth file could not be created.\r\n" + files.archive + "\r\n",
+                      left);
     };
     std::filesystem::create_directory(logs.path("folder.kmz"));
-    expectFailure(logs.path("folder.kmz"));
-    expectFailure(logs.path("missing/log.kmz"));
-    EXPECT_EQ(logs.names(), "log.adi log.kml ");
+    expectArchiveFailure("folder.kmz", "log.adi log.kml ");
+    expectArchiveFailure("missing/log.kmz", "log.adi log.kml ");
+    EXPECT_TRUE(logs.read("log.kml").ends_with("</kml>\r\n"));
 
     logs.write("log.kmz", "an old one");
 #ifdef __unix__
@@ -314,35 +273,15 @@ TEST_F(ExportTest, keepsTheDocumentWhenTheArchiveCannotBeWritten) {
             noise += static_cast<char>(i >> 24U);
         program.write("Google_Heard.png", noise);
         const WriteLimit fullDisk(50'000);
-        expectFailure(logs.path("log.kmz"));
+        expectArchiveFailure("log.kmz", "log.adi log.kml log.kmz ");
     }
-    EXPECT_EQ(logs.read("log.kmz"), "an old one");
 #endif
-    // The document goes before it is packed.
-    inYield(3, [this] {
+    inYield(3, [this] { // the document goes before it is packed
         std::filesystem::remove(logs.path("log.kml"));
         std::filesystem::create_directory(logs.path("log.kml"));
     });
-    prompt.told.clear();
-    EXPECT_EQ(exportLog(), ExportEnd::ArchiveFailed);
-    EXPECT_EQ(prompt.told.size(), 1U);
+    expectArchiveFailure("log.kmz", "log.adi log.kmz ");
     EXPECT_EQ(logs.read("log.kmz"), "an old one");
-}
-
-TEST_F(ExportTest, asksForALogFirst) {
-    BatchWindow window(1000.0F, 1000.0F);
-    MapRun map(data, window, listener, prompt);
-    Commands commands(data, map, window, listener, prompt);
-    data.run.LogFileName = logs.path("gone.adi");
-    commands.mnuGoogle();
-    EXPECT_EQ(prompt.told, Lines{"You must select an ADIF file before continuing.\r\n"
-                                 "From the menu bar select File -> Open ADIF file.\r\n"});
-    EXPECT_EQ(listener.begun, 0);
-    EXPECT_EQ(logs.names(), "");
-
-    useLog(record("A1A"));
-    commands.mnuGoogle();
-    EXPECT_EQ(data.stats.lists().lstStats.size(), 10U);
 }
 
 } // namespace

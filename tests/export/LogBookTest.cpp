@@ -13,16 +13,20 @@ namespace {
 
 const std::string goldenFolder = TOVREL_DATA_DIR "/../tests/data/export/";
 
-void loadDictionary(FieldTable& fields, std::string_view text) {
-    fields.loadFrom(text);
-    fields.ResolveFieldRows();
-}
+struct DefaultFields : FieldTable {
+    DefaultFields() {
+        loadFrom(defaultFieldDictionary());
+        ResolveFieldRows();
+    }
+};
 
-void writeFolders(LogBook& book, const std::string& log, bool withName) {
-    FieldTable fields;
-    loadDictionary(fields, FieldTable::defaultFieldDictionary());
-    for (const QsoStatus folder : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
-        book.WriteFolderHead(folder);
+std::string documentOf(const std::string& log, bool withName) {
+    const TestFolder folder;
+    DefaultFields fields;
+    LogBook book;
+    EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "0.33"));
+    for (const QsoStatus status : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
+        book.WriteFolderHead(status);
         RecordReader reader(log);
         for (Cut cut = reader.next(); cut != Cut::End; cut = reader.next()) {
             if (cut == Cut::Record) {
@@ -33,27 +37,19 @@ void writeFolders(LogBook& book, const std::string& log, bool withName) {
         book.WriteFolderEnd();
     }
     book.WriteKmlTail();
-}
-
-std::string documentOf(const std::string& log, bool withName) {
-    const TestFolder folder;
-    LogBook book;
-    EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "0.33"));
-    writeFolders(book, log, withName);
     EXPECT_TRUE(book.close()) << book.error();
     return folder.read("log.kml");
 }
 
-/// The placemarks of one record in a document with the three folders, and their count.
 struct Placed {
     std::string text;
     GoogleCounters counters;
 };
 
-Placed placed(const std::string& record, std::string_view dictionary) {
+/// A document with the three folders, each offered one record.
+Placed placed(const std::string& record) {
     const TestFolder folder;
-    FieldTable fields;
-    loadDictionary(fields, dictionary);
+    DefaultFields fields;
     fields.ParseRecordLine(record);
     LogBook book;
     EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "", "1"));
@@ -65,10 +61,6 @@ Placed placed(const std::string& record, std::string_view dictionary) {
     return {folder.read("log.kml"), book.counters()};
 }
 
-Placed placed(const std::string& record) {
-    return placed(record, FieldTable::defaultFieldDictionary());
-}
-
 TEST(LogBook, namesTheDocumentAfterTheLogWithoutItsOtherDots) {
     const std::pair<std::string, std::string> cases[] = {
         {"/home/op/log.adi", "/home/op/log.kml"},
@@ -78,8 +70,7 @@ TEST(LogBook, namesTheDocumentAfterTheLogWithoutItsOtherDots) {
         {"/home/op/log", ".kml"},
         {"/home/op/log.", "/home/op/log.kml"},
         {"C:\\logs\\a.b.ADI", "C:\\logs\\ab.kml"},
-        {"", ".kml"},
-    };
+        {"", ".kml"}};
     for (const auto& [log, document] : cases)
         EXPECT_EQ(kmlFileNameFor(log), document) << log;
 }
@@ -87,14 +78,12 @@ TEST(LogBook, namesTheDocumentAfterTheLogWithoutItsOtherDots) {
 TEST(LogBook, scalesTheIconsByTheMarkerOfTheSettings) {
     const std::pair<std::string, std::string> cases[] = {
         {"Small", "0.33"}, {"Medium", "0.66"}, {"Large", "1"}, {"1", "0.66"},
-        {"1.0", "0.66"},   {"small", "1"},     {"2", "1"},     {"", "1"},
-    };
+        {"1.0", "0.66"},   {"small", "1"},     {"2", "1"},     {"", "1"}};
     for (const auto& [marker, scale] : cases)
         EXPECT_EQ(iconScaleOf(marker), scale) << marker;
 }
 
 TEST(LogBook, writesTheDocumentToTheByte) {
-    const TestFolder folder;
     const std::optional<std::string> golden = readFile(goldenFolder + "golden.kml");
     ASSERT_TRUE(golden);
     EXPECT_EQ(documentOf(goldenFolder + "golden.adi", true), *golden);
@@ -112,24 +101,22 @@ TEST(LogBook, sortsARecordIntoItsFolder) {
         std::string call;
         std::string fields;
         std::optional<QsoStatus> folder;
-    } cases[] = {
-        {"W1AW", "<QSL_RCVD:1>Y", QsoStatus::Confirmed},
-        {"W1AW", "<QSL_RCVD:1> Y  ", QsoStatus::Confirmed},
-        {"W1AW", "<QSL_RCVD:1>N <LOTW_QSL_RCVD:1>Y", QsoStatus::Confirmed},
-        {"W1AW", "<QSL_RCVD:1>N <eqsl_qsl_rcvd:1>Y", QsoStatus::Confirmed},
-        {"W1AW", "<QSL_RCVD:1>y <LOTW_QSL_RCVD:1>y <EQSL_QSL_RCVD:1>y", QsoStatus::Worked},
-        {"W1AW", "<QSL_RCVD:1>YES", QsoStatus::Worked},
-        {"W1AW", "", QsoStatus::Worked},
-        {"", "<QSL_RCVD:1>Y", QsoStatus::Confirmed},
-        {"", "", QsoStatus::Worked},
-        {"W1AW=", "", QsoStatus::Heard},
-        {" W1AW= ", "<QSL_RCVD:1>N", QsoStatus::Heard},
-        {"=", "", QsoStatus::Heard},
-        {"W1=AW", "", QsoStatus::Worked},
-        // On the map these are heard.
-        {"W1AW=", "<QSL_RCVD:1>Y", std::nullopt},
-        {"W1AW=", "<LOTW_QSL_RCVD:1>Y", std::nullopt},
-    };
+    } cases[] = {{"W1AW", "<QSL_RCVD:1>Y", QsoStatus::Confirmed},
+                 {"W1AW", "<QSL_RCVD:1> Y  ", QsoStatus::Confirmed},
+                 {"W1AW", "<QSL_RCVD:1>N <LOTW_QSL_RCVD:1>Y", QsoStatus::Confirmed},
+                 {"W1AW", "<QSL_RCVD:1>N <eqsl_qsl_rcvd:1>Y", QsoStatus::Confirmed},
+                 {"W1AW", "<QSL_RCVD:1>y <LOTW_QSL_RCVD:1>y <EQSL_QSL_RCVD:1>y", QsoStatus::Worked},
+                 {"W1AW", "<QSL_RCVD:1>YES", QsoStatus::Worked},
+                 {"W1AW", "", QsoStatus::Worked},
+                 {"", "<QSL_RCVD:1>Y", QsoStatus::Confirmed},
+                 {"", "", QsoStatus::Worked},
+                 {"W1AW=", "", QsoStatus::Heard},
+                 {" W1AW= ", "<QSL_RCVD:1>N", QsoStatus::Heard},
+                 {"=", "", QsoStatus::Heard},
+                 {"W1=AW", "", QsoStatus::Worked},
+                 // On the map these are heard.
+                 {"W1AW=", "<QSL_RCVD:1>Y", std::nullopt},
+                 {"W1AW=", "<LOTW_QSL_RCVD:1>Y", std::nullopt}};
     for (const auto& c : cases) {
         const Placed result = placed("<APP_LOGGER32_LNG:1>5 <APP_LOGGER32_LAT:1>5 <CALL:4>" +
                                      c.call + "<X:1>" + c.fields);
@@ -143,41 +130,22 @@ TEST(LogBook, sortsARecordIntoItsFolder) {
 
 TEST(LogBook, turnsTheSignOfTheLongitudeAndDropsWhatIsNone) {
     const std::pair<std::string, std::string> cases[] = {
-        {"73.5", "-73.5"},
-        {"-0.5", "0.5"},
-        {".5", "-0.5"},
-        {"12,5", "-12"},
-        {"  -7.50  ", "7.5"},
-        {"1e2", "-100"},
-        {"4W", "-4"},
-        {"0.000001", "-1e-06"},
-        {"100.12345678901234567", "-100.123456789012"},
-        {"0", ""},
-        {"0.000", ""},
-        {"-0", ""},
-        {"", ""},
-        {"   ", ""},
-        {"W73", ""},
-        {"nan", ""},
-        {"inf", ""},
+        {"73.5", "-73.5"}, {"-0.5", "0.5"},        {".5", "-0.5"},
+        {"12,5", "-12"},   {"  -7.50  ", "7.5"},   {"1e2", "-100"},
+        {"4W", "-4"},      {"0.000001", "-1e-06"}, {"100.12345678901234567", "-100.123456789012"}};
+    const auto placedAt = [](const std::string& field) {
+        return placed("<CALL:4>W1AW <APP_LOGGER32_LNG:1>" + field +
+                      "<APP_LOGGER32_LAT:1> 0,0 <EOR>");
     };
     for (const auto& [field, longitude] : cases) {
-        const Placed result =
-            placed("<CALL:4>W1AW <APP_LOGGER32_LNG:1>" + field + "<APP_LOGGER32_LAT:1> 0,0 <EOR>");
-        EXPECT_EQ(result.counters.GooglePlaced(), longitude.empty() ? 0 : 1) << field;
-        const bool found =
-            result.text.find("<longitude>" + longitude + "</longitude>\r\n") != std::string::npos &&
-            result.text.find("<coordinates>" + longitude + ",0,0</coordinates>") !=
-                std::string::npos;
-        EXPECT_EQ(found, !longitude.empty()) << field;
+        const Placed result = placedAt(field);
+        EXPECT_EQ(result.counters.GooglePlaced(), 1) << field;
+        for (const std::string& line : {"<longitude>" + longitude + "</longitude>\r\n",
+                                        "<coordinates>" + longitude + ",0,0</coordinates>"})
+            EXPECT_NE(result.text.find(line), std::string::npos) << field;
     }
-}
-
-TEST(LogBook, readsTheValueOfAnUnknownTagWhereTheDictionaryLacksOne) {
-    const std::string dictionary = "CALL\r\nAPP_LOGGER32_LNG\r\nAPP_LOGGER32_LAT\r\n";
-    const std::string record = "<CALL:4>W1AW <APP_LOGGER32_LNG:1>5 <NOTE:1>Y <EOR>";
-    EXPECT_EQ(placed(record, dictionary).counters.GoogleConfirmed, 1);
-    EXPECT_EQ(placed(record).counters.GoogleWorked, 1);
+    for (const char* none : {"0", "0.000", "-0", "", "   ", "W73", "nan", "inf"})
+        EXPECT_EQ(placedAt(none).counters.GooglePlaced(), 0) << none;
 }
 
 TEST(LogBook, takesValuesLongerThanItsBuffer) {
@@ -190,23 +158,17 @@ TEST(LogBook, takesValuesLongerThanItsBuffer) {
                                "   <description>Stations heard by </description>\r\n"));
 }
 
-TEST(LogBook, noticesADocumentThatCannotBeOpened) {
+TEST(LogBook, noticesADocumentThatCannotBeWritten) {
     const TestFolder folder;
-    LogBook book;
-    EXPECT_FALSE(book.WriteKmlHead(folder.path("missing/log.kml"), "", "1"));
-    EXPECT_FALSE(book.error().empty());
-
-    const std::string other = folder.write("other.kml", "old");
     std::filesystem::create_directory(folder.path("folder.kml"));
-    LogBook onFolder;
-    EXPECT_FALSE(onFolder.WriteKmlHead(folder.path("folder.kml"), "", "1"));
-    onFolder.discard();
+    for (const char* name : {"missing/log.kml", "folder.kml"}) {
+        LogBook book;
+        EXPECT_FALSE(book.WriteKmlHead(folder.path(name), "", "1"));
+        EXPECT_FALSE(book.error().empty());
+        book.discard();
+    }
     EXPECT_TRUE(std::filesystem::exists(folder.path("folder.kml")));
-}
-
 #ifdef __linux__
-TEST(LogBook, noticesAFullDisk) {
-    const TestFolder folder;
     std::filesystem::create_symlink("/dev/full", folder.path("log.kml"));
     LogBook book;
     ASSERT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "1"));
@@ -216,8 +178,8 @@ TEST(LogBook, noticesAFullDisk) {
     book.discard();
     EXPECT_EQ(folder.names(), "");
     EXPECT_TRUE(std::filesystem::exists("/dev/full"));
-}
 #endif
+}
 
 } // namespace
 } // namespace tovrel

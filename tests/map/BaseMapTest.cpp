@@ -2,6 +2,7 @@
 
 #include "map/CoastFile.h"
 #include "map/GreatCircle.h"
+#include "map/MapColours.h"
 #include "map/Pixels.h"
 #include "platform/TestFolder.h"
 #include "run/TestDoubles.h"
@@ -9,41 +10,18 @@
 namespace tovrel {
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour black = 0x000000;
-constexpr Colour land = 0xC0FFC0;
-constexpr Colour water = 0xFECDA5;
 constexpr Colour outside = 0xE0E0E0;
 
 /// Draws a base map from the files of a folder.
 struct Drawn {
-    Drawn(const TestFolder& folder, Projection projection, float homeLatitude = 30.0F) {
-        BaseMapStyle style{.projection = projection, .HomeLatitude = homeLatitude};
+    Drawn(const std::string& folder, const BaseMapStyle& style) {
         surface.DrawWidth = 1;
-        done = drawBaseMap(surface, style, folder.path(), listener, prompt);
+        drawBaseMap(surface, style, folder, listener, prompt);
     }
     PictureSurface surface{baseMapSize, baseMapSize};
     ScriptedListener listener;
     ScriptedPrompt prompt;
-    bool done = false;
 };
-
-TEST(BaseMap, WithoutItsFilesTellsAndShowsLandAlone) {
-    const TestFolder empty;
-    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        const Drawn map(empty, projection);
-        EXPECT_TRUE(map.done);
-        EXPECT_EQ(map.prompt.told,
-                  (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
-                                            "The databse file 'paintma.txt' not found."}));
-        EXPECT_EQ(map.prompt.icons,
-                  (std::vector{MessageIcon::Exclamation, MessageIcon::Exclamation}));
-        EXPECT_TRUE(map.prompt.asked.empty()) << "no relief, no question";
-        // The white of the south polar land took the land that it is one with.
-        EXPECT_EQ(inkOf(map.surface, water).count, 0);
-        EXPECT_EQ(colourAt(map.surface, 0, 0), white);
-    }
-}
 
 TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
     const TestFolder folder;
@@ -55,7 +33,7 @@ TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
     } cases[] = {{Projection::Azimuthal, 0, 6000, 0, 0, 0, -14000},
                  {Projection::Miller, 0, 18000, 0, 0, 0, -18000}};
     for (const auto& c : cases) {
-        const Drawn map(folder, c.projection);
+        const Drawn map(folder.path(), {.projection = c.projection, .HomeLatitude = 30.0F});
         EXPECT_TRUE(map.prompt.told.empty()) << "found in any case";
         EXPECT_EQ(map.listener.yields, 2);
         EXPECT_EQ(colourAt(map.surface, c.northX, c.northY), land);
@@ -77,7 +55,7 @@ TEST(BaseMap, TheSeaDoesNotRunRoundACoastThatIsCutAtTheAntipode) {
     const TestFolder folder;
     folder.write("mapper.pnt", coastAlong(0, -180, 180));
     folder.write("paintma.txt", "10,0\r\n");
-    const Drawn map(folder, Projection::Azimuthal, 0.0F);
+    const Drawn map(folder.path(), {.projection = Projection::Azimuthal});
     EXPECT_EQ(colourAt(map.surface, 0, 10000), water);
     EXPECT_EQ(colourAt(map.surface, 0, -10000), white) << "the southern half, whitened";
     EXPECT_EQ(colourAt(map.surface, -19850, 600), water);
@@ -92,7 +70,7 @@ TEST(BaseMap, GarbageInItsFilesIsDrawnOrPassedOver) {
     folder.write("mapper.pnt", garbage);
     folder.write("paintma.txt", garbage + ",,,\n91,1e99\n-1e99,5\n");
     for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        const Drawn map(folder, projection);
+        const Drawn map(folder.path(), {.projection = projection});
         EXPECT_TRUE(map.prompt.told.empty());
         EXPECT_GT(inkOf(map.surface, black).count, 1000);
     }
@@ -105,27 +83,18 @@ TEST(BaseMap, TheSuppliedFilesMakeAWorld) {
     } cases[] = {{45, 90, false}, {-20, 130, false}, {0, 25, false},  {40, -100, false},
                  {0, -30, true},  {30, -150, true},  {-40, 80, true}, {-10, -60, false}};
     for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        PictureSurface surface(baseMapSize, baseMapSize);
-        ScriptedListener listener;
-        ScriptedPrompt prompt;
-        drawBaseMap(surface,
-                    {.projection = projection, .HomeLatitude = 50.0F, .HomeLongitude = 10.0F},
-                    TOVREL_DATA_DIR, listener, prompt);
-        EXPECT_TRUE(prompt.told.empty());
+        const Drawn map(TOVREL_DATA_DIR,
+                        {.projection = projection, .HomeLatitude = 50.0F, .HomeLongitude = 10.0F});
+        EXPECT_TRUE(map.prompt.told.empty());
         for (const auto& c : cases) {
             ContactProjector projector(projection, 50.0F, 10.0F);
             MapPoint at;
             ASSERT_TRUE(projector.project(static_cast<float>(c.latitude),
                                           static_cast<float>(c.longitude), at));
-            EXPECT_EQ(colourAt(surface, at.x, at.y), c.sea ? water : land)
+            EXPECT_EQ(colourAt(map.surface, at.x, at.y), c.sea ? water : land)
                 << c.latitude << ", " << c.longitude;
         }
     }
-}
-
-TEST(BaseMap, EachMapHasACacheOfItsOwn) {
-    EXPECT_EQ(baseMapCacheName(Projection::Azimuthal), "GCBaseMap.map");
-    EXPECT_EQ(baseMapCacheName(Projection::Miller), "MillerBaseMap.map");
 }
 
 } // namespace

@@ -1,17 +1,14 @@
 #include "map/Coastline.h"
 
 #include "map/CoastFile.h"
+#include "map/MapColours.h"
 #include "map/Pixels.h"
 #include "run/TestDoubles.h"
 
 #include <cmath>
-#include <random>
 
 namespace tovrel {
 namespace {
-
-constexpr Colour black = 0x000000;
-constexpr Colour red = 0x0000FF;
 
 /// Draws a coastline database on a surface of its own.
 struct CoastDrawing {
@@ -29,18 +26,6 @@ struct CoastDrawing {
     ScriptedListener listener;
     Coastline coast;
 };
-
-TEST(CoastRecords, AreSixBytesLittleEndian) {
-    const auto records = readCoastRecords(coastRecord(1001, {-5400, 10860}) +
-                                          std::string("\x01\x80\xFF\x7F\x00\x80", 6));
-    ASSERT_EQ(records.size(), 2U);
-    EXPECT_EQ(records[0].marker, 1001);
-    EXPECT_EQ(records[0].latitude, -5400);
-    EXPECT_EQ(records[0].longitude, 10860);
-    EXPECT_EQ(records[1].marker, -32767);
-    EXPECT_EQ(records[1].latitude, 32767);
-    EXPECT_EQ(records[1].longitude, -32768);
-}
 
 TEST(CoastRecords, CountIsTheLengthDividedAndRounded) {
     const struct {
@@ -109,29 +94,6 @@ TEST(Coastline, AnAzimuthalStrokeBreaksAtTheAntipodeAndGoesOnBehindIt) {
     EXPECT_LT(std::max(std::abs(ink.left - 500), std::abs(ink.right - 500)), 19731 / 44 + 2);
 }
 
-TEST(Coastline, SealingClosesTheGapToTheRingWhereACoastWasCut) {
-    CoastDrawing drawing(coastAlong(0, 150, 210), Projection::Azimuthal);
-    drawing.surface.Circle(0, 0, MapRadius);
-    PictureSurface open = drawing.surface;
-    const auto pixel = [](double v) { return static_cast<int>(500 + v * 500 / 22000); };
-    // A fill right north of the coast's end must not come out south of it, seal or not sealed.
-    const int x = pixel(19000);
-    open.ExtFloodFill(x, pixel(-600), red);
-    EXPECT_EQ(open.GetPixel(x, pixel(600)), red)
-        << "unsealed it floods, or this test shows nothing";
-
-    drawing.coast.SealAntipodeRing();
-    for (double r = 19700; r < 20000; r += 22)
-        EXPECT_EQ(colourAt(drawing.surface, r, 0), black) << r;
-    // Between the two seals and the coast's inner ends the way is long, but not closed: a wall.
-    drawing.surface.ForeColor = black;
-    drawing.surface.PSet(17250, 20000, black);
-    drawing.surface.Line(17250, -20000, black);
-    drawing.surface.ExtFloodFill(x, pixel(-600), red);
-    EXPECT_EQ(drawing.surface.GetPixel(x, pixel(-600)), red);
-    EXPECT_NE(drawing.surface.GetPixel(x, pixel(600)), red);
-}
-
 TEST(Coastline, SealingDrawsNothingWhereNoCoastWasCut) {
     const std::string cases[] = {"", coastAlong(0, -170, 170), coastAlong(0, 176, 177),
                                  coastAlong(0, 178, 180), // all of it hidden
@@ -142,21 +104,6 @@ TEST(Coastline, SealingDrawsNothingWhereNoCoastWasCut) {
         const QImage before = drawing.surface.Image();
         drawing.coast.SealAntipodeRing();
         EXPECT_EQ(drawing.surface.Image(), before);
-    }
-}
-
-TEST(Coastline, AnyBytesAreDrawnToTheirEnd) {
-    std::mt19937 random(3);
-    for (int round = 0; round < 6; ++round) {
-        std::string bytes(60000U + static_cast<unsigned>(round), '\0');
-        for (char& byte : bytes)
-            byte = static_cast<char>(random());
-        for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-            CoastDrawing drawing(bytes, projection, static_cast<float>(round) * 30.0F - 90.0F,
-                                 100.0F, 200);
-            drawing.coast.SealAntipodeRing();
-            EXPECT_GT(drawing.ink().count, 1000);
-        }
     }
 }
 

@@ -1,15 +1,13 @@
 #include "map/ColourFill.h"
 
 #include "map/BaseMap.h"
+#include "map/MapColours.h"
 #include "map/Pixels.h"
 
 #include <limits>
 
 namespace tovrel {
 namespace {
-
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour water = 0xFECDA5;
 
 TEST(FillRegion, RoundsItsSeedToEvenAndBearsAnySeed) {
     PictureSurface surface = whiteSurface(10, 10);

@@ -1,6 +1,7 @@
 #include "map/Overlays.h"
 
 #include "map/BaseMap.h"
+#include "map/MapColours.h"
 #include "map/Pixels.h"
 #include "run/TestDoubles.h"
 
@@ -10,8 +11,6 @@
 namespace tovrel {
 namespace {
 
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour black = 0x000000;
 constexpr Colour grey = 0x808080;
 
 /// Dark pixels within `reach` pixels of a place on a circle round the centre.
@@ -107,34 +106,6 @@ TEST(Graticule, OnTheMillerMapIsAGridOfStraightLines) {
     const Ink grid = inkOf(surface, grey);
     EXPECT_EQ(grid.top, surface.pixelY(85 * 240)) << "meridians end at 85 degrees";
     EXPECT_EQ(grid.bottom, surface.pixelY(-85 * 240));
-}
-
-TEST(Marks, AreARingOfTheOutlineRoundTheInnerColour) {
-    const struct { DotWidths widths; } cases[] = {{{5, 3}}, {{7, 5}}, {{9, 7}}};
-    for (const auto& c : cases) {
-        PictureSurface surface = whiteSurface(441, 441);
-        surface.DrawWidth = 4;
-        drawMark(surface, {1000, 2000}, c.widths, black, 0x40FF00);
-        EXPECT_EQ(surface.DrawWidth, 1);
-        const Ink outer = inkOf(surface, black);
-        const Ink inner = inkOf(surface, 0x40FF00);
-        EXPECT_EQ(outer.width(), c.widths.outer);
-        EXPECT_EQ(inner.width(), c.widths.inner);
-        EXPECT_EQ(inner.height(), c.widths.inner);
-        EXPECT_EQ((inner.left + inner.right) / 2.0, surface.pixelX(1000));
-        EXPECT_EQ((outer.top + outer.bottom) / 2.0, surface.pixelY(2000));
-    }
-}
-
-TEST(Marks, HomeStandsInTheCentreOrAtItsPlace) {
-    PictureSurface surface = whiteSurface(667, 667);
-    DrawHomeMarker(surface, homePosition(Projection::Azimuthal, 41.7F, -72.7F), {9, 7}, black,
-                   0x00FFFF);
-    EXPECT_NEAR(inkOf(surface, 0x00FFFF).left + 3, 333, 1);
-    surface.Cls();
-    DrawHomeMarker(surface, homePosition(Projection::Miller, 40.0F, -74.0F), {9, 7}, black,
-                   0x00FFFF);
-    EXPECT_EQ(colourAt(surface, -74 * 122.0, 40 * 240.0), 0x00FFFFU);
 }
 
 } // namespace

@@ -1,12 +1,11 @@
 #include "platform/Files.h"
 
 #include "platform/TestFolder.h"
+#include "platform/WriteLimit.h"
 
 #include <gtest/gtest.h>
 
 #ifdef __unix__
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #endif
 
@@ -77,18 +76,10 @@ TEST(Files, keepsTheOldFileWhenTheNewOneCannotBeWritten) {
         const ReadOnlyFolder readOnly(folder);
         EXPECT_FALSE(writeFile(path, "new"));
     }
-    EXPECT_EQ(folder.read("file"), "old");
-
-    // A limit on the size of files stands for a full disk.
-    rlimit limit{};
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const rlimit small{100, limit.rlim_max};
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-    const bool written = writeFile(path, std::string(1000000, 'x'));
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, handler);
-    EXPECT_FALSE(written);
+    {
+        const WriteLimit fullDisk(100);
+        EXPECT_FALSE(writeFile(path, std::string(1000000, 'x')));
+    }
     EXPECT_EQ(folder.read("file"), "old");
     EXPECT_EQ(folder.names(), "file ");
 }

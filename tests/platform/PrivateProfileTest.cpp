@@ -15,33 +15,31 @@ TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
         const char* what;
         std::string content;
         std::string value; ///< of key Key in section Main, "default" when missing
-    } cases[] = {
-        {"plain", "[Main]\r\nKey=value\r\n", "value"},
-        {"case", "[MAIN]\r\nkEY=Value\r\n", "Value"},
-        {"LF and no end of the last line", "[Main]\nKey=value", "value"},
-        {"CR alone", "[Main]\rKey=value\r", "value"},
-        {"byte order mark", "\xEF\xBB\xBF[Main]\nKey=value\n", "value"},
-        {"blanks", " [ Main ] \r\n \tKey\t = \t a  b \t\r\n", "a  b"},
-        {"empty", "[Main]\r\nKey=\r\n", ""},
-        {"value with =", "[Main]\r\nKey=a=b;c\r\n", "a=b;c"},
-        {"quotes", "[Main]\r\nKey=\" a \"\r\n", " a "},
-        {"single quotes", "[Main]\r\nKey='a'\r\n", "a"},
-        {"one pair only", "[Main]\r\nKey=\"\"a\"\"\r\n", "\"a\""},
-        {"quotes that don't match", "[Main]\r\nKey=\"a'\r\n", "\"a'"},
-        {"a quote alone", "[Main]\r\nKey=\"\r\n", "\""},
-        {"the first of two keys", "[Main]\r\nKey=1\r\nKey=2\r\n", "1"},
-        {"the first of two sections", "[Main]\r\nA=1\r\n[Main]\r\nKey=2\r\n", "default"},
-        {"another section", "[Other]\r\nKey=1\r\n[Mainly]\r\nKey=2\r\n", "default"},
-        {"section behind others", "[Other]\r\nKey=1\r\n[Main]\r\nKey=2\r\n", "2"},
-        {"before any section", "Key=1\r\n[Main]\r\n", "default"},
-        {"comment", "[Main]\r\n;Key=1\r\n", "default"},
-        {"key without =", "[Main]\r\nKey\r\n", "default"},
-        {"longer than the buffer", "[Main]\r\nKey=" + longValue + "\r\n",
-         longValue.substr(0, size - 1)},
-        {"section mark not closed", "[Main\r\nKey=1\r\n", "1"},
-        {"garbage", std::string("\0\xFF[\x01]\r=\r\n[[[\n=Key=\0", 19), "default"},
-        {"nothing", "", "default"},
-    };
+    } cases[] = {{"plain", "[Main]\r\nKey=value\r\n", "value"},
+                 {"case", "[MAIN]\r\nkEY=Value\r\n", "Value"},
+                 {"LF and no end of the last line", "[Main]\nKey=value", "value"},
+                 {"CR alone", "[Main]\rKey=value\r", "value"},
+                 {"byte order mark", "\xEF\xBB\xBF[Main]\nKey=value\n", "value"},
+                 {"blanks", " [ Main ] \r\n \tKey\t = \t a  b \t\r\n", "a  b"},
+                 {"empty", "[Main]\r\nKey=\r\n", ""},
+                 {"value with =", "[Main]\r\nKey=a=b;c\r\n", "a=b;c"},
+                 {"quotes", "[Main]\r\nKey=\" a \"\r\n", " a "},
+                 {"single quotes", "[Main]\r\nKey='a'\r\n", "a"},
+                 {"one pair only", "[Main]\r\nKey=\"\"a\"\"\r\n", "\"a\""},
+                 {"quotes that don't match", "[Main]\r\nKey=\"a'\r\n", "\"a'"},
+                 {"a quote alone", "[Main]\r\nKey=\"\r\n", "\""},
+                 {"the first of two keys", "[Main]\r\nKey=1\r\nKey=2\r\n", "1"},
+                 {"the first of two sections", "[Main]\r\nA=1\r\n[Main]\r\nKey=2\r\n", "default"},
+                 {"another section", "[Other]\r\nKey=1\r\n[Mainly]\r\nKey=2\r\n", "default"},
+                 {"section behind others", "[Other]\r\nKey=1\r\n[Main]\r\nKey=2\r\n", "2"},
+                 {"before any section", "Key=1\r\n[Main]\r\n", "default"},
+                 {"comment", "[Main]\r\n;Key=1\r\n", "default"},
+                 {"key without =", "[Main]\r\nKey\r\n", "default"},
+                 {"longer than the buffer", "[Main]\r\nKey=" + longValue + "\r\n",
+                  longValue.substr(0, size - 1)},
+                 {"section mark not closed", "[Main\r\nKey=1\r\n", "1"},
+                 {"garbage", std::string("\0\xFF[\x01]\r=\r\n[[[\n=Key=\0", 19), "default"},
+                 {"nothing", "", "default"}};
     const TestFolder folder;
     for (const auto& c : cases) {
         const PrivateProfile profile(folder.write("a.ini", c.content));
@@ -73,8 +71,7 @@ TEST(PrivateProfile, writesAKeyAndKeepsAllElse) {
         {"only the first of two", "[Main]\nKey=1\nKey=2\n", "[Main]\nKey=new\nKey=2\n"},
         {"a comment is no key", "[Main]\n;Key=1\n", "[Main]\n;Key=1\nKey=new\n"},
         {"garbage stays", std::string("\0\xFF\x01\r\n", 5),
-         std::string("\0\xFF\x01\r\n[Main]\r\nKey=new\r\n", 22)},
-    };
+         std::string("\0\xFF\x01\r\n[Main]\r\nKey=new\r\n", 22)}};
     const TestFolder folder;
     for (const auto& c : cases) {
         PrivateProfile profile(folder.path("a.ini"));
@@ -119,45 +116,37 @@ TEST(PrivateProfile, replacesTheFileOnceAtTheEndOfTheOutermostBatch) {
     EXPECT_EQ(profile.read("Main", "A", "", size), "9");
 }
 
-TEST(PrivateProfile, toleratesAFolderThatCannotBeWritten) {
+TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAlone) {
     const TestFolder folder;
     std::filesystem::create_directory(folder.path("b.ini"));
-    PrivateProfile isFolder(folder.path("b.ini"));
-    EXPECT_FALSE(isFolder.exists());
-    EXPECT_FALSE(isFolder.write("Main", "Key", "new"));
-    PrivateProfile nowhere(folder.path("missing/a.ini"));
-    EXPECT_FALSE(nowhere.write("Main", "Key", "new"));
-#ifdef __unix__
-    PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
-    PrivateProfile absent(folder.path("c.ini"));
-    {
-        const ReadOnlyFolder readOnly(folder);
+    for (const char* name : {"b.ini", "missing/a.ini"}) {
+        PrivateProfile profile(folder.path(name));
+        EXPECT_FALSE(profile.exists());
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
+    }
+#ifdef __unix__
+    PrivateProfile absent(folder.path("c.ini"));
+    PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
+    {
+        const ReadOnlyFolder locked(folder);
         EXPECT_FALSE(absent.write("Main", "Key", "new"));
+        EXPECT_FALSE(profile.write("Main", "Key", "new"));
         const PrivateProfile::Batch batch(profile);
         profile.write("Main", "Key", "newer");
     }
-    EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");
-    EXPECT_EQ(folder.names(), "a.ini ");
-#endif
-}
-
-#ifdef __unix__
-TEST(PrivateProfile, leavesAFileThatCannotBeReadAlone) {
-    const TestFolder folder;
-    PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
-    std::filesystem::permissions(folder.path("a.ini"), std::filesystem::perms::none);
+    std::filesystem::permissions(profile.path(), std::filesystem::perms::none);
     {
-        const ReadOnlyFolder readOnly(folder);
+        const ReadOnlyFolder strangers(folder, 0777); // might replace the file
         EXPECT_EQ(profile.read("Main", "Key", "default", size), "default");
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
         const PrivateProfile::Batch batch(profile);
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
     }
-    std::filesystem::permissions(folder.path("a.ini"), std::filesystem::perms::owner_all);
+    std::filesystem::permissions(profile.path(), std::filesystem::perms::owner_all);
     EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");
-}
+    EXPECT_EQ(folder.names(), "a.ini ");
 #endif
+}
 
 } // namespace
 } // namespace tovrel

@@ -49,8 +49,10 @@ private:
 /// would not stop, is another user.
 class ReadOnlyFolder {
 public:
-    explicit ReadOnlyFolder(const TestFolder& folder) : path_(folder.path()), user_(geteuid()) {
-        std::filesystem::permissions(path_, std::filesystem::perms(0555));
+    /// @param rights 0777 for a folder in which only the files are out of reach
+    explicit ReadOnlyFolder(const TestFolder& folder, int rights = 0555)
+        : path_(folder.path()), user_(geteuid()) {
+        std::filesystem::permissions(path_, std::filesystem::perms(rights));
         if (user_ == 0)
             (void)seteuid(nobody);
     }

@@ -15,39 +15,32 @@ constexpr Colour heard = 0xFF0000;
 constexpr Colour home = 0x00FFFF;
 const char* const qsl = "<QSL_RCVD:1>Y";
 
-TEST(PlotRendering, MarksLieAtTheirPlacesOnBothMaps) {
+TEST(PlotRendering, MarksLieAtTheirPlacesInTheSizeAndTheColoursOfNow) {
     const struct {
         Projection projection;
-        int outer, inner;
-        double x, y;
-    } cases[] = {{Projection::Azimuthal, 9, 7, 4357.72, 3562.63},
-                 {Projection::Miller, 5, 3, 122 * 0.001, 240 * 51.5}};
-    for (const auto& c : cases) {
-        PlotRun run(record({"G1A", "51.5", "-0.001", "", "", "", qsl}), c.projection);
-        run.plot();
-        const Ink ring = inkOver(run.surface, white);
-        const Ink dot = inkOf(run.surface, confirmed);
-        EXPECT_EQ(ring.width(), c.outer);
-        EXPECT_EQ(dot.width(), c.inner);
-        EXPECT_EQ(dot.height(), c.inner);
-        EXPECT_EQ(inkOf(run.surface, outline).count, ring.count - dot.count);
-        EXPECT_NEAR(dot.left + (c.inner - 1) / 2, run.surface.pixelX(c.x), 0.5);
-        EXPECT_NEAR(dot.top + (c.inner - 1) / 2, run.surface.pixelY(c.y), 0.5);
-        EXPECT_EQ(run.surface.DrawWidth, 1);
-    }
-}
-
-TEST(PlotRendering, SizesFollowTheMarkerOptionAtTheTimeOfThePlot) {
-    const struct {
         MarkerSize size;
         int outer;
-    } cases[] = {{MarkerSize::Small, 5}, {MarkerSize::Medium, 7}, {MarkerSize::Large, 9}};
+        double x, y;
+    } cases[] = {{Projection::Azimuthal, MarkerSize::Small, 5, 4357.72, 3562.63},
+                 {Projection::Azimuthal, MarkerSize::Medium, 7, 4357.72, 3562.63},
+                 {Projection::Azimuthal, MarkerSize::Large, 9, 4357.72, 3562.63},
+                 {Projection::Miller, MarkerSize::Small, 5, 122 * 0.001, 240 * 51.5}};
     for (const auto& c : cases) {
-        PlotRun run(record({"G1A", "51.5", "-1", "", "", "", ""}));
+        PlotRun run(record({"G1A", "51.5", "-0.001", "", "", "", qsl}), c.projection);
         run.data.maps.inForce().marker = c.size;
+        run.data.stats.legend().set(LegendEntry::Confirmed, 0x123456);
+        run.data.stats.legend().set(LegendEntry::PlotOutline, 0x654321);
         run.plot();
-        EXPECT_EQ(inkOver(run.surface, white).width(), c.outer);
-        EXPECT_EQ(inkOf(run.surface, worked).width(), c.outer - 2);
+        const int inner = c.outer - 2;
+        const Ink ring = inkOver(run.surface, white);
+        const Ink dot = inkOf(run.surface, 0x123456);
+        EXPECT_EQ(ring.width(), c.outer);
+        EXPECT_EQ(dot.width(), inner);
+        EXPECT_EQ(dot.height(), inner);
+        EXPECT_EQ(inkOf(run.surface, 0x654321).count, ring.count - dot.count);
+        EXPECT_NEAR(dot.left + (inner - 1) / 2, run.surface.pixelX(c.x), 0.5);
+        EXPECT_NEAR(dot.top + (inner - 1) / 2, run.surface.pixelY(c.y), 0.5);
+        EXPECT_EQ(run.surface.DrawWidth, 1);
     }
 }
 
@@ -96,13 +89,6 @@ TEST(PlotRendering, HomeLiesOnTopOfAllWhenShown) {
             }
         }
     }
-    PlotRun aborted(record({"W2A", "40", "74", "", "", "", ""}));
-    aborted.data.run.marks.mnuShowMe = true;
-    const std::string twice = aborted.folder.read("log.adi");
-    aborted.folder.write("log.adi", twice + twice);
-    aborted.listener.onYield = [&](int) { aborted.data.run.AbortRequested = true; };
-    EXPECT_EQ(aborted.plot(), PassEnd::Aborted);
-    EXPECT_EQ(inkOver(aborted.surface, white).count, 0);
 }
 
 TEST(PlotRendering, ListsHoldPlacesOfFourDecimals) {
@@ -151,15 +137,6 @@ TEST(PlotRendering, PlacesOffTheMapShowNothingAndHarmNothing) {
             EXPECT_EQ(run.counters(), "1 1 0 1 0 0");
         }
     }
-}
-
-TEST(PlotRendering, ColoursAreThoseOfTheLegendNow) {
-    PlotRun run(record({"G1A", "51.5", "-1", "", "", "", qsl}));
-    run.data.stats.legend().set(LegendEntry::Confirmed, 0x123456);
-    run.data.stats.legend().set(LegendEntry::PlotOutline, 0x654321);
-    run.plot();
-    EXPECT_EQ(inkOf(run.surface, 0x123456).width(), 7);
-    EXPECT_EQ(inkOf(run.surface, 0x654321).width(), 9);
 }
 
 } // namespace

@@ -20,14 +20,6 @@ struct CommandQueueTest : testing::Test {
     std::string log;
 };
 
-TEST_F(CommandQueueTest, RunsAtOnceWhenNothingElseDoes) {
-    queue.run("a", command("a"));
-    EXPECT_EQ(log, "a()");
-    EXPECT_FALSE(queue.busy());
-    queue.run("a", command("a"));
-    EXPECT_EQ(log, "a()a()");
-}
-
 TEST_F(CommandQueueTest, WhatArrivesMidwayWaitsAndRunsOnceInItsOrder) {
     queue.commandEnded = [this] { log += ";"; };
     queue.run("a", command("a", {"c", "b", "c", "a", "b", "a"}));

@@ -7,6 +7,87 @@
 namespace tovrel {
 namespace {
 
+using Command = void (Commands::*)();
+
+/// What a command leaves behind; the rows of a table run one after the other.
+struct Step {
+    Command command;
+    const char* look;
+    const char* calls;   ///< of the window
+    const char* changes; ///< of the settings
+    int passes = 0;
+};
+
+template <std::size_t n>
+void expectSteps(PlottedProgram& program, const Step (&steps)[n]) {
+    int number = 0;
+    for (const Step& step : steps) {
+        SCOPED_TRACE(++number);
+        program.listener.begun = 0;
+        (*program.commands.*step.command)();
+        EXPECT_EQ(program.look(), step.look);
+        EXPECT_EQ(program.window.takeCalls(), step.calls);
+        EXPECT_EQ(program.takeChanges(), step.changes);
+        EXPECT_EQ(program.listener.begun, step.passes);
+        EXPECT_FALSE(program.window.waitPointer);
+    }
+}
+
+TEST(Commands, ChangeTheMapAndStoreWhatTheyChange) {
+    for (const bool azimuthal : {true, false}) {
+        PlottedProgram program(settingsOf(azimuthal));
+        const Command onShow = azimuthal ? &Commands::mnuGreatCircle : &Commands::mnuMiller;
+        const Step steps[] = {
+            // An overlay is drawn over what stands; to take it off, the plot is made again.
+            {&Commands::mnuMeridian, "world home graticule plot ", "", "Meridian=True "},
+            {&Commands::mnuShowMe, "world graticule plot ", "timer off", "ShowMe=False ", 1},
+            {&Commands::mnuShowMe, "world home graticule plot ", "", "ShowMe=True "},
+            {&Commands::mnuMeridian, "world home plot ", "timer off", "Meridian=False ", 1},
+            {onShow, "world home plot ", "hide,show,timer off", "", 1},
+            {&Commands::mnuRecreateMap, "world home ", "timer off,timer on", ""},
+            {&Commands::mnuLoadADIF, "world home plot ", "timer off", "", 1},
+            {&Commands::mnuResetBaseColors, "world home ", "timer off,timer on",
+             "LandColor=12648384 WaterColor=16698789 "},
+            {onShow, "world home plot ", "hide,show,timer off", "", 1},
+            {&Commands::mnuClearMap, "world home ", "", ""},
+            {&Commands::mnuShowMe, "world ", "", "ShowMe=False "}, // nothing to plot again
+            {onShow, "world ", "hide,show", ""}};
+        expectSteps(program, steps);
+        EXPECT_FALSE(program.data->run.MapPlotted);
+        EXPECT_TRUE(program.data->tables.HoverTable.empty());
+        const StatusLists& lists = program.data->stats.lists();
+        EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
+    }
+}
+
+TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
+    PlottedProgram program(home +
+                           "[GCMapOptions]\r\nShowComp=False\r\n15Deg=True\r\n45Deg=False\r\n");
+    int told = 0;
+    program.data->run.marksChanged = [&] { ++told; };
+    const Step steps[] = {
+        {&Commands::mnuShowCompass, "world home ", "", "ShowComp=True "},
+        {&Commands::mnuBoldCompass, "world home ", "", "CompBold=True CompNorm=False "},
+        {&Commands::mnuBoldCompass, "world home ", "", ""},
+        {&Commands::mnuLightCompass, "world home ", "", "CompBold=False CompNorm=True "},
+        {&Commands::mnu45Degrees, "world home ", "", "15Deg=False 45Deg=True "},
+        {&Commands::mnu15Degrees, "world home ", "", "15Deg=True 45Deg=False "},
+        {&Commands::mnuShowCompass, "world home ", "", "ShowComp=False "}};
+    expectSteps(program, steps);
+    EXPECT_EQ(told, 7);
+    EXPECT_TRUE(program.data->run.MapPlotted);
+    const auto darkPixels = [&](Command command) {
+        (*program.commands.*command)();
+        return inkWhere(program.map->Picture1, [](int, int, Colour c) { return (c & 0xFFU) < 100; })
+            .count;
+    };
+    const int fine = darkPixels(&Commands::mnuShowCompass);
+    EXPECT_GT(darkPixels(&Commands::mnuBoldCompass), fine);
+    const int coarse = darkPixels(&Commands::mnu45Degrees);
+    EXPECT_LT(coarse, fine);
+    EXPECT_LT(darkPixels(&Commands::mnuShowCompass), coarse);
+}
+
 TEST(OpenADIFFile, OffersTheFolderOfTheLastLogAndKeepsTheChoice) {
     const struct {
         const char *known, *folder;
@@ -32,39 +113,26 @@ TEST(OpenADIFFile, OffersTheFolderOfTheLastLogAndKeepsTheChoice) {
     }
 }
 
-TEST(LoadADIF, PlotsAndStopsTheTimer) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal), false);
-        program.window.timer1 = true;
-        program.data->lneGCPlotLine.show({});
-        program.commands->mnuLoadADIF();
-        EXPECT_EQ(program.mapAt(20, -156), confirmedColour);
-        EXPECT_TRUE(program.showsItsWorld());
-        EXPECT_TRUE(program.homeShown());
-        EXPECT_FALSE(program.window.timer1);
-        EXPECT_FALSE(program.window.waitPointer);
-        EXPECT_FALSE(program.data->lneGCPlotLine.shape().visible);
-        EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U);
-        program.commands->mnuLoadADIF();
-        EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U) << "nothing adds up";
-    }
-}
-
 TEST(LoadADIF, WithoutALogAsksForOneAndTellsWhenThereIsNone) {
-    PlottedProgram program;
-    std::filesystem::remove(program.data->run.LogFileName);
-    program.commands->mnuLoadADIF();
-    EXPECT_EQ(program.window.fileDialogs.size(), 1U);
-    EXPECT_EQ(program.prompt.told,
-              (std::vector<std::string>{"You must select an ADIF file before continuing.\r\n"
-                                        "From the menu bar select File -> Open ADIF file.\r\n"}));
-    EXPECT_EQ(program.prompt.icons[0], MessageIcon::None);
-    EXPECT_FALSE(program.plotShown()) << "the map was reset all the same";
-    EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 0U);
-    program.window.chosenFile = program.folder.write("other.adi", "");
-    program.commands->mnuLoadADIF();
-    EXPECT_EQ(program.setting("Log", "adifile"), *program.window.chosenFile);
-    EXPECT_EQ(program.data->stats.lists().lstStats.size(), 8U);
+    for (const Command command : {&Commands::mnuLoadADIF, &Commands::mnuGoogle}) {
+        PlottedProgram program;
+        std::filesystem::remove(program.data->run.LogFileName);
+        (*program.commands.*command)();
+        EXPECT_EQ(program.window.fileDialogs.size(), 1U);
+        EXPECT_EQ(
+            program.prompt.told,
+            (std::vector<std::string>{"You must select an ADIF file before continuing.\r\n"
+                                      "From the menu bar select File -> Open ADIF file.\r\n"}));
+        EXPECT_EQ(program.prompt.icons[0], MessageIcon::None);
+        EXPECT_EQ(program.listener.begun, 0);
+        const bool plot = command == &Commands::mnuLoadADIF;
+        EXPECT_EQ(program.look(), plot ? "world home " : "world home plot ")
+            << "reset all the same";
+        program.window.chosenFile = program.folder.write("other.adi", "");
+        (*program.commands.*command)();
+        EXPECT_EQ(program.setting("Log", "adifile"), *program.window.chosenFile);
+        EXPECT_EQ(program.listener.begun, 1);
+    }
 }
 
 TEST(LoadADIF, AnAbortLeavesTheTimerAndTheBareMap) {
@@ -74,178 +142,68 @@ TEST(LoadADIF, AnAbortLeavesTheTimerAndTheBareMap) {
     program.folder.write("log.adi", log + log + log);
     program.listener.onYield = [&](int) { program.commands->mnuAbort(); };
     program.commands->mnuLoadADIF();
-    EXPECT_FALSE(program.plotShown());
+    EXPECT_EQ(program.look(), "world home ");
     EXPECT_TRUE(program.window.timer1);
     EXPECT_TRUE(program.data->run.MapPlotted);
-    EXPECT_TRUE(program.data->tables.HoverTable.empty());
     EXPECT_FALSE(program.window.waitPointer);
 }
 
 TEST(LoadADIF, EndsTheProgramWhenTheDictionaryHasGone) {
-    PlottedProgram program;
-    std::filesystem::remove(program.folder.path("TVADIF.txt"));
-    program.commands->mnuLoadADIF();
-    EXPECT_EQ(program.window.takeCalls(), "close");
-    EXPECT_FALSE(program.plotShown());
-}
-
-TEST(ClearMap, LeavesABareMapThatNothingReplots) {
-    PlottedProgram program;
-    program.commands->mnuClearMap();
-    EXPECT_FALSE(program.plotShown());
-    EXPECT_TRUE(program.showsItsWorld());
-    EXPECT_FALSE(program.data->run.MapPlotted);
-    EXPECT_TRUE(program.data->tables.HoverTable.empty());
-    const StatusLists& lists = program.data->stats.lists();
-    EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
-    program.commands->mnuMeridian();
-    program.commands->mnuMeridian();
-    EXPECT_FALSE(program.plotShown());
-}
-
-TEST(Overlays, ComeAndGoWhileAPlotStays) {
-    for (const bool azimuthal : {true, false}) {
-        const std::string_view section = azimuthal ? "GCMapOptions" : "MCMapOptions";
-        PlottedProgram program(settingsOf(azimuthal));
-        const auto expect = [&](bool homeMark, bool graticule, int passes) {
-            EXPECT_EQ(program.homeShown(), homeMark);
-            EXPECT_EQ(program.graticuleShown(), graticule);
-            EXPECT_EQ(program.setting(section, "ShowMe"), homeMark ? "True" : "False");
-            EXPECT_EQ(program.setting(section, "Meridian"), graticule ? "True" : "False");
-            EXPECT_TRUE(program.plotShown());
-            EXPECT_EQ(program.listener.begun, passes);
-        };
-        program.commands->mnuMeridian();
-        expect(true, true, 1); // drawn over what stands
-        program.commands->mnuShowMe();
-        expect(false, true, 2); // plotted again
-        program.commands->mnuShowMe();
-        expect(true, true, 2);
-        program.commands->mnuMeridian();
-        expect(true, false, 3);
-        EXPECT_TRUE(program.showsItsWorld());
-    }
-}
-
-TEST(Overlays, AreNotPlottedOverWhenNothingWasPlotted) {
-    PlottedProgram program(home, false);
-    program.commands->mnuShowMe();
-    EXPECT_FALSE(program.homeShown());
-    EXPECT_EQ(program.listener.begun, 0);
-}
-
-TEST(Topo, AsksAndKeepsTheAnswer) {
-    for (const bool agreed : {false, true}) {
+    for (const Command command : {&Commands::mnuLoadADIF, &Commands::mnuGoogle}) {
         PlottedProgram program;
-        QImage world(36, 18, QImage::Format_RGB32);
-        world.fill(imageColour(0x123456));
-        ASSERT_TRUE(SavePicture(world, program.folder.path("world.bmp")));
-        program.map->loadMapPix(program.folder.path("world.bmp"));
-        program.prompt.answer = agreed;
-        program.commands->mnuTopo();
-        EXPECT_EQ(program.prompt.asked.size(), 1U);
-        EXPECT_EQ(program.data->run.marks.mnuTopo, agreed);
-        EXPECT_EQ(program.setting("GCMapOptions", "Topo"), agreed ? "True" : "False");
-        EXPECT_EQ(inkOf(program.map->Picture1, 0x123456).count > 0, agreed);
-        EXPECT_EQ(program.mapAt(3, -37), defaultWaterColour) << "the map is whole either way";
-        EXPECT_FALSE(program.plotShown()) << "plots aren't drawn again";
-        EXPECT_TRUE(program.data->run.MapPlotted);
-        EXPECT_FALSE(program.window.waitPointer);
-        program.commands->mnuTopo();
-        EXPECT_EQ(inkOf(program.map->Picture1, 0x123456).count, 0);
+        std::filesystem::remove(program.folder.path("TVADIF.txt"));
+        (*program.commands.*command)();
+        EXPECT_EQ(program.window.takeCalls(), "close");
     }
-}
-
-TEST(CompassCommands, ResetTheMapSaveAndLeaveMapPlotted) {
-    const std::string settings =
-        home + "[GCMapOptions]\r\nShowComp=True\r\n15Deg=True\r\n45Deg=False\r\n";
-    const struct {
-        void (Commands::*command)();
-        const char* keys; // ShowComp, CompBold, CompNorm, 15Deg, 45Deg afterwards
-    } cases[] = {{&Commands::mnuShowCompass, "False False True True False"},
-                 {&Commands::mnuBoldCompass, "True True False True False"},
-                 {&Commands::mnuLightCompass, "True False True True False"},
-                 {&Commands::mnu15Degrees, "True False True True False"},
-                 {&Commands::mnu45Degrees, "True False True False True"}};
-    for (const auto& c : cases) {
-        PlottedProgram program(settings);
-        int told = 0;
-        program.data->run.marksChanged = [&] { ++told; };
-        (*program.commands.*c.command)();
-        std::string keys;
-        for (const char* key : {"ShowComp", "CompBold", "CompNorm", "15Deg", "45Deg"})
-            keys += (keys.empty() ? "" : " ") + program.setting("GCMapOptions", key);
-        EXPECT_EQ(keys, c.keys);
-        EXPECT_GT(told, 0);
-        EXPECT_FALSE(program.plotShown());
-        EXPECT_TRUE(program.data->run.MapPlotted);
-        EXPECT_EQ(program.listener.begun, 1);
-    }
-    PlottedProgram program(settings);
-    const auto dark = [&] {
-        return inkWhere(program.map->Picture1, [](int, int, Colour c) { return (c & 0xFFU) < 100; })
-            .count;
-    };
-    const int fine = dark();
-    program.commands->mnuBoldCompass();
-    EXPECT_GT(dark(), fine);
-    program.commands->mnu45Degrees();
-    EXPECT_LT(dark(), fine);
-    const int coarse = dark();
-    program.commands->mnuShowCompass();
-    EXPECT_LT(dark(), coarse);
 }
 
 TEST(MapOptionCommands, ApplyShowsTheFilterAndCountsFromTheNextPlotOn) {
     PlottedProgram program;
     program.data->maps.of(Projection::Azimuthal).filter.band.set(1, true);
     program.commands->applyMapOptions(Projection::Azimuthal);
-    EXPECT_EQ(program.setting("GCMapOptions", "Band1"), "1");
+    EXPECT_EQ(program.takeChanges(), "Band0=0 Band1=1 ");
     EXPECT_EQ(program.data->stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n");
-    EXPECT_TRUE(program.plotShown()) << "the last plot stays";
+    EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U);
+    EXPECT_EQ(program.look(), "world home plot ");
     program.commands->mnuLoadADIF();
-    EXPECT_FALSE(program.plotShown());
+    EXPECT_EQ(program.look(), "world home ");
 }
 
-TEST(LegendColours, OnlyNewMeridiansAskForARebuild) {
-    PlottedProgram program;
+TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
+    PlottedProgram program(settingsOf(false));
     const struct {
         LegendEntry entry;
         std::optional<Colour> chosen;
         bool rebuild;
-        const char* key;
-        const char* stored;
-    } cases[] = {{LegendEntry::Meridian, std::nullopt, false, "MeridianColor", "8421504"},
-                 {LegendEntry::Meridian, 8421504, false, "MeridianColor", "8421504"},
-                 {LegendEntry::Meridian, 77, true, "MeridianColor", "77"},
-                 {LegendEntry::Confirmed, 78, false, "ConfirmedColor", "78"}};
+        const char* changes;
+    } cases[] = {{LegendEntry::Meridian, std::nullopt, false, ""},
+                 {LegendEntry::Meridian, 8421504, false, ""},
+                 {LegendEntry::Meridian, 77, true, "MeridianColor=77 "},
+                 {LegendEntry::Confirmed, 78, false, "ConfirmedColor=78 "}};
     for (const auto& c : cases) {
         program.window.chosenColour = c.chosen;
         EXPECT_EQ(program.commands->pickLegendColour(c.entry), c.rebuild);
-        EXPECT_EQ(program.setting("GCMapOptions", c.key), c.stored);
+        EXPECT_EQ(program.takeChanges(), c.changes);
     }
-    EXPECT_TRUE(program.plotShown()) << "a new colour does not recolour what is drawn";
+    EXPECT_EQ(program.data->stats.legend().colour(LegendEntry::Confirmed), 78U);
+    EXPECT_EQ(program.look(), "world home plot ") << "a new colour does not recolour the map";
 }
 
-TEST(SaveMap, WritesTheMapOnShowAndSaysSo) {
+TEST(SaveMap, WritesTheMapOnShowAndTellsHowItWent) {
     PlottedProgram program;
     const QImage before = program.map->Picture2.Image();
     program.commands->mnuSaveMap();
-    ASSERT_EQ(program.prompt.told.size(), 1U);
-    const std::string& told = program.prompt.told[0];
-    EXPECT_EQ(told.substr(0, 9), "TovrelAP_");
-    EXPECT_EQ(told.substr(24), ".bmp has been saved.");
+    const std::string name = program.prompt.told.at(0).substr(0, 28);
+    EXPECT_EQ(program.prompt.told[0], name + " has been saved.");
     EXPECT_EQ(program.map->Picture2.Image(), before);
-    std::string saved;
-    for (const auto& entry : std::filesystem::directory_iterator(program.folder.path())) {
-        if (entry.path().extension() == ".bmp")
-            saved = entry.path().string();
-    }
-    const std::optional<QImage> image = LoadPicture(saved);
+    const std::optional<QImage> image = LoadPicture(program.folder.path(name));
     ASSERT_TRUE(image);
     EXPECT_EQ(image->size(), before.size());
     EXPECT_EQ(image->copy(0, 0, before.width(), 200), before.copy(0, 0, before.width(), 200));
     EXPECT_NE(*image, before) << "stamped";
+    const ReadOnlyFolder locked(program.folder);
+    program.commands->mnuSaveMap();
+    EXPECT_EQ(program.prompt.told.at(1).substr(28), " could not be saved.");
 }
 
 } // namespace

@@ -33,14 +33,12 @@ public:
     void hideStats() override { calls.emplace_back("hide stats"); }
     void closeStats() override {
         calls.emplace_back("close stats");
-        if (onCloseStats)
-            onCloseStats();
+        onCloseStats();
     }
     void mnuView_Stats() override { calls.emplace_back("view stats"); }
     void askStationInfo() override {
         calls.emplace_back("ask station");
-        if (onAskStation)
-            onAskStation();
+        onAskStation();
     }
     std::optional<std::string> openFile(const std::string& title, const std::string& folder,
                                         const std::string& filter) override {
@@ -51,10 +49,7 @@ public:
         colourDialogs.push_back(start);
         return chosenColour;
     }
-    bool openWithSystem(const std::string& path) override {
-        opened.push_back(path);
-        return true;
-    }
+    bool openWithSystem(const std::string& /*path*/) override { return true; }
     void close() override { calls.emplace_back("close"); }
 
     /// The calls so far, joined with commas; they are forgotten.
@@ -78,11 +73,10 @@ public:
     std::vector<std::string> calls;
     std::vector<std::string> fileDialogs;
     std::vector<Colour> colourDialogs;
-    std::vector<std::string> opened;
     std::optional<std::string> chosenFile;
     std::optional<Colour> chosenColour;
-    std::function<void()> onAskStation;
-    std::function<void()> onCloseStats;
+    std::function<void()> onAskStation = [] {};
+    std::function<void()> onCloseStats = [] {};
 };
 
 } // namespace tovrel

@@ -7,10 +7,10 @@ namespace {
 
 constexpr Colour cachedColour = 0x778899;
 
-void writeCache(const TestFolder& folder, Projection projection) {
+void writeCache(const TestFolder& folder) {
     QImage image(667, 667, QImage::Format_RGB32);
     image.fill(imageColour(cachedColour));
-    ASSERT_TRUE(SavePicture(image, folder.path(baseMapCacheName(projection))));
+    ASSERT_TRUE(SavePicture(image, folder.path("GCBaseMap.map")));
 }
 
 TEST(Start, FirstRunAsksForTheStationBeforeItBuildsTheMap) {
@@ -25,19 +25,13 @@ TEST(Start, FirstRunAsksForTheStationBeforeItBuildsTheMap) {
     EXPECT_EQ(program.folder.names(),
               "GCBaseMap.map TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
     EXPECT_EQ(program.setting("Globals", "Version"), "1.0.0");
-    EXPECT_EQ(program.window.caption, "Tovrel - Azimuthal Equidistant Projection");
     EXPECT_EQ(program.data->run.HomeLatitude, 52.0F);
-    EXPECT_TRUE(program.showsItsWorld());
-    EXPECT_TRUE(program.homeShown());
-    EXPECT_FALSE(program.graticuleShown());
-    EXPECT_FALSE(program.window.waitPointer);
-    EXPECT_FALSE(program.window.timer1);
+    EXPECT_EQ(program.look(), "world home ");
+    EXPECT_FALSE(program.window.waitPointer || program.window.timer1);
     EXPECT_TRUE(program.data->run.FormReady);
     EXPECT_FALSE(program.data->run.MapPlotted);
     EXPECT_TRUE(program.prompt.told.empty());
     EXPECT_EQ(program.window.height, 8000.0F);
-    EXPECT_EQ(program.window.width, 8000.0F - FakeWindow::frame) << "as wide as the client is high";
-    EXPECT_EQ(program.map->Picture2.Height(), 8000.0F - FakeWindow::frame);
     EXPECT_EQ(program.map->Picture2.Width(), program.map->Picture2.Height()) << "square";
 }
 
@@ -47,8 +41,9 @@ TEST(Start, AnEmptyFolderMissesItsFilesAndStillStarts) {
     EXPECT_EQ(program.prompt.told,
               (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
                                         "The databse file 'paintma.txt' not found."}));
+    EXPECT_EQ(program.prompt.icons, std::vector(2, MessageIcon::Exclamation));
     EXPECT_EQ(program.folder.names(), "GCBaseMap.map TVADIF.txt Tovrel.ini ");
-    EXPECT_TRUE(program.homeShown());
+    EXPECT_EQ(program.look(), "home ");
     program.prompt.told.clear();
     program.restart();
     program.start();
@@ -58,7 +53,7 @@ TEST(Start, AnEmptyFolderMissesItsFilesAndStillStarts) {
 
 TEST(Start, APreparedFolderServesItsCacheAndKeepsItsDictionary) {
     TestProgram program(home + "[Log]\r\nadifile=missing.adi\r\n");
-    writeCache(program.folder, Projection::Azimuthal);
+    writeCache(program.folder);
     const std::string cache = program.folder.read("GCBaseMap.map");
     program.folder.write("tvadif.txt", "CALL\r\n");
     program.start();
@@ -70,12 +65,10 @@ TEST(Start, APreparedFolderServesItsCacheAndKeepsItsDictionary) {
     EXPECT_EQ(program.data->run.LogFileName, "");
     EXPECT_EQ(program.setting("Log", "adifile"), "missing.adi");
     EXPECT_TRUE(program.prompt.told.empty());
-}
 
-TEST(Start, TakesTheStoredLogIfItStands) {
-    TestProgram program(home);
     const std::string log = program.folder.write("my log.adi", "");
     program.data->ini.WriteIniValue("Log", "ADIFILE", log);
+    program.restart();
     program.start();
     EXPECT_EQ(program.data->run.LogFileName, log);
     EXPECT_EQ(program.listener.begun, 0) << "it is not read";
@@ -98,31 +91,24 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
         EXPECT_EQ(program.window.height, c.azimuthal ? 6000.0F : 4500.0F);
         EXPECT_EQ(program.window.width, c.azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
         EXPECT_EQ(program.map->Picture2.Height(), program.window.height - FakeWindow::frame);
-        if (!c.azimuthal) {
-            EXPECT_EQ(program.map->Picture2.Width(), 9000.0F - 110.0F);
-        }
-        EXPECT_TRUE(program.showsItsWorld()) << c.display;
+        EXPECT_EQ(program.map->Picture2.Width(), program.window.width - (c.azimuthal ? 0 : 110));
+        EXPECT_EQ(program.look(), "world home ") << c.display;
         const Legend& legend = program.data->stats.legend();
         EXPECT_EQ(legend.colour(LegendEntry::Heard), 3U) << "the azimuthal palette, on either map";
         EXPECT_EQ(legend.colour(LegendEntry::Meridian), c.azimuthal ? 4U : 2U);
     }
 }
 
-TEST(Start, SizesThatAreNoNumbersAreTheDefaultOnes) {
-    TestProgram program(home + "GCHeight=tall\r\n");
-    program.start();
-    EXPECT_EQ(program.window.height, 8000.0F);
-}
-
-TEST(Start, ACacheThatIsNoPictureIsBuiltAnew) {
-    for (const std::string garbage : {"", "no bitmap", "BM\1\2\3\4"}) {
-        TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+TEST(Start, WhatIsNoNumberAndNoPictureIsAsIfItWereMissing) {
+    for (const char* garbage : {"", "no bitmap", "BM\1\2\3\4"}) {
+        TestProgram program(home +
+                            "GCHeight=tall\r\n[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
         program.folder.write("GCBaseMap.map", garbage);
         program.start();
-        EXPECT_TRUE(program.showsItsWorld());
+        EXPECT_EQ(program.window.height, 8000.0F);
+        EXPECT_EQ(program.look(), "world home ");
         EXPECT_TRUE(LoadPicture(program.folder.path("GCBaseMap.map")));
-        EXPECT_FALSE(program.data->run.marks.mnuMeridian);
-        EXPECT_FALSE(program.data->run.marks.mnuTopo);
+        EXPECT_FALSE(program.data->run.marks.mnuMeridian || program.data->run.marks.mnuTopo);
         EXPECT_TRUE(program.prompt.asked.empty());
     }
 }
@@ -131,10 +117,9 @@ TEST(Start, WithACacheTheOverlaysComeAsStored) {
     TestProgram program(home +
                         "[GCMapOptions]\r\nMeridian=True\r\nShowMe=False\r\nShowComp=True\r\n"
                         "15Deg=True\r\nCompBold=True\r\nCompNorm=False\r\n");
-    writeCache(program.folder, Projection::Azimuthal);
+    writeCache(program.folder);
     program.start();
-    EXPECT_TRUE(program.graticuleShown());
-    EXPECT_FALSE(program.homeShown());
+    EXPECT_EQ(program.look(), "graticule ");
     EXPECT_GT(inkOf(program.map->Picture1, black).count, 1000) << "a compass, bold and dense";
     program.restart();
     program.data->ini.WriteIniValue("GCMapOptions", "ShowComp", "False");
@@ -144,31 +129,26 @@ TEST(Start, WithACacheTheOverlaysComeAsStored) {
 
 TEST(Start, ACacheThatCantBeWrittenServesFromMemory) {
     TestProgram program(home);
-    {
-        const ReadOnlyFolder locked(program.folder);
-        program.start();
-        EXPECT_TRUE(program.showsItsWorld());
-        program.map->ResetMap();
-        EXPECT_TRUE(program.showsItsWorld()) << "the map never goes blank";
-        program.commands->mnuMiller();
-        EXPECT_TRUE(program.showsItsWorld());
-        program.window.height = 9000;
-        program.map->Form_Resize();
-        EXPECT_TRUE(program.showsItsWorld());
-    }
+    const ReadOnlyFolder locked(program.folder);
+    program.start();
+    program.map->ResetMap();
+    EXPECT_EQ(program.look(), "world home ") << "the map never goes blank";
+    program.commands->mnuMiller();
+    EXPECT_EQ(program.look(), "world home ");
+    program.window.height = 9000;
+    program.map->Form_Resize();
+    EXPECT_EQ(program.look(), "world home ");
     EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
 }
 
 TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
     for (const bool azimuthal : {true, false}) {
-        TestProgram program(home + "GCHeight=6000\r\nMlWidth=7500\r\nDisplay=" +
-                            (azimuthal ? "Azimuthal" : "Miller") + "\r\n");
-        program.start();
+        PlottedProgram program(settingsOf(azimuthal));
         program.window.height = 6543.5F;
         program.window.width = 8765.0F;
         program.commands->Form_Unload();
-        EXPECT_EQ(program.setting("Globals", "GCHeight"), azimuthal ? "6543.5" : "6000");
-        EXPECT_EQ(program.setting("Globals", "MlWidth"), azimuthal ? "7500" : "8765");
+        EXPECT_EQ(program.takeChanges(),
+                  azimuthal ? "Globals.GCHeight=6543.5 " : "Globals.MlWidth=8765 ");
         EXPECT_FALSE(program.data->run.FormReady);
     }
 }

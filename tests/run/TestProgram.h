@@ -3,6 +3,7 @@
 #include "map/BaseMap.h"
 #include "map/CoastFile.h"
 #include "map/GreatCircle.h"
+#include "map/MapColours.h"
 #include "map/PictureFile.h"
 #include "map/Pixels.h"
 #include "platform/TestFolder.h"
@@ -10,14 +11,12 @@
 #include "run/FakeWindow.h"
 #include "run/TestDoubles.h"
 
+#include <map>
 #include <memory>
+#include <sstream>
 
 namespace tovrel {
 
-constexpr Colour white = 0xFFFFFF;
-constexpr Colour black = 0x000000;
-constexpr Colour defaultLandColour = 0xC0FFC0;
-constexpr Colour defaultWaterColour = 0xFECDA5;
 constexpr Colour confirmedColour = 0x40FF00;
 constexpr Colour homeColour = 0x00FFFF;
 constexpr Colour meridianColour = 0x808080;
@@ -32,14 +31,16 @@ public:
             folder.write("Tovrel.ini", settings);
         if (withWorld) {
             std::vector<CoastPoint> island;
-            for (int i = -10; i <= 10; ++i)
-                island.push_back({30 * 60, i * 60});
-            for (int i = 30; i <= 50; ++i)
-                island.push_back({i * 60, 10 * 60});
-            for (int i = 10; i >= -10; --i)
-                island.push_back({50 * 60, i * 60});
-            for (int i = 50; i >= 30; --i)
-                island.push_back({i * 60, -10 * 60});
+            const int corners[][2] = {{30, -10}, {30, 10}, {50, 10}, {50, -10}, {30, -10}};
+            for (int side = 0; side < 4; ++side) {
+                for (int i = 0; i <= 20 * 60; i += 60) {
+                    const auto between = [=](int axis) {
+                        return corners[side][axis] * 60 +
+                               (corners[side + 1][axis] - corners[side][axis]) * i / 20;
+                    };
+                    island.push_back({between(0), between(1)});
+                }
+            }
             folder.write("mapper.pnt", coastAlong(-60, -180, 182) + coastStroke(island));
             folder.write("paintma.txt", "0,-40\r\n");
         }
@@ -75,23 +76,44 @@ public:
         MapPoint at;
         return projector.project(latitude, longitude, at) ? colourAt(map->Picture2, at.x, at.y) : 0;
     }
-    int pixels(Colour colour) const { return inkOf(map->Picture2, colour).count; }
-    bool plotShown() const { return pixels(confirmedColour) > 0; }
-    bool homeShown() const { return pixels(homeColour) > 0; }
-    bool graticuleShown() const { return pixels(meridianColour) > 100; }
+    /// What the map shows: "world", the island and its sea where they belong and in their colours,
+    /// "home", "graticule" and "plot", each followed by a blank.
+    std::string look(Colour landColour = land, Colour waterColour = water) const {
+        bool world = true;
+        for (const auto& [latitude, longitude] : {std::pair{40, 4}, {33, 7}, {47, -7}})
+            world &=
+                mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) == landColour;
+        for (const auto& [latitude, longitude] : {std::pair{25, 3}, {3, -37}, {55, -7}, {44, 16}})
+            world &=
+                mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) == waterColour;
+        const auto shows = [this](Colour colour, int above, const char* name) {
+            return inkOf(map->Picture2, colour).count > above ? name : "";
+        };
+        return std::string(world ? "world " : "") + shows(homeColour, 0, "home ") +
+               shows(meridianColour, 100, "graticule ") + shows(confirmedColour, 0, "plot ");
+    }
 
-    /// Whether the whole island and its sea are where they belong.
-    testing::AssertionResult showsItsWorld(Colour land = defaultLandColour,
-                                           Colour water = defaultWaterColour) const {
-        for (const auto& [latitude, longitude] : {std::pair{40, 0}, {33, 7}, {47, -7}}) {
-            if (mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) != land)
-                return testing::AssertionFailure() << "no land at " << latitude << "," << longitude;
+    /// Settings that have changed since the last call, "key=value" in the section of the map in
+    /// force and "section.key=value" elsewhere, each followed by a blank.
+    std::string takeChanges() {
+        std::istringstream file(folder.read("Tovrel.ini"));
+        std::map<std::string, std::string> now;
+        std::string line, section, changes;
+        while (std::getline(file, line)) {
+            if (line.starts_with('['))
+                section = line.substr(1, line.find(']') - 1);
+            const std::size_t equals = line.find('=');
+            if (equals == std::string::npos)
+                continue;
+            const std::string key = section + '.' + line.substr(0, equals);
+            const std::string value = line.substr(equals + 1, line.find('\r') - equals - 1);
+            now.emplace(key, value); // of two equal keys the first counts
+            const bool inForce = section == sectionOf(data->run.marks.projection);
+            if (now[key] == value && (!settings_.count(key) || settings_[key] != value))
+                changes += (inForce ? line.substr(0, equals) : key) + '=' + value + ' ';
         }
-        for (const auto& [latitude, longitude] : {std::pair{25, 3}, {3, -37}, {55, -7}, {44, 16}}) {
-            if (mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) != water)
-                return testing::AssertionFailure() << "no sea at " << latitude << "," << longitude;
-        }
-        return testing::AssertionSuccess();
+        settings_ = std::move(now);
+        return changes;
     }
 
     TestFolder folder;
@@ -101,6 +123,9 @@ public:
     std::unique_ptr<RunData> data;
     std::unique_ptr<MapRun> map;
     std::unique_ptr<Commands> commands;
+
+private:
+    std::map<std::string, std::string> settings_;
 };
 
 inline const std::string home = "[Globals]\r\nLatitude=50\r\nLongitude=-20\r\n";
@@ -113,7 +138,10 @@ struct PlottedProgram : TestProgram {
         chooseLog();
         if (plotted)
             commands->mnuLoadADIF();
+        data->maps.saveInForce(); // with all its keys
+        takeChanges();
         window.takeCalls();
+        listener.begun = 0;
     }
 };
 

@@ -51,17 +51,6 @@ TEST_F(InitSettingsTest, writesAllKeysOnTheFirstRunAndOneMoreOnTheNext) {
     EXPECT_EQ(folder.read("T.ini"), firstRun + "ShowMe=True\r\n");
 }
 
-TEST_F(InitSettingsTest, repairsAnEmptyFileToAllButTheKeysThatMayBeMissing) {
-    folder.write("T.ini", "");
-    start();
-    const std::string text = folder.read("T.ini");
-    for (const std::string_view key : {"MyCall", "ADIFile", "Map=", "Display", "Topo", "Country"})
-        EXPECT_EQ(text.find(key), std::string::npos) << key;
-    EXPECT_EQ(ini.ReadIniValue(section::miller, "ShowMe"), "True");
-    EXPECT_EQ(text.size() + std::string("MyCall=\r\n[Log]\r\nADIFile=\r\nMap=1\r\n").size(),
-              firstRun.size() + std::string("ShowMe=True\r\n").size());
-}
-
 TEST_F(InitSettingsTest, repairsEachMissingKeyAloneAndLeavesTheOthers) {
     start();
     start();

@@ -1,7 +1,6 @@
 #include "state/MapOptions.h"
 
 #include "platform/TestFolder.h"
-#include "state/GoogleMapOptions.h"
 
 #include <gtest/gtest.h>
 
@@ -31,15 +30,13 @@ TEST_F(MapOptionsTest, loadsFilterGroupsInRisingOrder) {
     const struct {
         std::string_view keys;
         std::string band; ///< starting from 10M alone
-    } cases[] = {
-        {"", "OFF "},
-        {"Band0=\nBand5=1\n", "OFF "},
-        {"Band0=1\n", "OFF "},
-        {"Band0=0\n", "OFF "},
-        {"Band0=0\nBand4=1\nBand12=1\n", "12M 160M "},
-        {"Band0=1\nBand3=1\n", "10M "},
-        {"Band0=0\nBand4=2\nBand5=x\nBand6=True\nBand7=1.0\n", "20M "},
-    };
+    } cases[] = {{"", "OFF "},
+                 {"Band0=\nBand5=1\n", "OFF "},
+                 {"Band0=1\n", "OFF "},
+                 {"Band0=0\n", "OFF "},
+                 {"Band0=0\nBand4=1\nBand12=1\n", "12M 160M "},
+                 {"Band0=1\nBand3=1\n", "10M "},
+                 {"Band0=0\nBand4=2\nBand5=x\nBand6=True\nBand7=1.0\n", "20M "}};
     for (const auto& c : cases) {
         settings(std::string("[MCMapOptions]\n").append(c.keys));
         FilterGroup group(Criterion::Band);
@@ -105,32 +102,10 @@ TEST_F(MapOptionsTest, savesAllThatItLoads) {
               "IOTA3=0\r\nIOTA4=0\r\nIOTA5=0\r\nIOTA6=0\r\nIOTA7=0\r\nCall=0\r\nLatLong=1\r\n"
               "Country=0\r\nMarker=Medium\r\nLine=2\r\n");
 
-    RunState otherRun;
-    MapOptionForms other(ini, otherRun);
-    const MapOptions& loaded = other.of(Projection::Azimuthal);
-    EXPECT_EQ(otherRun.marks, run.marks);
-    EXPECT_EQ(captionsOf(loaded.filter.band), "10M ");
-    EXPECT_EQ(loaded.marker, MarkerSize::Medium);
-    EXPECT_EQ(loaded.line, 2);
-    EXPECT_TRUE(loaded.chkLatLong && !loaded.chkCall);
-
     maps.SaveMCMapOptions();
     for (const std::string_view key : {"ShowComp", "CompBold", "CompNorm", "15Deg", "45Deg"})
         EXPECT_EQ(ini.ReadIniValue(section::miller, key), "") << key;
     EXPECT_EQ(ini.ReadIniValue(section::miller, "Topo"), "True");
-}
-
-TEST_F(MapOptionsTest, dropsWhatWasNotAppliedWhenTheWindowCloses) {
-    settings("[GCMapOptions]\nBand0=0\nBand3=1\nCall=1\n");
-    MapOptions& options = maps.of(Projection::Azimuthal);
-    options.filter.band.set(7, true);
-    options.line = 3;
-    options.chkCall = false;
-    EXPECT_EQ(captionsOf(maps.of(Projection::Azimuthal).filter.band), "10M 20M ");
-    maps.unload(Projection::Azimuthal);
-    EXPECT_EQ(captionsOf(maps.of(Projection::Azimuthal).filter.band), "10M ");
-    EXPECT_EQ(maps.of(Projection::Azimuthal).line, 1);
-    EXPECT_TRUE(maps.of(Projection::Azimuthal).chkCall);
 }
 
 // Saving loads options whose window was closed, and that reads the marks from the settings.
@@ -155,25 +130,6 @@ TEST_F(MapOptionsTest, namesTheFilterOfTheSettings) {
               "BAND\r\n--------\r\n10M\r\n12M\r\n");
     EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Mode), "MODE\r\n--------\r\nOFF\r\n");
     EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Iota), "IOTA\r\n--------\r\n");
-}
-
-TEST_F(MapOptionsTest, theExportStoresItsMarkerAtOnceAndTheRestWhenApplied) {
-    GoogleMapOptions google;
-    google.filter.iota.set(4, true);
-    google.chkCall = false;
-    google.pickMarker(ini, MarkerSize::Medium);
-    EXPECT_EQ(folder.read("T.ini"), "[GoogleMapOptions]\r\nMarker=Medium\r\n");
-    google.apply(ini);
-    EXPECT_EQ(ini.ReadIniValue(section::google, "IOTA4"), "1");
-    EXPECT_EQ(ini.ReadIniValue(section::google, "IOTA0"), "0");
-    EXPECT_EQ(ini.ReadIniValue(section::google, "Band0"), "1");
-    EXPECT_EQ(ini.ReadIniValue(section::google, "Call"), "0");
-
-    google.resetToDesign();
-    EXPECT_EQ(captionsOf(google.filter.iota), "OFF ");
-    EXPECT_EQ(google.marker, MarkerSize::Large);
-    EXPECT_TRUE(google.chkCall);
-    EXPECT_EQ(ini.ReadIniValue(section::google, "Marker"), "Medium");
 }
 
 } // namespace

@@ -15,24 +15,22 @@ TEST(iniFiles, convertsTextsOfEveryKind) {
         bool boolean;  ///< with the fallback true
         bool check;
         Colour colour; ///< with the fallback 0xABCDEF
-    } cases[] = {
-        {"", none, true, false, 0xABCDEF},
-        {"1", 1, true, true, 1},
-        {"0", 0, false, false, 0},
-        {"True", none, true, false, 0xABCDEF},
-        {"tRUE", none, true, false, 0xABCDEF},
-        {"False", none, false, false, 0xABCDEF},
-        {"yes", none, false, false, 0xABCDEF},
-        {"-1", -1, true, false, 0xABCDEF},
-        {"2", 2, true, false, 2},
-        {"1.0", 1, true, true, 1},
-        {"16777215", 16777215, true, false, 0xFFFFFF},
-        {"16777216", 16777216, true, false, 0xABCDEF},
-        {"4259584", 4259584, true, false, 4259584},
-        {"48.5N", 48.5, true, false, 48},
-        {"N48", none, false, false, 0xABCDEF},
-        {"1e300", 1e300, true, false, 0xABCDEF},
-    };
+    } cases[] = {{"", none, true, false, 0xABCDEF},
+                 {"1", 1, true, true, 1},
+                 {"0", 0, false, false, 0},
+                 {"True", none, true, false, 0xABCDEF},
+                 {"tRUE", none, true, false, 0xABCDEF},
+                 {"False", none, false, false, 0xABCDEF},
+                 {"yes", none, false, false, 0xABCDEF},
+                 {"-1", -1, true, false, 0xABCDEF},
+                 {"2", 2, true, false, 2},
+                 {"1.0", 1, true, true, 1},
+                 {"16777215", 16777215, true, false, 0xFFFFFF},
+                 {"16777216", 16777216, true, false, 0xABCDEF},
+                 {"4259584", 4259584, true, false, 4259584},
+                 {"48.5N", 48.5, true, false, 48},
+                 {"N48", none, false, false, 0xABCDEF},
+                 {"1e300", 1e300, true, false, 0xABCDEF}};
     const TestFolder folder;
     for (const auto& c : cases) {
         folder.write("T.ini", "[S]\r\nKey=" + c.value + "\r\n");

@@ -11,30 +11,22 @@ constexpr auto azimuthal = Projection::Azimuthal;
 constexpr auto miller = Projection::Miller;
 
 TEST(Legend, EntriesHaveTheirNamesAndDefaultColours) {
-    const struct {
-        LegendEntry entry;
-        const char *button, *label, *caption, *key;
-        Colour colour;
-    } cases[] = {{LegendEntry::Confirmed, "cmdConfirmed", "lblConfirmed", "Confirmed",
-                  "ConfirmedColor", 4259584},
-                 {LegendEntry::Worked, "cmdWorked", "lblWorked", "Worked", "WorkedColor", 255},
-                 {LegendEntry::Heard, "cmdHeard", "lblHeard", "Heard", "HeardColor", 16711680},
-                 {LegendEntry::Home, "cmdHome", "lblHome", "Home QTH", "QTHColor", 65535},
-                 {LegendEntry::PlotOutline, "cmdPlotOutline", "lblPlotOutline", "Plot Outline",
-                  "OutlineColor", 0},
-                 {LegendEntry::Line, "cmdLine", "lblPlotLine", "Plot Line", "LineColor", 255},
-                 {LegendEntry::Meridian, "cmdMeridian", "lblMeridian", "Meridian Line",
-                  "MeridianColor", 8421504}};
-    const Legend legend;
-    ASSERT_EQ(std::size(cases), allLegendEntries.size());
-    for (std::size_t i = 0; i < std::size(cases); ++i) {
+    const std::pair<const char*, Colour> entries[] = {
+        {"cmdConfirmed lblConfirmed Confirmed ConfirmedColor", 4259584},
+        {"cmdWorked lblWorked Worked WorkedColor", 255},
+        {"cmdHeard lblHeard Heard HeardColor", 16711680},
+        {"cmdHome lblHome Home QTH QTHColor", 65535},
+        {"cmdPlotOutline lblPlotOutline Plot Outline OutlineColor", 0},
+        {"cmdLine lblPlotLine Plot Line LineColor", 255},
+        {"cmdMeridian lblMeridian Meridian Line MeridianColor", 8421504}};
+    ASSERT_EQ(std::size(entries), allLegendEntries.size());
+    for (std::size_t i = 0; i < std::size(entries); ++i) {
         const LegendNames& names = namesOf(allLegendEntries[i]);
-        EXPECT_EQ(allLegendEntries[i], cases[i].entry);
-        EXPECT_EQ(names.button, cases[i].button);
-        EXPECT_EQ(names.label, cases[i].label);
-        EXPECT_EQ(names.caption, cases[i].caption);
-        EXPECT_EQ(names.key, cases[i].key);
-        EXPECT_EQ(legend.colour(cases[i].entry), cases[i].colour);
+        std::string text;
+        for (const auto name : {names.button, names.label, names.caption, names.key})
+            text.append(text.empty() ? "" : " ").append(name);
+        EXPECT_EQ(text, entries[i].first);
+        EXPECT_EQ(Legend().colour(allLegendEntries[i]), entries[i].second);
     }
 }
 
@@ -58,17 +50,6 @@ TEST(Legend, LoadsWhatASectionHoldsAndKeepsTheRest) {
     EXPECT_EQ(legend.colour(LegendEntry::Worked), 77U) << "the other map's colour stays";
     legend.resetToDesign();
     EXPECT_EQ(legend.colour(LegendEntry::Worked), 255U);
-}
-
-TEST(Legend, SavesAnEntryAsDecimalTextInOneSection) {
-    const TestFolder folder;
-    iniFiles ini(folder.path(), "x.ini");
-    Legend legend;
-    legend.set(LegendEntry::Home, 0xC0FFC0);
-    legend.save(ini, miller, LegendEntry::Home);
-    EXPECT_EQ(ini.ReadIniValue("MCMapOptions", "QTHColor"), "12648384");
-    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "QTHColor"), "");
-    EXPECT_EQ(ini.ReadIniValue("MCMapOptions", "HeardColor"), "");
 }
 
 } // namespace

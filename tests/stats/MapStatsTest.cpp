@@ -1,6 +1,7 @@
 #include "stats/MapStats.h"
 
 #include "platform/TestFolder.h"
+#include "run/RunData.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -16,7 +17,6 @@ struct MapStatsTest : testing::Test {
                      "Mode2=1\r\nIOTA4=1\r\nIOTA7=1\r\n"
                      "[MCMapOptions]\r\nHeardColor=333\r\nLineColor=444\r\nLine=2\r\nBand0=0\r\n"
                      "Band1=1\r\nBand12=1\r\n");
-        stats.changed = [this] { ++told; };
     }
     void fillLists() {
         stats.lists().lstConfirmed.add({"W1AW", 1, 2});
@@ -25,12 +25,9 @@ struct MapStatsTest : testing::Test {
     }
 
     TestFolder folder;
-    iniFiles ini{folder.path(), "x.ini"};
-    RunState run;
-    MapOptionForms maps{ini, run};
-    PlotLine line;
-    MapStats stats{ini, maps, run, line};
-    int told = 0;
+    RunData data{folder.path(), "x.ini"};
+    RunState& run = data.run;
+    MapStats& stats = data.stats;
 };
 
 TEST_F(MapStatsTest, TheFirstAccessLoadsTheMapInForce) {
@@ -59,36 +56,6 @@ TEST_F(MapStatsTest, ClosingDropsAllAndTheNextAccessReadsTheSettings) {
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n160M\r\n");
 }
 
-TEST_F(MapStatsTest, LoadingAgainKeepsWhatIsThere) {
-    fillLists();
-    stats.legend().set(LegendEntry::Heard, 999);
-    stats.load();
-    EXPECT_EQ(stats.lists().lstConfirmed.size(), 1U);
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 999U);
-}
-
-TEST_F(MapStatsTest, AppliedOptionsShowTheirFilterWhileTheListsStay) {
-    fillLists();
-    ini.WriteIniValue("GCMapOptions", "Band0", "0");
-    ini.WriteIniValue("GCMapOptions", "Band7", "1");
-    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
-    told = 0;
-    stats.showFilter(Projection::Azimuthal);
-    EXPECT_GT(told, 0);
-    EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n20M\r\n");
-    EXPECT_EQ(stats.lists().lstConfirmed.size(), 1U);
-}
-
-TEST_F(MapStatsTest, APickedColourGoesToTheMapInForceAlone) {
-    run.marks.projection = Projection::Miller;
-    stats.pickColour(LegendEntry::Confirmed, 5);
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Confirmed), 5U);
-    EXPECT_EQ(ini.ReadIniValue("MCMapOptions", "ConfirmedColor"), "5");
-    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "ConfirmedColor"), "");
-    stats.unload();
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Confirmed), 5U);
-}
-
 TEST_F(MapStatsTest, AStationGetsALineFromHome) {
     const Station station{"W1AW", 3562.6291, -4357.7215};
     const struct {
@@ -102,7 +69,7 @@ TEST_F(MapStatsTest, AStationGetsALineFromHome) {
         stats.unload();
         stats.load();
         stats.pickStation(station);
-        const PlotLine::Shape& shape = line.shape();
+        const PlotLine::Shape& shape = data.lneGCPlotLine.shape();
         EXPECT_TRUE(shape.visible);
         EXPECT_EQ(shape.fromX, c.fromX);
         EXPECT_EQ(shape.fromY, c.fromY);
@@ -112,7 +79,7 @@ TEST_F(MapStatsTest, AStationGetsALineFromHome) {
         EXPECT_EQ(shape.colour, c.colour);
     }
     stats.pickStation({"VK6A", std::nan(""), std::nan("")});
-    EXPECT_FALSE(line.shape().visible) << "a station at the antipode has no place";
+    EXPECT_FALSE(data.lneGCPlotLine.shape().visible) << "a station at the antipode has no place";
 }
 
 } // namespace

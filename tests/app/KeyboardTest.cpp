@@ -1,0 +1,131 @@
+#include "app/MainFixture.h"
+
+#include <QMenu>
+
+namespace tovrel {
+namespace {
+
+/// The program without a mouse.
+class KeyboardTest : public MainFixture {
+protected:
+    void SetUp() override {
+        furnish();
+        start();
+    }
+    static std::string members(const std::string& array, int last) {
+        std::string names;
+        for (int i = 0; i <= last; ++i)
+            names += array + '(' + std::to_string(i) + ") ";
+        return names;
+    }
+    static Qt::Key letterOf(const QAction& action) {
+        const QString caption = action.text();
+        return static_cast<Qt::Key>(
+            caption.at(caption.indexOf(QLatin1Char('&')) + 1).toUpper().unicode());
+    }
+};
+
+TEST_F(KeyboardTest, TabVisitsTheControlsInTheirOrder) {
+    const std::string band = members("chkBand", 12);
+    const std::string mode = members("chkMode", 3);
+    const std::string iota = members("chkIOTA", 7);
+    // Of the option buttons of a frame Tab stops at the one that is on.
+    const std::string ofAMap =
+        band + "cmdApply " + mode + "chkCall " + iota + "Option3 chkLatLong chkCountry optLine1 ";
+    struct Row {
+        const char *projection, *item, *window, *first;
+        std::string order;
+    };
+    for (const Row& row :
+         {Row{"mnuGreatCircle", "mnuPlotOptions", "frmGCMapOptions", "chkBand(0)", ofAMap},
+          Row{"mnuMiller", "mnuPlotOptions", "frmMCMapOptions", "chkBand(0)", ofAMap},
+          Row{"mnuMiller", "mnuGoogleMapOptions", "frmGoogleMapOptions", "chkBand(0)",
+              band + mode + iota + "optLargeMarker chkCall cmdApply "},
+          Row{"mnuMiller", "mnuInfo", "frmInfoInput", "txtCallSign",
+              "txtCallSign txtLatitude txtLongitude cmdInfoApply cmdInfoExit "},
+          Row{"mnuMiller", "mnuAbout", "frmAbout", "cmdOK", "cmdOK cmdSysInfo "}}) {
+        pick(row.projection);
+        pick(row.item);
+        EXPECT_EQ(tabTravel(window(row.window), row.first), row.order) << row.window;
+        window(row.window).close();
+    }
+}
+
+TEST_F(KeyboardTest, SpaceChoosesArrowsWalkAFrameAndReturnPressesTheButtonThatHasTheFocusAlone) {
+    pick("mnuPlotOptions");
+    QWidget& options = window("frmGCMapOptions");
+    QApplication::setActiveWindow(&options);
+    QTest::keyClick(&control(options, "chkBand(7)"), Qt::Key_Space);
+    control(options, "Option3").setFocus();
+    QTest::keyClick(&control(options, "Option3"), Qt::Key_Up);
+    EXPECT_TRUE(checked(options, "chkBand(7)") && checked(options, "Option2"));
+    QTest::keyClick(options.focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(options.isVisible()) << "no Apply from elsewhere";
+    control(options, "cmdApply").setFocus();
+    QTest::keyClick(options.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(options.isVisible());
+    EXPECT_EQ(setting("GCMapOptions", "Band7") + setting("GCMapOptions", "Marker"), "1Medium");
+}
+
+TEST_F(KeyboardTest, ReturnAndEscapeEndADialogAsTheyShould) {
+    struct Row {
+        const char *item, *window, *control;
+        Qt::Key key;
+        bool open; ///< afterwards
+    };
+    for (const Row& row :
+         {Row{"mnuPlotOptions", "frmGCMapOptions", "chkBand(1)", Qt::Key_Return, true},
+          Row{"mnuPlotOptions", "frmGCMapOptions", "chkBand(1)", Qt::Key_Escape, false},
+          Row{"mnuGoogleMapOptions", "frmGoogleMapOptions", "chkBand(1)", Qt::Key_Enter, true},
+          Row{"mnuGoogleMapOptions", "frmGoogleMapOptions", "chkBand(1)", Qt::Key_Escape, false},
+          Row{"mnuGoogleMapOptions", "frmGoogleMapOptions", "cmdApply", Qt::Key_Enter, false},
+          Row{"mnuInfo", "frmInfoInput", "txtLatitude", Qt::Key_Return, true},
+          Row{"mnuInfo", "frmInfoInput", "txtLatitude", Qt::Key_Escape, false},
+          Row{"mnuInfo", "frmInfoInput", "cmdInfoExit", Qt::Key_Return, false},
+          Row{"mnuAbout", "frmAbout", "cmdOK", Qt::Key_Return, false},
+          Row{"mnuAbout", "frmAbout", "cmdSysInfo", Qt::Key_Escape, false}}) {
+        const std::string before = folder_.read("Tovrel.ini");
+        pick(row.item);
+        QWidget& dialog = window(row.window);
+        if (auto* box = dialog.findChild<QAbstractButton*>("chkBand(1)"))
+            box->click();
+        control(dialog, row.control).setFocus();
+        QTest::keyClick(&control(dialog, row.control), row.key);
+        EXPECT_EQ(dialog.isVisible(), row.open) << row.window << ' ' << row.control;
+        EXPECT_EQ(folder_.read("Tovrel.ini") != before, row.control == std::string("cmdApply"));
+        dialog.close();
+    }
+}
+
+TEST_F(KeyboardTest, EveryMenuOpensByItsLetters) {
+    QApplication::setActiveWindow(main_.get());
+    int menus = 0;
+    for (QMenu* menu : main_->menuBar()->findChildren<QMenu*>()) {
+        if (menu->menuAction()->objectName().isEmpty())
+            continue; // the bar's own, for items that have no room
+        std::vector<const QMenu*> road;
+        for (const QMenu* at = menu; at; at = qobject_cast<const QMenu*>(at->parent()))
+            road.insert(road.begin(), at);
+        for (const QMenu* at : road) {
+            QWidget* const popup = QApplication::activePopupWidget();
+            QTest::keyClick(popup ? popup : main_.get(), letterOf(*at->menuAction()),
+                            popup ? Qt::NoModifier : Qt::AltModifier);
+        }
+        EXPECT_EQ(QApplication::activePopupWidget(), menu) << menu->title().toStdString();
+        while (QApplication::activePopupWidget())
+            QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+        ++menus;
+    }
+    EXPECT_EQ(menus, 8);
+
+    QTest::keyClick(main_.get(), Qt::Key_L, Qt::AltModifier);
+    EXPECT_TRUE(plotOnMap());
+    QApplication::setActiveWindow(
+        main_.get()); // as a window manager does behind the progress window
+    QTest::keyClick(main_.get(), Qt::Key_M, Qt::AltModifier);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_C);
+    EXPECT_FALSE(plotOnMap());
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,113 @@
+#include "app/MainFixture.h"
+#include "export/Unpacked.h"
+
+namespace tovrel {
+namespace {
+
+/// The option windows as their user has them: opened from the menu, applied or closed, and then
+/// plotted or exported with.
+class OptionWindowsTest : public MainFixture {
+protected:
+    void SetUp() override {
+        furnish();
+        start();
+    }
+    void plotNothing() {
+        answerMessage("Tovrel found nothing to display.");
+        pick("mnuLoadADIF");
+        EXPECT_FALSE(plotOnMap());
+    }
+};
+
+TEST_F(OptionWindowsTest, ApplyReachesTheSettingsAndTheNextPlotAndTheCloseBoxNeither) {
+    struct Map {
+        const char *item, *window, *section, *otherSection;
+    };
+    for (const Map& at : {Map{"mnuGreatCircle", "frmGCMapOptions", "GCMapOptions", "MCMapOptions"},
+                          Map{"mnuMiller", "frmMCMapOptions", "MCMapOptions", "GCMapOptions"}}) {
+        SCOPED_TRACE(at.item);
+        pick(at.item);
+        pick("mnuPlotOptions");
+        QWidget& options = window(at.window);
+        click(options, "chkBand(9)");
+        plotNothing(); // options count while they are shown, applied or not
+        options.close();
+        EXPECT_EQ(setting(at.section, "Band9"), "0");
+        pick("mnuLoadADIF");
+        const int large = pixels(confirmed);
+        EXPECT_GT(large, 0) << "closed, the window has dropped them";
+
+        pick("mnuPlotOptions");
+        EXPECT_TRUE(checked(options, "chkBand(0)"));
+        EXPECT_TRUE(checked(options, "Option3"));
+        click(options, "chkBand(7)");
+        click(options, "Option1");
+        click(options, "chkCountry");
+        click(options, "cmdApply");
+        EXPECT_FALSE(options.isVisible());
+        EXPECT_EQ(setting(at.section, "Band0") + setting(at.section, "Band7"), "01");
+        EXPECT_EQ(setting(at.section, "Marker") + setting(at.section, "Country"), "Small1");
+        EXPECT_EQ(setting(at.otherSection, "Band9") + setting(at.otherSection, "Band0"),
+                  at.section[0] == 'G' ? "01" : "00");
+        EXPECT_EQ(data_->stats.filterText(Criterion::Band), "BAND\r\n--------\r\n20M\r\n");
+        EXPECT_EQ(pixels(confirmed), large) << "nothing is plotted again";
+        pick("mnuLoadADIF");
+        EXPECT_LT(pixels(confirmed), large);
+        EXPECT_TRUE(plotOnMap());
+    }
+}
+
+TEST_F(OptionWindowsTest, TheExportFollowsItsWindowAndLeavesTheArchiveBesideTheChosenLog) {
+    std::filesystem::rename(folder_.path("log.adi"), folder_.path("other.adi"));
+    pick("mnuGoogleMapOptions");
+    QWidget& options = window("frmGoogleMapOptions");
+    click(options, "chkBand(9)");
+    click(options, "optSmallMarker");
+    options.close();
+    EXPECT_EQ(setting("GoogleMapOptions", "Band9"), "0");
+    EXPECT_EQ(setting("GoogleMapOptions", "Marker"), "Small") << "a marker is stored at once";
+
+    chooseFile("other.adi", "Load Log Input File");
+    answerMessage("Google Earth File: ", QMessageBox::No);
+    pick("mnuGoogle");
+    EXPECT_EQ(setting("Log", "adifile"), folder_.path("other.adi"));
+    EXPECT_FALSE(std::filesystem::exists(folder_.path("other.kml")));
+    std::string document = firstEntryOf(folder_.read("other.kmz"));
+    EXPECT_NE(document.find("W1TVR Confirmed"), std::string::npos);
+    EXPECT_NE(document.find("<name>K1AB</name>"), std::string::npos);
+    EXPECT_NE(document.find("<scale>0.33</scale>"), std::string::npos);
+    EXPECT_EQ(data_->stats.lists().lstStats.at(2), " 3 QSOs Read");
+
+    pick("mnuGoogleMapOptions");
+    click(options, "chkCall");
+    click(options, "chkBand(7)");
+    click(options, "cmdApply");
+    EXPECT_FALSE(options.isVisible());
+    EXPECT_EQ(setting("GoogleMapOptions", "Band7") + setting("GoogleMapOptions", "Call"), "10");
+    answerMessage("Google Earth File: ", QMessageBox::No);
+    pick("mnuGoogle");
+    document = firstEntryOf(folder_.read("other.kmz"));
+    EXPECT_EQ(document.find("<name>K1AB</name>"), std::string::npos);
+    EXPECT_NE(document.find("lookup for K1AB"), std::string::npos);
+
+    pick("mnuGoogleMapOptions");
+    click(options, "chkMode(1)"); // not applied, and seen by the export all the same
+    answerMessage("There were no QSOs matching your filter selections.");
+    pick("mnuGoogle");
+}
+
+TEST_F(OptionWindowsTest, BelongToTheMapInForceAndLeaveTheMainWindowInUse) {
+    pick("mnuPlotOptions");
+    EXPECT_TRUE(window("frmGCMapOptions").isVisible());
+    EXPECT_FALSE(window("frmMCMapOptions").isVisible());
+    window("frmGCMapOptions").close();
+    pick("mnuMiller");
+    for (const char* item : {"mnuPlotOptions", "mnuGoogleMapOptions", "mnuInfo", "mnuAbout"})
+        pick(item);
+    EXPECT_FALSE(window("frmGCMapOptions").isVisible());
+    for (const char* name : {"frmMCMapOptions", "frmGoogleMapOptions", "frmInfoInput", "frmAbout"})
+        EXPECT_TRUE(window(name).isVisible() && !window(name).isModal()) << name;
+}
+
+} // namespace
+} // namespace tovrel
