@@ -22,12 +22,14 @@ from build_map_shapes import Grid, chord, divide, length_km, simplify, unit_vect
 from build_map_topology import Topology, rasterise, ring_area
 
 CELLS_PER_DEGREE = 10
-CLOSE_KM, OPEN_KM = 30, 14  # half widths of the gulfs and capes that go
-LEAST_LAND_KM2, LEAST_WATER_KM2 = 12_000, 40_000
-SMOOTH_KM, SIMPLIFY_KM = 8, 9
-LONGEST_STEP_KM = 40  # near the rim of the azimuthal map a longer step would cut the coast short
+CLOSE_KM, OPEN_KM = 42, 28  # half widths of the gulfs and capes that go
+LEAST_LAND_KM2, LEAST_WATER_KM2 = 20_000, 60_000
+SMOOTH_KM, SIMPLIFY_KM = 22, 22
+# Near the rim of the azimuthal map a longer step would cut the coast short. Shorter ones blacken
+# more of it: the ends of each are rounded to pixels, and the line becomes a staircase.
+LONGEST_STEP_KM = 80
 ISLET_GAP_KM, ISLET_COAST_KM, ISLET_COUNT = 170, 110, 420
-HEXAGON_KM2, LARGEST_ISLET_KM2 = 2_500, 18_000  # islets from the first area on get an outline
+HEXAGON_KM2, LARGEST_ISLET_KM2 = 6_000, 30_000  # islets from the first area on get an outline
 NEW_STROKE, SAME_STROKE = 5000, 0
 
 # Islands that must be there even where a larger one lies near: longitude, latitude.
@@ -35,8 +37,8 @@ NAMED_ISLANDS = {
     "Hawaii": (-155.5, 19.6), "Oahu": (-158.0, 21.5), "Azores": (-25.5, 37.8), "Faial": (-28.7, 38.6),
     "Tenerife": (-16.6, 28.3), "Isabela, Galapagos": (-91.1, -0.7), "Mauritius": (57.55, -20.3),
     "Reunion": (55.5, -21.1), "Viti Levu": (178.0, -17.8), "Guam": (144.8, 13.45),
-    "Malta": (14.4, 35.9), "St Helena": (-5.7, -15.95), "Ascension": (-14.35, -7.95),
-    "Bermuda": (-64.75, 32.3),
+    "Malta": (14.4, 35.9), "Corsica": (9.1, 42.2), "St Helena": (-5.7, -15.95),
+    "Ascension": (-14.35, -7.95), "Bermuda": (-64.75, 32.3),
 }
 FIRST_SEED = (-178.5, -73.5)
 HOMES = 900  # spread over the globe; no seed falls on land for any of them
@@ -91,8 +93,9 @@ def small_islands(package):
     return np.array(sorted(islands, reverse=True))
 
 
-def islets(package, strokes):
-    """Islands that the coast leaves out, as strokes: dots, and hexagons for the larger ones. The last
+def islets(package, strokes, land, grid):
+    """Islands that the coast leaves out, as strokes: dots, and hexagons for the larger ones. None
+    stands in the gulfs that were filled: there it would be a speck on a continent. The last
     is the one farthest from any coast: the water fill begins at the coast's last point when its first
     seed is cut off near the antipode, and so can harm no more than that dot."""
     islands = small_islands(package)
@@ -101,8 +104,9 @@ def islets(package, strokes):
              for place in NAMED_ISLANDS.values()]
     coast = cKDTree(unit_vectors(np.concatenate([divide(stroke, 10) for stroke in strokes])))
     offshore = coast.query(vectors)[0]
+    at_sea = ~seeds.look_up(land, *islands[:, 1:].T, grid.cells_per_degree)
     taken = list(named)
-    for index in np.flatnonzero(offshore > chord(ISLET_COAST_KM)):
+    for index in np.flatnonzero(at_sea & (offshore > chord(ISLET_COAST_KM))):
         nearest = np.linalg.norm(vectors[taken] - vectors[index], axis=1).min()
         if nearest > chord(ISLET_GAP_KM) and len(taken) < ISLET_COUNT:
             taken.append(index)
@@ -145,7 +149,7 @@ def main():
     grid = Grid(CELLS_PER_DEGREE)
     land = general_land(options.package, grid)
     strokes = coast_strokes(land, grid)
-    dots = islets(options.package, strokes)
+    dots = islets(options.package, strokes, land, grid)
     coast = records(strokes + dots)
     coast.tofile(options.output / "mapper.pnt")
     borders = border_strokes(options.package, strokes, land, grid, LONGEST_STEP_KM)
