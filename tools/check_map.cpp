@@ -14,16 +14,6 @@ namespace tovrel {
 
 namespace {
 
-/// Nobody watches the drawing.
-class SilentListener : public PassListener {
-public:
-    void beginPass(std::string_view, std::string_view, float) override {}
-    void showStatus(std::string_view) override {}
-    void showProgress(float) override {}
-    void endPass() override {}
-    void yield() override {}
-};
-
 /// Remembers that a data file was missing.
 class MissingFiles : public UserPrompt {
 public:

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
+#include "log/TagIndex.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace tovrel {
@@ -83,7 +83,7 @@ public:
     int FieldCount() const { return static_cast<int>(values_.size()) - 1; }
 
     /// Row of the first tag that equals `name`, case not counting; 0 when there is none.
-    int FindFieldRow(std::string_view name) const;
+    int FindFieldRow(std::string_view name) const { return tags_.find(name); }
 
     /// Takes the values of a record's fields, which end where the next `<` begins, whatever length
     /// a tag declares. A later field of a row replaces an earlier one. A `<` with no ":" behind it
@@ -94,31 +94,27 @@ public:
 
     /// Value of a row in the record in hand, all its blanks included; empty when it had none.
     /// @param row 0 to FieldCount()
-    std::string_view value(int row) const { return values_[static_cast<std::size_t>(row)]; }
+    std::string_view value(int row) const {
+        const Value& stored = values_[static_cast<std::size_t>(row)];
+        return stored.record == record_ ? stored.text : std::string_view();
+    }
 
     /// The same without the blanks at its ends.
-    std::string_view trimmed(int row) const;
+    std::string_view trimmed(int row) const { return trimBlanks(value(row)); }
 
 private:
-    struct HashIgnoringCase {
-        std::size_t operator()(std::string_view name) const;
+    /// What a row got last, which counts only if it was in the record in hand: so that a long
+    /// dictionary costs nothing for each record.
+    struct Value {
+        std::string_view text;
+        std::uint64_t record = 0;
     };
-    struct EqualIgnoringCase {
-        bool operator()(std::string_view a, std::string_view b) const;
-    };
 
-    void addName(std::string_view name, int row);
-    void store(int row, std::string_view value);
-
-    std::string dictionary_; ///< the text that the keys of rowOf_ are views into
-    std::unordered_map<std::string_view, int, HashIgnoringCase, EqualIgnoringCase> rowOf_;
-    /// By a name's length, those past the end together at the end: the first letters that names of
-    /// this length have, a bit for each value of the letter's low five bits.
-    std::array<std::uint32_t, 64> firstLetters_{};
-
+    std::string dictionary_; ///< the text that the names of tags_ are views into
+    TagIndex tags_;
     FieldRows rows_;
-    std::vector<std::string_view> values_ = std::vector<std::string_view>(1);
-    std::vector<int> touched_; ///< rows that the record in hand gave a value
+    std::vector<Value> values_ = std::vector<Value>(1);
+    std::uint64_t record_ = 1; ///< number of the record in hand
 };
 
 } // namespace tovrel

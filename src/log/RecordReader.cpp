@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <new>
 
 namespace tovrel {
 
@@ -33,7 +32,7 @@ RecordReader::RecordReader(const std::string& path, std::size_t blockSize)
         error_ = byteText(file_.errorString());
     } else {
         size_ = file_.size();
-        block_ = std::make_unique_for_overwrite<char[]>(blockSize_);
+        block_.reset(static_cast<char*>(::operator new[](blockSize_, pageSize)));
     }
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -25,7 +26,8 @@ enum class Cut {
 /// The file is read in blocks, as far as it reached when it was opened.
 class RecordReader {
 public:
-    static constexpr std::size_t defaultBlockSize = std::size_t{1} << 20U;
+    /// Small enough to stay in a processor's cache from the read to the last look.
+    static constexpr std::size_t defaultBlockSize = std::size_t{1} << 18U;
 
     /// Opens the log; a failure is told by the first next().
     /// @param path of a plain file, UTF-8
@@ -61,7 +63,12 @@ private:
     std::string error_;
 
     std::size_t blockSize_;
-    std::unique_ptr<char[]> block_;
+    /// A system copies several times faster into whole pages.
+    static constexpr std::align_val_t pageSize{4096};
+    struct FreeBlock {
+        void operator()(char* block) const { ::operator delete[](block, pageSize); }
+    };
+    std::unique_ptr<char[], FreeBlock> block_;
     std::size_t blockEnd_ = 0;
     std::size_t position_ = 0;     ///< in the block, of the first byte not yet taken
     std::size_t nextLineFeed_ = 0; ///< in the block, at or behind position_; blockEnd_ for none

@@ -1,8 +1,5 @@
 #include "map/PictureSurface.h"
 
-#include "map/GreatCircle.h"
-#include "platform/Twips.h"
-
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
@@ -24,12 +21,24 @@ QImage blankImage(float width, float height, Colour colour) {
 
 /// Half the number of pixels that a row of a round dot holds beside its middle one.
 /// @param dy rows from the middle of a dot `width` pixels across
-int dotReach(int width, int dy) {
+constexpr int dotReach(int width, int dy) {
     const int limit = width * width - 4 * dy * dy; // four times the square that dx must stay below
     int reach = 0;
     while (4 * (reach + 1) * (reach + 1) < limit)
         ++reach;
     return reach;
+}
+
+/// Fills a dot whose pixels all lie on the picture. A plot is a million dots of few widths: with
+/// the width known beforehand a row is one or two stores.
+/// @param stride pixels from a row to the next
+template <int width, int dy = -(width / 2)>
+void fillDot(std::uint32_t* middle, std::ptrdiff_t stride, std::uint32_t pixel) {
+    constexpr int reach = dotReach(width, dy);
+    std::uint32_t* const line = middle + dy * stride;
+    std::fill(line - reach, line + reach + 1, pixel);
+    if constexpr (dy < width / 2)
+        fillDot<width, dy + 1>(middle, stride, pixel);
 }
 
 /// Cuts the line to the part whose coordinate `p` lies between `low` and `high`.
@@ -57,6 +66,8 @@ PictureSurface::PictureSurface(float width, float height)
 void PictureSurface::setSize(float width, float height) {
     width_ = width;
     height_ = height;
+    pixelsAcross_ = width / twipsPerPixel;
+    pixelsDown_ = height / twipsPerPixel;
     image_ = blankImage(width, height, BackColor);
 }
 
@@ -69,14 +80,6 @@ void PictureSurface::setPicture(const QImage& picture) {
     }
     Cls();
     QPainter(&image_).drawImage(0, 0, picture);
-}
-
-double PictureSurface::pixelX(double x) const {
-    return roundHalfEven((x + mapEdge) / mapWidth * (width_ / twipsPerPixel));
-}
-
-double PictureSurface::pixelY(double y) const {
-    return roundHalfEven((mapEdge - y) / mapWidth * (height_ / twipsPerPixel));
 }
 
 double PictureSurface::mapX(double x) const {
@@ -95,28 +98,48 @@ std::uint32_t* PictureSurface::row(int y) {
     return reinterpret_cast<std::uint32_t*>(image_.scanLine(y));
 }
 
+const std::uint32_t* PictureSurface::row(int y) const {
+    return reinterpret_cast<const std::uint32_t*>(image_.constScanLine(y));
+}
+
 void PictureSurface::PSet(double x, double y, Colour colour) {
     CurrentX = x;
     CurrentY = y;
     const double px = pixelX(x);
     const double py = pixelY(y);
     const int reach = DrawWidth / 2;
-    const bool near =
-        px >= -reach && py >= -reach && px < image_.width() + reach && py < image_.height() + reach;
+    const int width = image_.width();
+    const int height = image_.height();
+    const bool near = px >= -reach && py >= -reach && px < width + reach && py < height + reach;
     if (!near)
         return; // also when one of them is no number
     const int middleX = static_cast<int>(px);
     const int middleY = static_cast<int>(py);
     const std::uint32_t pixel = imageColour(colour);
-    for (int dy = -reach; dy <= reach; ++dy) {
-        const int rowY = middleY + dy;
-        if (rowY < 0 || rowY >= image_.height())
-            continue;
+    if (middleX >= reach && middleY >= reach && middleX + reach < width &&
+        middleY + reach < height) {
+        const auto stride =
+            static_cast<std::ptrdiff_t>(image_.bytesPerLine() / sizeof(std::uint32_t));
+        std::uint32_t* const middle = row(0) + middleY * stride + middleX;
+        switch (DrawWidth) {
+        case 3:
+            return fillDot<3>(middle, stride, pixel);
+        case 5:
+            return fillDot<5>(middle, stride, pixel);
+        case 7:
+            return fillDot<7>(middle, stride, pixel);
+        case 9:
+            return fillDot<9>(middle, stride, pixel);
+        default:
+            break;
+        }
+    }
+    for (int dy = std::max(-reach, -middleY); dy <= std::min(reach, height - 1 - middleY); ++dy) {
         const int half = dotReach(DrawWidth, dy);
         const int first = std::max(middleX - half, 0);
-        const int last = std::min(middleX + half, image_.width() - 1);
+        const int last = std::min(middleX + half, width - 1);
         if (first <= last)
-            std::fill_n(row(rowY) + first, last - first + 1, pixel);
+            std::fill_n(row(middleY + dy) + first, last - first + 1, pixel);
     }
 }
 
@@ -164,7 +187,7 @@ void PictureSurface::walkLine(Pixel from, Pixel to, std::uint32_t pixel) {
 
 void PictureSurface::Circle(double x, double y, double radius) {
     constexpr double mostCorners = 100000.0;
-    const double pixels = radius / mapWidth * (width_ / twipsPerPixel);
+    const double pixels = radius / mapWidth * pixelsAcross_;
     if (!(pixels >= 0.0))
         return;
     const int corners = static_cast<int>(std::min(8.0 * pixels + 8.0, mostCorners));
@@ -197,7 +220,7 @@ void PictureSurface::Print(const QString& text, const QFont& font, int escapemen
 
 Colour PictureSurface::GetPixel(int x, int y) const {
     constexpr Colour none = 0xFFFFFFFF;
-    return contains(x, y) ? colourOfImage(image_.pixel(x, y)) : none;
+    return contains(x, y) ? colourOfImage(row(y)[x]) : none;
 }
 
 void PictureSurface::SetPixel(int x, int y, Colour colour) {

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "map/GreatCircle.h"
 #include "platform/Colour.h"
+#include "platform/Numbers.h"
+#include "platform/Twips.h"
 
 #include <QFont>
 #include <QImage>
@@ -69,8 +72,10 @@ public:
     void StretchBlt(const PictureSurface& source);
 
     /// Pixel nearest to a position in map units, not limited to the surface; NaN stays one.
-    double pixelX(double x) const;
-    double pixelY(double y) const;
+    double pixelX(double x) const {
+        return roundHalfEven((x + mapEdge) / mapWidth * pixelsAcross_);
+    }
+    double pixelY(double y) const { return roundHalfEven((mapEdge - y) / mapWidth * pixelsDown_); }
 
     /// Map units of a position in pixels.
     double mapX(double x) const;
@@ -85,9 +90,12 @@ private:
     void drawLine(double x0, double y0, double x1, double y1, Colour colour);
     void walkLine(Pixel from, Pixel to, std::uint32_t pixel);
     std::uint32_t* row(int y);
+    const std::uint32_t* row(int y) const;
 
-    float width_;
+    float width_; ///< twips
     float height_;
+    float pixelsAcross_ = width_ / twipsPerPixel; ///< not rounded
+    float pixelsDown_ = height_ / twipsPerPixel;
     QImage image_;
 };
 

@@ -6,15 +6,6 @@
 
 namespace tovrel {
 
-std::string_view trimBlanksRight(std::string_view text) {
-    return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
-std::string_view trimBlanks(std::string_view text) {
-    text = trimBlanksRight(text);
-    return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
 bool equalIgnoringCase(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char x, char y) { return upperCase(x) == upperCase(y); });

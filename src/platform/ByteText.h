@@ -7,11 +7,22 @@
 /// Texts of the log and of the settings are bytes; these are the few things done with them.
 namespace tovrel {
 
-/// `text` without the blanks (character 32, nothing else) at its ends.
-std::string_view trimBlanks(std::string_view text);
-
 /// `text` without the blanks (character 32, nothing else) at its end.
-std::string_view trimBlanksRight(std::string_view text);
+inline std::string_view trimBlanksRight(std::string_view text) {
+    while (!text.empty() && text.back() == ' ') {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+/// `text` without the blanks (character 32, nothing else) at its ends.
+inline std::string_view trimBlanks(std::string_view text) {
+    text = trimBlanksRight(text);
+    while (!text.empty() && text.front() == ' ') {
+        text.remove_prefix(1);
+    }
+    return text;
+}
 
 /// ASCII upper case of one byte; bytes past 127 stay, since their code page is not known.
 constexpr char upperCase(char c) {

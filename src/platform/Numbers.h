@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,16 +10,30 @@
 namespace tovrel {
 
 /// Nearest single-precision value. Sizes past the range give the largest single, NaN gives 0.
-float toSingle(double value);
+inline float toSingle(double value) {
+    constexpr double largest = std::numeric_limits<float>::max();
+    return value != value ? 0.0F : static_cast<float>(std::clamp(value, -largest, largest));
+}
 
-/// Nearest whole number, a tie going to the even neighbour. NaN and infinities come back unchanged.
-double roundHalfEven(double value);
+/// Nearest whole number, a tie going to the even neighbour. NaN and infinities come back unchanged,
+/// a zero without its sign.
+inline double roundHalfEven(double value) {
+    // 1.5 times 2^52: a sum with it has no room for a fraction and is rounded as the rule says.
+    // Every dot of a plot comes here, and the library's function is a call.
+    constexpr double shift = 6755399441055744.0;
+    constexpr double roomBelow = 2251799813685248.0; // 2^51
+    return std::abs(value) < roomBelow ? (value + shift) - shift : std::nearbyint(value);
+}
 
 /// The same at `decimals` (0 to 9) places behind the point; never gives a negative zero.
 double roundHalfEven(double value, int decimals);
 
 /// Nearest whole number, a tie going to the even neighbour, held within the range of int; NaN is 0.
-int roundToInt(double value);
+inline int roundToInt(double value) {
+    constexpr double least = std::numeric_limits<int>::min();
+    constexpr double most = std::numeric_limits<int>::max();
+    return value != value ? 0 : static_cast<int>(std::clamp(roundHalfEven(value), least, most));
+}
 
 /// Number that `text` begins with, blanks in front skipped, the point as decimal mark and an
 /// exponent ("1.5e3") taken along. Reading stops at the first character that can't belong to it.

@@ -32,4 +32,14 @@ public:
     virtual void yield() = 0;
 };
 
+/// For passes that nobody watches.
+class SilentListener : public PassListener {
+public:
+    void beginPass(std::string_view, std::string_view, float) override {}
+    void showStatus(std::string_view) override {}
+    void showProgress(float) override {}
+    void endPass() override {}
+    void yield() override {}
+};
+
 } // namespace tovrel

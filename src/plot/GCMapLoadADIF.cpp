@@ -9,8 +9,6 @@
 
 namespace tovrel {
 
-bool isUsableCoordinate(std::string_view text) { return numberValue(text) != 0.0; }
-
 GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
                              PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
                              UserPrompt& prompt)
@@ -105,15 +103,15 @@ void GCMapLoadADIF::takeRecord(std::string_view line) {
     ++tables_.counters.QsosRead;
     fields_.ParseRecordLine(line);
     const FieldRows& rows = fields_.rows();
-    const std::string_view longitude = field(rows.RowLongitude);
-    if (isUsableCoordinate(longitude)) {
+    const double west = numberValue(field(rows.RowLongitude));
+    if (west != 0.0) {
         tables_.LogHasCoordinates = true;
     }
     if (!passesFilter()) {
         return;
     }
     tables_.FilterPassedAny = true;
-    plotRecord(field(rows.RowCall), field(rows.RowLatitude), longitude);
+    plotRecord(field(rows.RowCall), numberValue(field(rows.RowLatitude)), west);
 }
 
 bool GCMapLoadADIF::passesFilter() {
@@ -123,11 +121,10 @@ bool GCMapLoadADIF::passesFilter() {
                   field(rows.RowIota));
 }
 
-void GCMapLoadADIF::plotRecord(std::string_view call, std::string_view latitude,
-                               std::string_view longitude) {
+/// @param north, west degrees; 0 for a coordinate that can't place a QSO, since it begins with no
+///        number or that number is zero
+void GCMapLoadADIF::plotRecord(std::string_view call, double north, double west) {
     const FieldRows& rows = fields_.rows();
-    const double north = numberValue(latitude);
-    const double west = numberValue(longitude);
     if (north == 0.0 || west == 0.0) {
         ++tables_.counters.QsosNotPlotted;
         stats_.lists().addNotPlotted(call);

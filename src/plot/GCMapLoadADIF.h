@@ -15,10 +15,6 @@
 
 namespace tovrel {
 
-/// Whether a coordinate of the log, blanks at its ends taken off, can place a QSO: it begins with a
-/// number, and the number is not zero.
-bool isUsableCoordinate(std::string_view text);
-
 /// How a plot pass came to its end.
 enum class PassEnd {
     Done,
@@ -44,7 +40,7 @@ public:
 private:
     PassEnd readLog();
     void takeRecord(std::string_view line);
-    void plotRecord(std::string_view call, std::string_view latitude, std::string_view longitude);
+    void plotRecord(std::string_view call, double north, double west);
     bool loadDictionary();
     bool passesFilter();
     PassEnd fail(PassEnd end, const std::string& message, MessageIcon icon);

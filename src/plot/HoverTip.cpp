@@ -25,42 +25,10 @@ int pointerStep(double mapUnits) {
     return roundToInt(static_cast<double>(toSingle(mapUnits) / unitsPerStep));
 }
 
-/// Takes the rows of several groups, each in order, in the order of all.
-class MergedRows {
-public:
-    explicit MergedRows(std::vector<std::span<const std::uint32_t>> groups)
-        : groups_(std::move(groups)) {
-        std::make_heap(groups_.begin(), groups_.end(), later);
-        for (const auto& group : groups_) {
-            left_ += group.size();
-        }
-    }
-
-    std::size_t left() const { return left_; }
-
-    /// The next row; there must be one.
-    std::uint32_t take() {
-        std::pop_heap(groups_.begin(), groups_.end(), later);
-        std::span<const std::uint32_t>& group = groups_.back();
-        const std::uint32_t row = group.front();
-        group = group.subspan(1);
-        if (group.empty()) {
-            groups_.pop_back();
-        } else {
-            std::push_heap(groups_.begin(), groups_.end(), later);
-        }
-        --left_;
-        return row;
-    }
-
-private:
-    static bool later(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b) {
-        return a.front() > b.front();
-    }
-
-    std::vector<std::span<const std::uint32_t>> groups_;
-    std::size_t left_ = 0;
-};
+/// Order of a heap whose top is the group with the earliest row.
+bool later(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b) {
+    return a.front() > b.front();
+}
 
 } // namespace
 
@@ -129,10 +97,32 @@ std::vector<std::span<const std::uint32_t>> HoverIndex::near(double mapY, double
     return groups;
 }
 
+HoverHits::HoverHits(const HoverIndex& index, double mapY, double mapX)
+    : groups_(index.near(mapY, mapX)) {
+    std::make_heap(groups_.begin(), groups_.end(), later);
+    for (const auto& group : groups_) {
+        left_ += group.size();
+    }
+}
+
+std::uint32_t HoverHits::take() {
+    std::pop_heap(groups_.begin(), groups_.end(), later);
+    std::span<const std::uint32_t>& group = groups_.back();
+    const std::uint32_t row = group.front();
+    group = group.subspan(1);
+    if (group.empty()) {
+        groups_.pop_back();
+    } else {
+        std::push_heap(groups_.begin(), groups_.end(), later);
+    }
+    --left_;
+    return row;
+}
+
 std::string tipText(const PlotTables& tables, TipParts parts, double mapY, double mapX,
                     std::size_t longest) {
     std::string tip;
-    MergedRows hits(tables.hoverIndex.near(mapY, mapX));
+    HoverHits hits(tables.hoverIndex, mapY, mapX);
     bool first = true;
     while (hits.left() > 0) {
         if (tip.size() > longest) {

@@ -28,7 +28,7 @@ public:
     void build(const std::vector<HoverRow>& table);
     void clear();
 
-    /// Rows near a position, as groups that are each in log order.
+    /// Rows near a position, as groups that are none of them empty and each in log order.
     /// @param mapY, mapX map units
     std::vector<std::span<const std::uint32_t>> near(double mapY, double mapX) const;
 
@@ -42,6 +42,24 @@ private:
 
     using Step = std::pair<std::int64_t, std::int64_t>;  ///< Y, X
     std::map<Step, std::vector<std::uint32_t>> outside_; ///< rows beyond the cells
+};
+
+/// The rows near a position in log order, merged from the index's groups as far as they are taken.
+class HoverHits {
+public:
+    /// @param index has to outlive the hits unchanged
+    /// @param mapY, mapX map units
+    HoverHits(const HoverIndex& index, double mapY, double mapX);
+
+    /// Number of rows not yet taken.
+    std::size_t left() const { return left_; }
+
+    /// The next row; there must be one.
+    std::uint32_t take();
+
+private:
+    std::vector<std::span<const std::uint32_t>> groups_; ///< a heap, the earliest row on top
+    std::size_t left_ = 0;
 };
 
 struct PlotTables;

@@ -3,7 +3,10 @@
 #include "platform/Numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <limits>
+#include <numeric>
 #include <span>
 #include <utility>
 
@@ -83,34 +86,71 @@ void sortSameCall(std::span<Station> stations) {
 }
 void sortSameCall(std::span<std::string_view> /*equal*/) {}
 
+/// Where an item stood before it was sorted.
+struct Place {
+    std::uint64_t key;
+    std::size_t item;
+};
+
+/// Sorts by the key alone and keeps the order of equal ones: byte by byte, the last one first. A
+/// million items take a fraction of the time that comparing them does.
+void sortByKey(std::vector<Place>& places) {
+    constexpr unsigned digitBits = 8;
+    constexpr std::size_t digits = std::size_t{1} << digitBits;
+    std::vector<Place> sorted(places.size());
+    for (unsigned shift = 0; shift < std::numeric_limits<std::uint64_t>::digits;
+         shift += digitBits) {
+        const auto digit = [shift](const Place& place) {
+            return place.key >> shift & (digits - 1);
+        };
+        std::array<std::size_t, digits + 1> starts{};
+        for (const Place& place : places) {
+            ++starts[digit(place) + 1];
+        }
+        if (std::find(starts.begin(), starts.end(), places.size()) != starts.end()) {
+            continue; // all have the same digit
+        }
+        std::partial_sum(starts.begin(), starts.end(), starts.begin());
+        for (const Place& place : places) {
+            sorted[starts[digit(place)]++] = place;
+        }
+        places.swap(sorted);
+    }
+}
+
+/// Puts items whose texts begin alike in order.
+template <typename Item>
+void sortAlike(std::span<Item> items) {
+    std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+        return !sameCall(a, b) && itemLess(a, b);
+    });
+    for (std::size_t first = 0, last = 0; first < items.size(); first = last) {
+        do {
+            ++last;
+        } while (last < items.size() && sameCall(items[first], items[last]));
+        if (last - first > 1) {
+            sortSameCall(items.subspan(first, last - first));
+        }
+    }
+}
+
 /// Puts items in the order of their texts.
 template <typename Item>
 void sortItems(std::span<Item> items) {
-    struct Place {
-        std::uint64_t key;
-        std::size_t item;
-    };
     std::vector<Place> order(items.size());
     for (std::size_t i = 0; i < items.size(); ++i) {
         order[i] = {itemKey(items[i]), i};
     }
-    std::sort(order.begin(), order.end(), [items](const Place& a, const Place& b) {
-        if (a.key != b.key) {
-            return a.key < b.key;
-        }
-        const Item& left = items[a.item];
-        const Item& right = items[b.item];
-        return sameCall(left, right) ? a.item < b.item : itemLess(left, right);
-    });
+    sortByKey(order);
     std::vector<Item> sorted(items.size());
     std::transform(order.begin(), order.end(), sorted.begin(),
                    [items](const Place& place) { return items[place.item]; });
-    for (std::size_t first = 0, last = 0; first < sorted.size(); first = last) {
+    for (std::size_t first = 0, last = 0; first < order.size(); first = last) {
         do {
             ++last;
-        } while (last < sorted.size() && sameCall(sorted[first], sorted[last]));
+        } while (last < order.size() && order[first].key == order[last].key);
         if (last - first > 1) {
-            sortSameCall(std::span(sorted).subspan(first, last - first));
+            sortAlike(std::span(sorted).subspan(first, last - first));
         }
     }
     std::copy(sorted.begin(), sorted.end(), items.begin());
