@@ -35,6 +35,15 @@ QPoint centred(const QScreen& screen, QSize outer) {
            QPoint((area.width() - outer.width()) / 2, (area.height() - outer.height()) / 2);
 }
 
+/// The window that a member points at, made at its first use: most runs open few of the dialogs.
+template <typename Window, typename... Arguments>
+Window& made(Window*& window, Arguments&&... arguments) {
+    if (window == nullptr) {
+        window = new Window(std::forward<Arguments>(arguments)...);
+    }
+    return *window;
+}
+
 } // namespace
 
 frmMain::frmMain(RunData& runData)
@@ -53,19 +62,6 @@ frmMain::frmMain(RunData& runData)
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     buildMainMenu(*menuBar());
 
-    const auto applied = [this](Projection projection, frmMapOptions*& window) {
-        return [this, projection, &window] {
-            commands_.applyMapOptions(projection);
-            window->hide();
-        };
-    };
-    gcOptions_ = new frmMapOptions(Projection::Azimuthal, runData.maps,
-                                   applied(Projection::Azimuthal, gcOptions_), this);
-    mcOptions_ = new frmMapOptions(Projection::Miller, runData.maps,
-                                   applied(Projection::Miller, mcOptions_), this);
-    googleOptions_ = new frmGoogleMapOptions(runData.ini, runData.google, this);
-    infoInput_ = new frmInfoInput(runData.ini, prompt_, this);
-    about_ = new frmAbout(prompt_, displayText(GetVersionString()), this);
     stats_ = std::make_unique<frmMapStats>(runData.stats,
                                            [this](LegendEntry entry) { pickLegendColour(entry); });
 
@@ -134,17 +130,17 @@ void frmMain::connectMenu() {
     onAct("mnuHidePlotLine", [this] { commands_.mnuHidePlotLine(); });
     onAct("mnuView_Stats", [this] { mnuView_Stats(); });
     onAct("mnuPlotOptions", [this] { showMapOptions(); });
-    onAct("mnuGoogleMapOptions", [this] { googleOptions_->show(); });
-    onAct("mnuInfo", [this] {
-        infoInput_->loadForm();
-        infoInput_->show();
+    onAct("mnuGoogleMapOptions", [this] {
+        made(googleOptions_, data_.ini, data_.google, this).show();
     });
+    onAct("mnuInfo", [this] { infoInput().show(); });
     onAct("mnuHelp", [this] { commands_.mnuHelp(); });
     onAct("mnuAbout", [this] {
+        frmAbout& about = made(about_, prompt_, displayText(GetVersionString()), this);
         // The frame of a dialog is taken to be as wide as that of the main window.
-        about_->move(centred(*screen(), about_->size().grownBy(frame_.margins())));
-        about_->show();
-        about_->activateWindow();
+        about.move(centred(*screen(), about.size().grownBy(frame_.margins())));
+        about.show();
+        about.activateWindow();
     });
 }
 
@@ -157,8 +153,13 @@ QString frmMain::hoverTip(double mapY, double mapX) {
 }
 
 void frmMain::showMapOptions() {
-    frmMapOptions* const window = data_.run.marks.azimuthal() ? gcOptions_ : mcOptions_;
-    window->show();
+    const Projection projection = data_.run.marks.projection;
+    frmMapOptions*& window = data_.run.marks.azimuthal() ? gcOptions_ : mcOptions_;
+    const auto apply = [this, projection, &window] {
+        commands_.applyMapOptions(projection);
+        window->hide();
+    };
+    made(window, projection, data_.maps, apply, this).show();
     window->activateWindow();
 }
 
@@ -262,10 +263,13 @@ void frmMain::mnuView_Stats() {
     stats_->refreshLists();
 }
 
-void frmMain::askStationInfo() {
-    infoInput_->loadForm();
-    infoInput_->exec();
+frmInfoInput& frmMain::infoInput() {
+    frmInfoInput& window = made(infoInput_, data_.ini, prompt_, this);
+    window.loadForm();
+    return window;
 }
+
+void frmMain::askStationInfo() { infoInput().exec(); }
 
 std::optional<std::string> frmMain::openFile(const std::string& title, const std::string& folder,
                                              const std::string& filter) {

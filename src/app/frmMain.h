@@ -72,6 +72,7 @@ private:
     void onAct(const char* name, std::function<void()> act);
     QString hoverTip(double mapY, double mapX);
     void showMapOptions();
+    frmInfoInput& infoInput();
     void pickLegendColour(LegendEntry entry);
 
     void fitToFrame(int attempt);
@@ -87,11 +88,11 @@ private:
     QTimer Timer1_{this};
 
     std::unique_ptr<frmMapStats> stats_;
-    frmMapOptions* gcOptions_;
-    frmMapOptions* mcOptions_;
-    frmGoogleMapOptions* googleOptions_;
-    frmInfoInput* infoInput_;
-    frmAbout* about_;
+    frmMapOptions* gcOptions_ = nullptr; ///< these five are children, made when they are shown
+    frmMapOptions* mcOptions_ = nullptr;
+    frmGoogleMapOptions* googleOptions_ = nullptr;
+    frmInfoInput* infoInput_ = nullptr;
+    frmAbout* about_ = nullptr;
 
     OuterFrame frame_;
     WindowSizing sizing_;

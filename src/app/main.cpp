@@ -14,7 +14,8 @@ namespace {
 QIcon programIcon() {
     QIcon icon;
     for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-        icon.addFile(QStringLiteral(":/icons/tovrel-%1.png").arg(size));
+        // With its size told, a picture is not decoded before it is shown.
+        icon.addFile(QStringLiteral(":/icons/tovrel-%1.png").arg(size), QSize(size, size));
     }
     return icon;
 }

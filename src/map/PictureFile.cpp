@@ -3,19 +3,21 @@
 #include "platform/Files.h"
 
 #include <QBuffer>
+#include <QFile>
+#include <QImageReader>
 
 namespace tovrel {
 
 std::optional<QImage> LoadPicture(const std::string& path) {
-    const std::optional<std::string> bytes = readFile(path);
-    if (!bytes)
+    QFile file(QString::fromStdString(path));
+    if (!fileExists(path) || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     // By content, not by name: the cached base maps are bitmaps with an extension of their own.
-    const QImage image =
-        QImage::fromData(QByteArrayView(bytes->data(), static_cast<qsizetype>(bytes->size())));
+    QImage image = QImageReader(&file).read();
     if (image.isNull())
         return std::nullopt;
-    return image.convertToFormat(QImage::Format_RGB32);
+    image.convertTo(QImage::Format_RGB32);
+    return image;
 }
 
 bool SavePicture(const QImage& image, const std::string& path, const char* format) {

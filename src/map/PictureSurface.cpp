@@ -64,6 +64,8 @@ PictureSurface::PictureSurface(float width, float height)
     : width_(width), height_(height), image_(blankImage(width, height, BackColor)) {}
 
 void PictureSurface::setSize(float width, float height) {
+    if (width == width_ && height == height_)
+        return Cls();
     width_ = width;
     height_ = height;
     pixelsAcross_ = width / twipsPerPixel;
@@ -71,7 +73,13 @@ void PictureSurface::setSize(float width, float height) {
     image_ = blankImage(width, height, BackColor);
 }
 
-void PictureSurface::Cls() { image_.fill(imageColour(BackColor)); }
+void PictureSurface::Cls() {
+    // To fill a picture that is shared would copy it first.
+    if (image_.isDetached())
+        image_.fill(imageColour(BackColor));
+    else
+        image_ = blankImage(width_, height_, BackColor);
+}
 
 void PictureSurface::setPicture(const QImage& picture) {
     if (picture.size() == image_.size() && picture.format() == QImage::Format_RGB32) {

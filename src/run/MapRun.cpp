@@ -43,7 +43,7 @@ private:
 } // namespace
 
 MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPrompt& prompt)
-    : Picture1(baseMapSize, baseMapSize), Picture2(baseMapSize, baseMapSize), data_(data),
+    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data),
       window_(window), listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapRun::cachePath() const {
@@ -72,14 +72,9 @@ void MapRun::loadMapPix(const std::string& path) {
     }
 }
 
-void MapRun::clearPictures() {
-    Picture1.Cls();
-    Picture2.Cls();
-}
-
 void MapRun::LoadBaseMap() {
     noteCustomMap();
-    clearPictures();
+    Picture2.Cls();
     window_.CenterForm();
     if (std::optional<QImage> cached = LoadPicture(cachePath())) {
         baseMap_ = std::move(*cached);
@@ -109,7 +104,7 @@ void MapRun::drawBaseMapInMemory() {
                              .land = readColour(data_.ini, section, "LandColor", defaultLand),
                              .water = readColour(data_.ini, section, "WaterColor", defaultWater),
                              .relief = data_.run.marks.mnuTopo ? &mapPix() : nullptr};
-    clearPictures();
+    Picture2.Cls();
     window_.showMap();
     PointerPrompt prompt(prompt_, window_);
     if (!drawBaseMap(Picture1, style, data_.ini.programFolder(), listener_, prompt)) {

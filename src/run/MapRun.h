@@ -61,7 +61,6 @@ private:
     /// run; a switch of projection keeps the picture.
     void noteCustomMap();
     const QImage& mapPix();
-    void clearPictures();
     void fitPicture2();
 
     RunData& data_;

@@ -70,6 +70,7 @@ void MapOptionForms::load(Projection projection) {
 }
 
 void MapOptionForms::setFromSettings(Projection projection, MapOptions& options) {
+    const iniFiles::Batch together(ini_);
     const std::string_view section = sectionOf(projection);
     MenuMarks& marks = run_.marks;
     marks.mnuTopo = ini_.readBoolean(section, "Topo");

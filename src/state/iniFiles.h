@@ -43,7 +43,7 @@ public:
     bool readCheck(std::string_view section, std::string_view key) const;
     void writeCheck(std::string_view section, std::string_view key, bool value);
 
-    /// While one lives, all writes reach the file together, at its end.
+    /// While one lives, the file is looked at once, and all writes reach it together, at its end.
     class Batch {
     public:
         explicit Batch(iniFiles& ini) : batch_(ini.profile_) {}

@@ -26,6 +26,7 @@ void MapStats::load() {
     if (loaded_)
         return;
     loaded_ = true;
+    const iniFiles::Batch together(ini_);
     const Projection projection = run_.marks.projection;
     legend_.load(ini_, projection);
     run_.PlotLineWidth = maps_.of(projection).line;

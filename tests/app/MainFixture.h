@@ -15,6 +15,8 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <numeric>
+#include <set>
 #include <utility>
 
 namespace tovrel {
@@ -90,6 +92,16 @@ protected:
             }
         }
         throw std::runtime_error(std::string("no window ") + name);
+    }
+
+    /// Names of the dialogs that are on the screen, each with a blank behind it, in alphabetic order.
+    static std::string shownDialogs() {
+        std::set<std::string> names;
+        for (const QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->isVisible() && qobject_cast<const QDialog*>(window))
+                names.insert(window->objectName().toStdString() + " ");
+        }
+        return std::accumulate(names.begin(), names.end(), std::string());
     }
 
     /// Answers the next modal window. One that does not come fails the test at its end.
