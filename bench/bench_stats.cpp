@@ -32,7 +32,7 @@ void sortList(benchmark::State& state) {
         for (const std::string& call : calls())
             list.add({call, 1.0, 2.0});
         state.ResumeTiming();
-        benchmark::DoNotOptimize(list.sorted().data());
+        benchmark::DoNotOptimize(&list.sorted()[0]);
     }
 }
 BENCHMARK(sortList)->Unit(benchmark::kMillisecond);

@@ -31,7 +31,7 @@ public:
         const Key key(name);
         for (std::size_t i = key.hash() & mask_;; i = (i + 1) & mask_) {
             const Slot& slot = slots_[i];
-            if (slot.row == 0 || slot.key == key || equalIgnoringCase(slot.key.name, name)) {
+            if (slot.row == 0 || slot.key == key || slot.key.equalsIgnoringCase(key)) {
                 return slot.row;
             }
         }
@@ -59,6 +59,10 @@ private:
         bool operator==(const Key& other) const {
             return first == other.first && last == other.last && name.size() == other.name.size() &&
                    (name.size() <= inNumbers || name == other.name);
+        }
+
+        bool equalsIgnoringCase(const Key& other) const {
+            return name.size() == other.name.size() && equalIgnoringCase(name, other.name);
         }
 
         /// Letters count without their case bit. Of a long name only the ends do: a broken log may

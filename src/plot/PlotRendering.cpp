@@ -2,6 +2,7 @@
 
 #include "platform/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -82,6 +83,11 @@ void DrawPlottedQsos(PlotTables& tables, const PlotStyle& style, const Legend& l
     const std::vector<PlotRow>& rows = tables.plotTable.rows();
     for (const Layer& layer : layers) {
         const Colour colour = legend.colour(layer.colour);
+        (lists.*layer.list)
+            .reserve(static_cast<std::size_t>(
+                std::count_if(rows.begin(), rows.end(), [&layer](const PlotRow& row) {
+                    return row.status == layer.status;
+                })));
         for (std::size_t i = 0; i < rows.size(); ++i) {
             if (rows[i].status != layer.status) {
                 continue;

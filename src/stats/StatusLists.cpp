@@ -2,10 +2,11 @@
 
 #include "platform/Numbers.h"
 
+#include <QtEndian>
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <limits>
+#include <memory>
 #include <numeric>
 #include <span>
 #include <utility>
@@ -51,12 +52,10 @@ namespace {
 /// The first eight bytes of an item's text as a number that sorts as they do: a comparison of two
 /// numbers settles nearly every pair of items without a look at their texts.
 std::uint64_t textKey(std::string_view text, char behind) {
-    constexpr std::size_t length = 8;
-    std::uint64_t key = 0;
-    for (std::size_t i = 0; i < length; ++i) {
-        key = key << 8U | static_cast<unsigned char>(i < text.size() ? text[i] : behind);
-    }
-    return key;
+    std::array<char, sizeof(std::uint64_t)> bytes;
+    bytes.fill(behind);
+    text.copy(bytes.data(), bytes.size());
+    return qFromBigEndian<std::uint64_t>(bytes.data());
 }
 
 std::uint64_t itemKey(const Station& station) { return textKey(station.call, ' '); }
@@ -66,108 +65,119 @@ std::uint64_t itemKey(std::string_view text) { return textKey(text, '\0'); }
 bool sameCall(const Station& a, const Station& b) { return a.call == b.call; }
 bool sameCall(std::string_view a, std::string_view b) { return a == b; }
 
+/// Numbers of items in an order.
+using Order = std::span<std::uint32_t>;
+
 /// Puts items of one call in order. The texts are made once for each, not for each comparison.
-void sortSameCall(std::span<Station> stations) {
-    const auto samePlace = [&stations](const Station& other) {
-        return other.mapX == stations[0].mapX && other.mapY == stations[0].mapY;
+void sortSameCall(const std::vector<Station>& stations, Order order) {
+    const auto samePlace = [&stations, &first = stations[order[0]]](std::uint32_t other) {
+        return stations[other].mapX == first.mapX && stations[other].mapY == first.mapY;
     };
-    if (std::all_of(stations.begin(), stations.end(), samePlace)) {
+    if (std::all_of(order.begin(), order.end(), samePlace)) {
         return;
     }
-    std::vector<std::pair<std::string, Station>> texts;
-    texts.reserve(stations.size());
-    for (const Station& station : stations) {
-        texts.emplace_back(coordinateText(station), station);
+    std::vector<std::pair<std::string, std::uint32_t>> texts;
+    texts.reserve(order.size());
+    for (const std::uint32_t item : order) {
+        texts.emplace_back(coordinateText(stations[item]), item);
     }
     std::stable_sort(texts.begin(), texts.end(),
                      [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::transform(texts.begin(), texts.end(), stations.begin(),
+    std::transform(texts.begin(), texts.end(), order.begin(),
                    [](const auto& text) { return text.second; });
 }
-void sortSameCall(std::span<std::string_view> /*equal*/) {}
+void sortSameCall(const std::vector<std::string_view>& /*equal*/, Order /*order*/) {}
 
-/// Where an item stood before it was sorted.
+/// An item and what it is sorted by.
 struct Place {
     std::uint64_t key;
-    std::size_t item;
+    std::uint32_t item;
 };
 
 /// Sorts by the key alone and keeps the order of equal ones: byte by byte, the last one first. A
 /// million items take a fraction of the time that comparing them does.
-void sortByKey(std::vector<Place>& places) {
+/// @param other room for as many
+/// @return which of the two holds the result
+std::span<Place> sortByKey(std::span<Place> places, std::span<Place> other) {
     constexpr unsigned digitBits = 8;
     constexpr std::size_t digits = std::size_t{1} << digitBits;
-    std::vector<Place> sorted(places.size());
-    for (unsigned shift = 0; shift < std::numeric_limits<std::uint64_t>::digits;
-         shift += digitBits) {
-        const auto digit = [shift](const Place& place) {
-            return place.key >> shift & (digits - 1);
-        };
-        std::array<std::size_t, digits + 1> starts{};
-        for (const Place& place : places) {
-            ++starts[digit(place) + 1];
+    constexpr std::size_t keyDigits = sizeof(std::uint64_t);
+    const auto digit = [](const Place& place, std::size_t number) {
+        return place.key >> (number * digitBits) & (digits - 1);
+    };
+    std::array<std::array<std::size_t, digits + 1>, keyDigits> starts{};
+    for (const Place& place : places) {
+        for (std::size_t number = 0; number < keyDigits; ++number) {
+            ++starts[number][digit(place, number) + 1];
         }
-        if (std::find(starts.begin(), starts.end(), places.size()) != starts.end()) {
+    }
+    for (std::size_t number = 0; number < keyDigits; ++number) {
+        auto& next = starts[number];
+        if (std::find(next.begin(), next.end(), places.size()) != next.end()) {
             continue; // all have the same digit
         }
-        std::partial_sum(starts.begin(), starts.end(), starts.begin());
+        std::partial_sum(next.begin(), next.end(), next.begin());
         for (const Place& place : places) {
-            sorted[starts[digit(place)]++] = place;
+            other[next[digit(place, number)]++] = place;
         }
-        places.swap(sorted);
+        std::swap(places, other);
     }
+    return places;
 }
 
 /// Puts items whose texts begin alike in order.
 template <typename Item>
-void sortAlike(std::span<Item> items) {
-    std::stable_sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
-        return !sameCall(a, b) && itemLess(a, b);
+void sortAlike(const std::vector<Item>& items, Order order) {
+    std::stable_sort(order.begin(), order.end(), [&items](std::uint32_t a, std::uint32_t b) {
+        return !sameCall(items[a], items[b]) && itemLess(items[a], items[b]);
     });
-    for (std::size_t first = 0, last = 0; first < items.size(); first = last) {
+    for (std::size_t first = 0, last = 0; first < order.size(); first = last) {
         do {
             ++last;
-        } while (last < items.size() && sameCall(items[first], items[last]));
+        } while (last < order.size() && sameCall(items[order[first]], items[order[last]]));
         if (last - first > 1) {
-            sortSameCall(items.subspan(first, last - first));
+            sortSameCall(items, order.subspan(first, last - first));
         }
     }
 }
 
 /// Puts items in the order of their texts.
 template <typename Item>
-void sortItems(std::span<Item> items) {
-    std::vector<Place> order(items.size());
-    for (std::size_t i = 0; i < items.size(); ++i) {
-        order[i] = {itemKey(items[i]), i};
-    }
-    sortByKey(order);
-    std::vector<Item> sorted(items.size());
-    std::transform(order.begin(), order.end(), sorted.begin(),
-                   [items](const Place& place) { return items[place.item]; });
-    for (std::size_t first = 0, last = 0; first < order.size(); first = last) {
+void sortItems(const std::vector<Item>& items, Order order) {
+    // Room that is written before it is read needs no zeros.
+    const auto room = std::make_unique_for_overwrite<Place[]>(2 * order.size());
+    const std::span unsorted(room.get(), order.size());
+    std::transform(order.begin(), order.end(), unsorted.begin(), [&items](std::uint32_t item) {
+        return Place{itemKey(items[item]), item};
+    });
+    const std::span places = sortByKey(unsorted, {room.get() + order.size(), order.size()});
+    std::transform(places.begin(), places.end(), order.begin(),
+                   [](const Place& place) { return place.item; });
+    for (std::size_t first = 0, last = 0; first < places.size(); first = last) {
         do {
             ++last;
-        } while (last < order.size() && order[first].key == order[last].key);
+        } while (last < places.size() && places[first].key == places[last].key);
         if (last - first > 1) {
-            sortAlike(std::span(sorted).subspan(first, last - first));
+            sortAlike(items, order.subspan(first, last - first));
         }
     }
-    std::copy(sorted.begin(), sorted.end(), items.begin());
 }
 
 } // namespace
 
 template <typename Item>
-const std::vector<Item>& SortedList<Item>::sorted() const {
-    if (inOrder_ < items_.size()) {
-        const auto added = items_.begin() + static_cast<std::ptrdiff_t>(inOrder_);
-        sortItems(std::span(added, items_.end()));
-        std::inplace_merge(items_.begin(), added, items_.end(),
-                           [](const Item& a, const Item& b) { return itemLess(a, b); });
-        inOrder_ = items_.size();
+void SortedList<Item>::sort() const {
+    if (order_.size() == items_.size()) {
+        return;
     }
-    return items_;
+    const auto before = static_cast<std::ptrdiff_t>(order_.size());
+    order_.resize(items_.size());
+    const auto added = order_.begin() + before;
+    std::iota(added, order_.end(), static_cast<std::uint32_t>(before));
+    sortItems(items_, Order(added, order_.end()));
+    std::inplace_merge(
+        order_.begin(), added, order_.end(),
+        [this](std::uint32_t a, std::uint32_t b) { return itemLess(items_[a], items_[b]); });
 }
 
 template class SortedList<Station>;

@@ -3,7 +3,9 @@
 #include "stats/TextPool.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,26 +36,34 @@ inline bool itemLess(std::string_view a, std::string_view b) { return a < b; }
 template <typename Item>
 class SortedList {
 public:
+    /// Makes room for so many items in all.
+    void reserve(std::size_t size) { items_.reserve(size); }
     void add(const Item& item) {
         items_.push_back(item);
         ++revision_;
     }
     void clear() {
         items_ = {};
-        inOrder_ = 0;
+        order_ = {};
         ++revision_;
     }
     std::size_t size() const { return items_.size(); }
 
-    /// All items in order.
-    const std::vector<Item>& sorted() const;
+    /// All items in order, a range with random access; good until the list changes.
+    auto sorted() const {
+        sort();
+        return std::views::transform(
+            order_, [this](std::uint32_t item) -> const Item& { return items_[item]; });
+    }
 
     /// Grows with every change, so that a view can tell whether it shows the latest.
     std::size_t revision() const { return revision_; }
 
 private:
-    mutable std::vector<Item> items_;
-    mutable std::size_t inOrder_ = 0; ///< how many items, from the first, are in order
+    void sort() const;
+
+    std::vector<Item> items_;                  ///< as they were added
+    mutable std::vector<std::uint32_t> order_; ///< numbers of the items that are in order
     std::size_t revision_ = 0;
 };
 

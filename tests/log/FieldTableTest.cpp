@@ -137,6 +137,30 @@ TEST(FieldTable, findsTheFirstLineOfEqualNames) {
     }
 }
 
+// Names are compared by their ends first: whatever letter differs, it has to count.
+TEST(FieldTable, tellsNamesOfAnyLengthApart) {
+    std::vector<std::string> names;
+    for (std::size_t length = 1; length <= 80; ++length) {
+        for (std::size_t changed = 0; changed < length; ++changed) {
+            names.emplace_back(length, 'n');
+            names.back()[changed] = 'X';
+        }
+    }
+    std::string text;
+    for (const std::string& name : names)
+        text += name + "\n";
+    FieldTable table;
+    table.loadFrom(text);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        std::string upper(names[i]);
+        std::transform(upper.begin(), upper.end(), upper.begin(), upperCase);
+        EXPECT_EQ(table.FindFieldRow(names[i]), static_cast<int>(i) + 1) << names[i];
+        EXPECT_EQ(table.FindFieldRow(upper), static_cast<int>(i) + 1) << upper;
+        upper[upper.size() / 2] = '_';
+        EXPECT_EQ(table.FindFieldRow(upper), 0) << upper;
+    }
+}
+
 TEST(FieldTable, resolvesTheRowsOfTheDefaultDictionary) {
     FieldTable table;
     table.loadFrom(FieldTable::defaultFieldDictionary());
