@@ -1,5 +1,7 @@
 #include "app/MainMenu.h"
 
+#include "platform/frmControls.h"
+
 #include <QActionGroup>
 #include <QMenu>
 #include <array>
@@ -94,6 +96,8 @@ void pair(const QMenuBar& menuBar, const char* one, const char* other) {
 } // namespace
 
 void buildMainMenu(QMenuBar& menuBar) {
+    // In a larger font of the desktop the last commands would not fit above the map.
+    menuBar.setFont(windowFont());
     std::vector<QWidget*> owners = {&menuBar};
     for (const Item& item : items) {
         owners.resize(static_cast<std::size_t>(item.level) + 1);

@@ -7,8 +7,9 @@
 
 namespace tovrel {
 
-/// Makes the whole menu tree in a menu bar. Every item carries its name as object name, and a
-/// letter of its caption that no other item of its menu has picks it by keyboard.
+/// Makes the whole menu tree in a menu bar, the bar in the program's font. Every item carries its
+/// name as object name, and a letter of its caption that no other item of its menu has picks it by
+/// keyboard.
 void buildMainMenu(QMenuBar& menuBar);
 
 /// The item of that name; the menu's table has it, so it is never missing.

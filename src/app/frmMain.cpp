@@ -62,9 +62,6 @@ frmMain::frmMain(RunData& runData)
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     buildMainMenu(*menuBar());
 
-    stats_ = std::make_unique<frmMapStats>(runData.stats,
-                                           [this](LegendEntry entry) { pickLegendColour(entry); });
-
     Timer1_.setObjectName(QStringLiteral("Timer1"));
     Timer1_.setInterval(timerInterval);
     connect(&Timer1_, &QTimer::timeout, this, [this] {
@@ -73,8 +70,13 @@ frmMain::frmMain(RunData& runData)
         }
     });
     data_.run.marksChanged = [this] { showMarks(*menuBar(), data_.run.marks); };
-    queue_.commandEnded = [this] { stats_->refreshLists(); };
-    listener_.refreshLists = [this] { stats_->refreshLists(); };
+    const auto refreshLists = [this] {
+        if (stats_) {
+            stats_->refreshLists();
+        }
+    };
+    queue_.commandEnded = refreshLists;
+    listener_.refreshLists = refreshLists;
     connectMenu();
 }
 
@@ -210,7 +212,7 @@ void frmMain::setVisible(bool visible) {
 void frmMain::CenterForm() { move(centred(*screen(), frame_.size())); }
 
 void frmMain::followState(State state) {
-    if (!stats_->isVisible() || state == State::Maximized) {
+    if (!statsVisible() || state == State::Maximized) {
         return;
     }
     const bool minimize = state == State::Minimized;
@@ -240,18 +242,28 @@ void frmMain::setTimer1(bool enabled) {
     }
 }
 
-bool frmMain::statsVisible() const { return stats_->isVisible(); }
+bool frmMain::statsVisible() const { return stats_ && stats_->isVisible(); }
 
-void frmMain::hideStats() { stats_->hide(); }
+void frmMain::hideStats() {
+    if (stats_) {
+        stats_->hide();
+    }
+}
 
 void frmMain::closeStats() {
-    stats_->close();
+    if (stats_) {
+        stats_->close();
+    }
     data_.stats.unload();
 }
 
 void frmMain::mnuView_Stats() {
     if (statsVisible()) {
         return;
+    }
+    if (!stats_) {
+        stats_ = std::make_unique<frmMapStats>(
+            data_.stats, [this](LegendEntry entry) { pickLegendColour(entry); });
     }
     frame_.learnMargins();
     stats_->loadForm(frame_.size().height(), frame_.margins());

@@ -9,12 +9,14 @@
 #include "stats/frmTabStrip.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QStyleOptionButton>
 #include <memory>
 
@@ -106,9 +108,13 @@ TEST_F(AllWindowsTest, EveryControlThatTakesTheFocusHasAnAccessibleName) {
     }
 }
 
-TEST_F(AllWindowsTest, MenuOfTheMainWindowFitsItsWidth) {
+TEST_F(AllWindowsTest, MenuOfTheMainWindowFitsItsWidthInALargeFontOfTheDesktop) {
+    const QFont before = QApplication::font();
+    const auto restore = qScopeGuard([&before] { QApplication::setFont(before); });
+    QFont large = before;
+    large.setPointSize(18);
+    QApplication::setFont(large);
     QMenuBar bar;
-    bar.setFont(windows_.front()->font());
     buildMainMenu(bar);
     EXPECT_LE(bar.sizeHint().width(), 440);
 }
