@@ -76,7 +76,10 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
                            {240, 2640, 1245, 345});
     info->setAutoDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
-    connect(info, &QPushButton::clicked, this, [this] { StartSysInfo(); });
+    connect(info, &QPushButton::clicked, this, [this] {
+        StartSysInfo();
+        activateWindow(); // a message gives the focus back to the main window
+    });
     setTabOrder(ok, info);
     ok->setFocus();
 }
