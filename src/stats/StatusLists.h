@@ -4,8 +4,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +31,39 @@ inline std::string itemText(std::string_view call) { return std::string(call); }
 bool itemLess(const Station& a, const Station& b);
 inline bool itemLess(std::string_view a, std::string_view b) { return a < b; }
 
+/// Items seen in an order that lies beside them.
+template <typename Item>
+class SortedItems {
+public:
+    SortedItems(const std::vector<Item>& items, const std::vector<std::uint32_t>& order)
+        : items_(items), order_(order) {}
+
+    std::size_t size() const { return order_.size(); }
+    const Item& operator[](std::size_t place) const { return items_[order_[place]]; }
+
+    struct Iterator {
+        using iterator_category = std::forward_iterator_tag;
+        using value_type = Item;
+        using difference_type = std::ptrdiff_t;
+        using pointer = const Item*;
+        using reference = const Item&;
+
+        reference operator*() const { return items[*place]; }
+        Iterator& operator++() { return ++place, *this; }
+        Iterator operator++(int) { return {items, place++}; }
+        bool operator==(const Iterator&) const = default;
+
+        const Item* items = nullptr;
+        const std::uint32_t* place = nullptr;
+    };
+    Iterator begin() const { return {items_.data(), order_.data()}; }
+    Iterator end() const { return {items_.data(), order_.data() + order_.size()}; }
+
+private:
+    const std::vector<Item>& items_;
+    const std::vector<std::uint32_t>& order_;
+};
+
 /// A list that shows its items in the order of their text. Items may be added by the million: they
 /// are put in order together, when somebody looks.
 template <typename Item>
@@ -49,11 +82,10 @@ public:
     }
     std::size_t size() const { return items_.size(); }
 
-    /// All items in order, a range with random access; good until the list changes.
-    auto sorted() const {
+    /// All items in order; good until the list changes.
+    SortedItems<Item> sorted() const {
         sort();
-        return std::views::transform(
-            order_, [this](std::uint32_t item) -> const Item& { return items_[item]; });
+        return {items_, order_};
     }
 
     /// Grows with every change, so that a view can tell whether it shows the latest.
