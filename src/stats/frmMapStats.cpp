@@ -10,6 +10,7 @@
 #include <QFrame>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScrollArea>
 #include <QTextDocument>
 #include <utility>
 
@@ -39,7 +40,7 @@ frmMapStats::frmMapStats(MapStats& stats, std::function<void(LegendEntry)> pickC
                                 this);
     tabStats_->setObjectName(QStringLiteral("tabStats"));
     for (std::size_t i = 0; i < fraTab_.size(); ++i) {
-        fraTab_[i] = new QFrame(this);
+        fraTab_[i] = i == Key ? new QScrollArea(this) : new QFrame(this);
         fraTab_[i]->setObjectName(memberName("fraTab", static_cast<int>(i)));
     }
     lstConfirmed_ = addList(Confirmed, "lstConfirmed", "Confirmed");
@@ -91,16 +92,27 @@ void frmMapStats::addFilterBoxes() {
 void frmMapStats::addLegend() {
     constexpr float firstTop = 240.0F;
     constexpr float step = 360.0F;
+    // Beside the low cylindrical map the last entries have no room and are scrolled to.
+    auto* area = static_cast<QScrollArea*>(fraTab_[Key]);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto* entries = new QWidget;
+    entries->resize(pixelsFromTwips(480.0F + 1005.0F),
+                    pixelsFromTwips(firstTop + step * static_cast<float>(allLegendEntries.size())));
+    area->setWidget(entries);
+    area->viewport()->setAutoFillBackground(false);
+    entries->setAutoFillBackground(false);
     for (std::size_t i = 0; i < allLegendEntries.size(); ++i) {
         const LegendEntry entry = allLegendEntries[i];
         const LegendNames& names = namesOf(entry);
         const float top = firstTop + step * static_cast<float>(i);
-        auto* button = new frmColourButton(fraTab_[Key]);
+        auto* button = new frmColourButton(entries);
         setUpControl(*button, displayText(names.button), {120, top, 255, 255});
         button->setAccessibleName(displayText(names.caption) + QStringLiteral(" colour"));
         connect(button, &QPushButton::clicked, this, [this, entry] { pickColour_(entry); });
         colourButtons_[i] = button;
-        auto* label = addLabel(*fraTab_[Key], displayText(names.label), plainCaption(names.caption),
+        auto* label = addLabel(*entries, displayText(names.label), plainCaption(names.caption),
                                {480, top, 1005, 255});
         label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     }

@@ -4,6 +4,7 @@
 #include "stats/frmItemList.h"
 #include "stats/frmTabStrip.h"
 
+#include <QApplication>
 #include <QLabel>
 #include <QPlainTextEdit>
 
@@ -51,6 +52,18 @@ TEST_F(frmMapStatsTest, LaysOutByItsRuleAtTheDefaultSize) {
     EXPECT_EQ(at("txtMode").left(), 4 + at("txtBand").width() + 4);
     EXPECT_EQ(at("txtIOTA").left(), at("txtMode").right() + 1 + 4);
     EXPECT_EQ(at("txtIOTA").height(), frame.height() - 8);
+}
+
+TEST_F(frmMapStatsTest, TheKeyScrollsToTheEntryThatHasTheFocus) {
+    window_.resize(133, 180);
+    QApplication::setActiveWindow(&window_);
+    control<frmTabStrip>(window_, "tabStats").choose(5);
+    QWidget& last = control(window_, "cmdMeridian");
+    EXPECT_TRUE(last.visibleRegion().isEmpty());
+    control(window_, "cmdLine").setFocus();
+    QTest::keyClick(&control(window_, "cmdLine"), Qt::Key_Tab);
+    EXPECT_TRUE(last.hasFocus());
+    EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
 }
 
 TEST_F(frmMapStatsTest, ATooSmallWindowSkipsWhatHasNoRoom) {
