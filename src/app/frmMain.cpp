@@ -132,9 +132,8 @@ void frmMain::connectMenu() {
     onAct("mnuHidePlotLine", [this] { commands_.mnuHidePlotLine(); });
     onAct("mnuView_Stats", [this] { mnuView_Stats(); });
     onAct("mnuPlotOptions", [this] { showMapOptions(); });
-    onAct("mnuGoogleMapOptions", [this] {
-        made(googleOptions_, data_.ini, data_.google, this).show();
-    });
+    onAct("mnuGoogleMapOptions",
+          [this] { made(googleOptions_, data_.ini, data_.google, this).show(); });
     onAct("mnuInfo", [this] { infoInput().show(); });
     onAct("mnuHelp", [this] { commands_.mnuHelp(); });
     onAct("mnuAbout", [this] {

@@ -43,8 +43,8 @@ private:
 } // namespace
 
 MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPrompt& prompt)
-    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data),
-      window_(window), listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
+    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data), window_(window),
+      listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapRun::cachePath() const {
     return filePath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
