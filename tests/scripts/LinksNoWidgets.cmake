@@ -7,5 +7,7 @@ if(NOT libraries MATCHES "libQt6Core")
     message(FATAL_ERROR "${PROGRAM}: no Qt at all, which can't be:\n${libraries}")
 endif()
 if(libraries MATCHES "libQt6Widgets")
-    message(FATAL_ERROR "${PROGRAM}: links Qt Widgets")
+    # A notice is printed as it is; an error's text is broken into lines, wherever the path ends.
+    message(NOTICE "links Qt Widgets")
+    message(FATAL_ERROR "${PROGRAM} must not")
 endif()
