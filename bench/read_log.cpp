@@ -22,7 +22,8 @@ int main(int argc, char* argv[]) {
     const auto field = [&fields](int row) { return fields.trimmed(row); };
     const tovrel::Filter everything;
     int confirmed = 0;
-    tovrel::RecordReader log(argv[1]);
+    tovrel::LogFile file(argv[1]);
+    tovrel::RecordReader log(file);
     for (;;) {
         const tovrel::Cut cut = log.next();
         if (cut == tovrel::Cut::End || cut == tovrel::Cut::Failed) {

@@ -75,6 +75,9 @@ frmMain::frmMain(RunData& runData)
             stats_->refreshLists();
         }
     };
+    // Told when the act that met it has ended; it may be a move of the mouse.
+    data_.ini.failed = [this] { QTimer::singleShot(0, this, [this] { tellSettingsFailure(); }); };
+    data_.ini.failed(); // of what was read before
     queue_.commandEnded = refreshLists;
     listener_.refreshLists = refreshLists;
     connectMenu();
@@ -82,6 +85,7 @@ frmMain::frmMain(RunData& runData)
 
 frmMain::~frmMain() {
     data_.run.marksChanged = nullptr;
+    data_.ini.failed = nullptr;
     data_.lneGCPlotLine.changed = nullptr;
 }
 
@@ -167,6 +171,12 @@ void frmMain::showMapOptions() {
 void frmMain::pickLegendColour(LegendEntry entry) {
     if (commands_.pickLegendColour(entry)) {
         queue_.run("RebuildBaseMap", [this] { map_.RebuildBaseMap(); });
+    }
+}
+
+void frmMain::tellSettingsFailure() {
+    if (const std::optional<FileFailure> failure = data_.ini.takeFailure()) {
+        prompt_.tellFailure(*failure);
     }
 }
 
@@ -366,6 +376,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     frame_.learnMargins();
     commands_.Form_Unload();
     setWaitPointer(false);
+    tellSettingsFailure();
     listener_.closeWindow();
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this) {

@@ -74,6 +74,7 @@ private:
     void showMapOptions();
     frmInfoInput& infoInput();
     void pickLegendColour(LegendEntry entry);
+    void tellSettingsFailure();
 
     void fitToFrame(int attempt);
     void resizeMap();

@@ -1,3 +1,4 @@
+#include "app/QtPrompt.h"
 #include "app/frmMain.h"
 #include "platform/ByteText.h"
 #include "platform/ProgramFolder.h"
@@ -10,6 +11,8 @@
 #include <QStandardPaths>
 
 namespace {
+
+constexpr int wrongUse = 2; ///< exit status
 
 QIcon programIcon() {
     QIcon icon;
@@ -44,6 +47,12 @@ int main(int argc, char* argv[]) {
         tovrel::byteText(QApplication::applicationDirPath()),
         tovrel::byteText(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     tovrel::RunData data(folder, IniFileName);
+    if (data.ini.state() == tovrel::PrivateProfile::State::Foreign) {
+        tovrel::QtPrompt(nullptr).tell("This is no settings file.\r\n" + data.ini.path() +
+                                           "\r\nTovrel leaves it as it is and ends.",
+                                       tovrel::MessageIcon::Critical);
+        return wrongUse;
+    }
     tovrel::frmMain window(data);
     window.start();
     return QApplication::exec();

@@ -1,39 +1,65 @@
 #include "batch/BatchConsole.h"
 
+#include "batch/BatchOutput.h"
 #include "batch/Interruption.h"
+#include "platform/ByteText.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <unistd.h>
 
 namespace tovrel {
+
+namespace {
+
+/// A message's lines as one, as programs read standard error.
+std::string oneLine(std::string_view text) {
+    std::string line;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find("\r\n"), text.size());
+        const std::string_view part = trimBlanks(text.substr(0, end));
+        if (!line.empty() && !part.empty())
+            line += ' ';
+        line += part;
+        text.remove_prefix(std::min(end + 2, text.size()));
+    }
+    return line;
+}
+
+} // namespace
 
 BatchConsole::BatchConsole(bool quiet, bool& AbortRequested)
     : quiet_(quiet), progressVisible_(!quiet && isatty(STDERR_FILENO) != 0),
       AbortRequested_(AbortRequested) {}
 
 void BatchConsole::tell(const std::string& text, MessageIcon /*icon*/) {
-    messages_.push_back(text);
+    keep(text, oneLine(text));
+}
+
+void BatchConsole::tellFailure(const FileFailure& failure) {
+    static constexpr std::array<const char*, 3> acts = {"read", "written", "used"};
+    keep(messageOf(failure),
+         cantText(failure.path, acts[static_cast<std::size_t>(failure.act)], failure.reason));
+}
+
+void BatchConsole::keep(const std::string& message, const std::string& line) {
+    messages_.push_back(message);
+    lastLine_ = line;
     if (!quiet_) {
-        print(text);
+        print(line);
     }
 }
 
 void BatchConsole::showFailure() {
-    if (quiet_ && !messages_.empty()) {
-        print(messages_.back());
+    if (quiet_ && !lastLine_.empty()) {
+        print(lastLine_);
     }
 }
 
-void BatchConsole::print(const std::string& text) {
+void BatchConsole::print(const std::string& line) {
     endLine();
-    for (const char c : text) {
-        if (c != '\r') {
-            std::fputc(c, stderr);
-        }
-    }
-    if (!text.ends_with('\n')) {
-        std::fputc('\n', stderr);
-    }
+    printError(line);
 }
 
 void BatchConsole::beginPass(std::string_view /*caption*/, std::string_view status, float maximum) {

@@ -19,8 +19,9 @@ public:
     BatchConsole(bool quiet, bool& AbortRequested);
 
     void tell(const std::string& text, MessageIcon icon) override;
+    void tellFailure(const FileFailure& failure) override;
 
-    /// The run has failed: the message that tells why is shown even when the run is quiet.
+    /// The run has failed: the line that tells why is shown even when the run is quiet.
     void showFailure();
 
     bool ask(const Question& question) override { return question.defaultYes; }
@@ -34,13 +35,15 @@ public:
     const std::vector<std::string>& messages() const { return messages_; }
 
 private:
-    void print(const std::string& text);
+    void keep(const std::string& message, const std::string& line);
+    void print(const std::string& line);
     void endLine();
 
     bool quiet_;
     bool progressVisible_;
     bool& AbortRequested_;
     std::vector<std::string> messages_;
+    std::string lastLine_; ///< of the last message
     std::string status_;
     float maximum_ = 100.0F;
     int shownPercent_ = -1; ///< in the line that stands unfinished; -1 when none does

@@ -6,37 +6,11 @@
 #include "batch/BatchSettings.h"
 #include "batch/Interruption.h"
 #include "export/GoogleExport.h"
-#include "platform/ByteText.h"
 #include "platform/Files.h"
-
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <filesystem>
-#include <system_error>
 
 namespace tovrel {
 
 namespace {
-
-std::filesystem::path systemPath(const std::string& path) {
-    return QFileInfo(QString::fromStdString(path)).filesystemFilePath();
-}
-
-/// The names that the window program gives the files. It names them by the log's whole path, which
-/// there is an absolute one: the dots of "./" and "../" must not go from it as those of names do.
-ExportFiles filesFor(const std::string& log) {
-    const QFileInfo place(QString::fromStdString(log));
-    const bool dottedFolder = splitPath(log).folder.find('.') != std::string_view::npos;
-    const bool resolve = place.isRelative() && dottedFolder;
-    return exportFilesFor(resolve ? byteText(QDir::cleanPath(place.absoluteFilePath())) : log);
-}
-
-/// Moves the document to where it is kept, over one of an earlier run.
-bool keepDocument(const std::string& written, const std::string& kept) {
-    std::error_code failure;
-    std::filesystem::rename(systemPath(written), systemPath(kept), failure);
-    return !failure || cantWrite(kept);
-}
 
 KmzCounters countersOf(const GoogleExport& pass) {
     const GoogleCounters& placed = pass.counters();
@@ -51,38 +25,27 @@ KmzCounters countersOf(const GoogleExport& pass) {
 
 BatchResult batchKmz(const BatchOptions& options) {
     RunData data(options.folder, "Tovrel.ini", PrivateProfile::Storage::Memory);
-    applyOptions(data, options);
     BatchConsole console(options.quiet, data.run.AbortRequested);
+    if (!applyOptions(data, options, console)) {
+        return BatchResult::FileFailed;
+    }
 
-    const ExportFiles named = filesFor(options.log);
+    const ExportFiles named = exportFilesFor(options.log);
     const std::string archive = options.output.empty() ? named.archive : options.output;
-    const std::string folder(splitPath(archive).folder);
-    const std::string documentName(splitPath(named.KmlFileName).name);
-    const std::string kept = folder + documentName;
-    const std::filesystem::path archivePath = systemPath(archive);
-    std::error_code ignored;
-    if (std::filesystem::exists(archivePath, ignored) &&
-        !std::filesystem::is_regular_file(archivePath, ignored)) {
-        cantWrite(archive);
-        return BatchResult::FileFailed;
-    }
-    if (options.keepKml &&
-        std::filesystem::equivalent(systemPath(kept), systemPath(options.log), ignored)) {
-        cantWrite(kept + " is the log, and");
+    const std::string document =
+        joinPath(splitPath(archive).folder, splitPath(named.KmlFileName).name);
+    if (options.keepKml && isSameFile(document, options.log)) {
+        cantWrite(document, "it is the log");
         return BatchResult::FileFailed;
     }
 
-    const UnfinishedFile unfinished; // ends behind the folder
-    const QTemporaryDir working(QString::fromStdString(folder + ".tovrel-XXXXXX"));
-    if (!working.isValid()) {
-        cantWrite(archive);
-        return BatchResult::FileFailed;
-    }
-    const std::string document = joinPath(byteText(working.path()), documentName);
+    const UnfinishedFile unfinished; // ends behind the work folder
     GoogleExport pass(data.ini, data.google, data.run, data.stats, data.tables.counters.QsosPlotted,
                       console, console, [](const std::string& /*path*/) { return false; });
     const ExportEnd end = pass.CreateGoogleFile(
-        {.KmlFileName = document, .archive = archive, .keepDocument = options.keepKml});
+        {.KmlFileName = document,
+         .archive = archive,
+         .document = options.keepKml ? ExportFiles::Document::Kept : ExportFiles::Document::Never});
     if (end != ExportEnd::Done && end != ExportEnd::NothingPlaced) {
         if (end != ExportEnd::Aborted) {
             console.showFailure();
@@ -90,9 +53,8 @@ BatchResult batchKmz(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
     const bool written =
-        (!options.keepKml || keepDocument(document, kept)) &&
-        (options.report.empty() ||
-         writeResult(options.report, kmzReport(countersOf(pass), data, console.messages())));
+        options.report.empty() ||
+        writeResult(options.report, kmzReport(countersOf(pass), data, console.messages()));
     if (!written) {
         return BatchResult::FileFailed;
     }

@@ -7,44 +7,58 @@
 
 #include <QBuffer>
 #include <QFileInfo>
+#include <cerrno>
 #include <cstdio>
+#include <system_error>
 
 namespace tovrel {
 
 namespace {
 
-bool writeStandardOutput(std::string_view bytes) {
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
-    return written && std::fflush(stdout) == 0;
+/// Writes into a stream that is no file of ours to replace.
+/// @return reason of a failure
+WriteEnd writeInto(std::FILE* stream, std::string_view bytes) {
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
+                         std::fflush(stream) == 0;
+    return {written ? std::string() : std::generic_category().message(errno)};
 }
 
 /// Writes into a device or a pipe, which no new file may replace.
-bool writeInto(const std::string& path, std::string_view bytes) {
+WriteEnd writeIntoDevice(const std::string& path, std::string_view bytes) {
     std::FILE* const file = std::fopen(path.c_str(), "wb");
     if (file == nullptr) {
-        return false;
+        return {std::generic_category().message(errno)};
     }
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    return (std::fclose(file) == 0) && written;
+    WriteEnd end = writeInto(file, bytes);
+    std::fclose(file);
+    return end;
 }
 
 } // namespace
 
-bool cantWrite(const std::string& path) {
-    std::fprintf(stderr, "tovrel-batch: %s can't be written\n", path.c_str());
+void printError(const std::string& line) {
+    std::fprintf(stderr, "tovrel-batch: %s\n", line.c_str());
+}
+
+std::string cantText(const std::string& path, const std::string& done, const std::string& reason) {
+    return path + " can't be " + done + ": " + reason;
+}
+
+bool cantWrite(const std::string& path, const std::string& reason) {
+    printError(cantText(path, "written", reason));
     return false;
 }
 
 bool writeResult(const std::string& path, std::string_view bytes) {
     if (path == "-") {
-        return writeStandardOutput(bytes) || cantWrite("standard output");
+        const WriteEnd end = writeInto(stdout, bytes);
+        return end || cantWrite("standard output", end.reason);
     }
     const QFileInfo place(QString::fromStdString(path));
-    if (place.exists() && !place.isFile()) {
-        return writeInto(path, bytes) || cantWrite(path);
-    }
     const UnfinishedFile unfinished;
-    return writeFile(path, bytes) || cantWrite(path);
+    const bool device = place.exists() && !place.isFile() && !place.isDir();
+    const WriteEnd end = device ? writeIntoDevice(path, bytes) : writeFile(path, bytes);
+    return end || cantWrite(path, end.reason);
 }
 
 bool writePicture(const std::string& path, const QImage& picture) {
@@ -52,7 +66,7 @@ bool writePicture(const std::string& path, const QImage& picture) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     if (!picture.save(&buffer, imageFormat(path))) {
-        return cantWrite(path);
+        return cantWrite(path, "the picture could not be encoded");
     }
     const QByteArray& bytes = buffer.data();
     return writeResult(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});

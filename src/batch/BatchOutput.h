@@ -16,8 +16,16 @@ bool writeResult(const std::string& path, std::string_view bytes);
 bool writePicture(const std::string& path, const QImage& picture);
 
 /// Tells of a file that can't be written.
+/// @param reason short, UTF-8
 /// @return false
-bool cantWrite(const std::string& path);
+bool cantWrite(const std::string& path, const std::string& reason);
+
+/// Says on standard error, in one line behind the program's name, what is wrong.
+void printError(const std::string& line);
+
+/// What is said of a file, in the one style that all such lines have.
+/// @param done "read", "written" or "used"
+std::string cantText(const std::string& path, const std::string& done, const std::string& reason);
 
 /// Text of the log or a message, as UTF-8: bytes that are none are taken as Windows-1252.
 std::string utf8Text(std::string_view bytes);

@@ -41,13 +41,19 @@ std::string tipLines(RunData& data, const std::vector<MapPosition>& positions) {
 
 BatchResult batchPlot(const BatchOptions& options) {
     RunData data(options.folder, "Tovrel.ini", PrivateProfile::Storage::Memory);
-    applyOptions(data, options);
+    BatchConsole console(options.quiet, data.run.AbortRequested);
+    if (!applyOptions(data, options, console)) {
+        return BatchResult::FileFailed;
+    }
     const Projection projection = data.run.marks.projection;
     const float width = twipsFromPixels(options.size);
     BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
-    BatchConsole console(options.quiet, data.run.AbortRequested);
     MapRun map(data, window, console, console);
-    map.drawBaseMapInMemory();
+    const BaseMapEnd baseMap = map.drawBaseMapInMemory();
+    if (baseMap.dataUnreadable) {
+        console.showFailure();
+        return BatchResult::FileFailed;
+    }
     if (!options.baseMap.empty() && !writePicture(options.baseMap, map.Picture1.Image())) {
         return BatchResult::FileFailed;
     }

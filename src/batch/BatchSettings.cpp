@@ -75,7 +75,12 @@ void applyKmzOptions(RunData& data, const BatchOptions& options) {
 
 } // namespace
 
-void applyOptions(RunData& data, const BatchOptions& options) {
+bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& console) {
+    if (data.ini.isOutOfReach()) {
+        console.tellFailure(data.ini.unreadable());
+        console.showFailure();
+        return false;
+    }
     InitSettings(data.ini, data.maps, data.google, data.run);
     if (options.command == BatchOptions::Command::Plot) {
         applyPlotOptions(data, options);
@@ -83,6 +88,7 @@ void applyOptions(RunData& data, const BatchOptions& options) {
         applyKmzOptions(data, options);
     }
     data.run.LogFileName = options.log;
+    return true;
 }
 
 } // namespace tovrel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "batch/BatchConsole.h"
 #include "batch/BatchOptions.h"
 #include "run/RunData.h"
 
@@ -7,6 +8,7 @@ namespace tovrel {
 
 /// Puts a run into the state that the settings of its folder and the options on top of them
 /// describe. The settings are to be in memory only: all that is set here is written to them.
-void applyOptions(RunData& data, const BatchOptions& options);
+/// @return false when there is a settings file that can't serve, which is told
+bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& console);
 
 } // namespace tovrel

@@ -6,10 +6,6 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace tovrel {
@@ -17,20 +13,6 @@ namespace tovrel {
 namespace {
 
 constexpr int passes = 3;
-
-/// Whether two paths lead to one file.
-bool isSameFile(const std::string& a, const std::string& b) {
-    const auto systemPath = [](const std::string& path) {
-        return QFileInfo(QString::fromStdString(path)).filesystemFilePath();
-    };
-    std::error_code ignored;
-    return std::filesystem::equivalent(systemPath(a), systemPath(b), ignored);
-}
-
-/// What could not be done, the file, and the reason.
-std::string failure(std::string_view what, std::string_view path, std::string_view reason) {
-    return std::string(what).append("\r\n").append(path).append("\r\n").append(reason);
-}
 
 } // namespace
 
@@ -57,11 +39,13 @@ GoogleExport::GoogleExport(const iniFiles& ini, const GoogleMapOptions& options,
 ExportEnd GoogleExport::CreateGoogleFile(const ExportFiles& files) {
     constexpr float fullBar = 100.0F;
     LogFileName_ = run_.LogFileName;
+    shownLog_ = run_.shownLog();
     files_ = files;
     stats_.lists().clear();
     listener_.beginPass("Creating Google Map Plot File", {}, fullBar);
 
-    const ExportEnd written = writeDocument();
+    LogFile log(LogFileName_, LogFile::Check::SameBytes);
+    const ExportEnd written = writeDocument(log);
     if (written != ExportEnd::Done) {
         return written;
     }
@@ -69,13 +53,15 @@ ExportEnd GoogleExport::CreateGoogleFile(const ExportFiles& files) {
         return tellNothingPlaced();
     }
     listener_.showStatus("Packaging Google Data ... Please QRX");
-    const ExportEnd packed = packDocument();
-    if (packed != ExportEnd::Done) {
-        return packed;
+    if (const std::string reason = packDocument(); !reason.empty()) {
+        return failPacking(reason);
     }
-    if (!files_.keepDocument) {
-        QFile::remove(QString::fromStdString(files_.KmlFileName));
+    if (files_.document == ExportFiles::Document::Kept) {
+        if (const WriteEnd kept = leaveDocument(); !kept) {
+            return failDocument(kept.reason);
+        }
     }
+    work_.reset();
     listener_.showStatus("Deleting Temp File");
     listener_.showProgress(fullBar);
     listener_.endPass();
@@ -84,9 +70,8 @@ ExportEnd GoogleExport::CreateGoogleFile(const ExportFiles& files) {
     return ExportEnd::Done;
 }
 
-ExportEnd GoogleExport::writeDocument() {
-    // Before the document is begun, which would replace that of an earlier export.
-    if (const RecordReader log(LogFileName_); !log.error().empty()) {
+ExportEnd GoogleExport::writeDocument(LogFile& log) {
+    if (!log.error().empty()) {
         return failLog(log.error());
     }
     for (const std::string& path : {files_.KmlFileName, files_.archive}) {
@@ -97,8 +82,14 @@ ExportEnd GoogleExport::writeDocument() {
     const std::string MyCall = ini_.ReadIniValue(section::globals, "MyCall");
     listener_.showStatus("Creating Header Records");
     const std::string Marker = ini_.ReadIniValue(section::google, "Marker");
-    if (!book_.WriteKmlHead(files_.KmlFileName, MyCall, iconScaleOf(Marker))) {
-        return failDocument();
+    const PathParts place = splitPath(files_.KmlFileName);
+    work_.emplace(std::string(place.folder));
+    if (!work_->isValid()) {
+        return failDocument(work_->error());
+    }
+    document_ = work_->path(place.name);
+    if (!book_.WriteKmlHead(document_, MyCall, iconScaleOf(Marker))) {
+        return failDocument(book_.error());
     }
     // In the last pass the bar falls back by 5.
     static constexpr Folder folders[passes] = {
@@ -106,57 +97,63 @@ ExportEnd GoogleExport::writeDocument() {
         {QsoStatus::Worked, "Processing Worked QSOs", 35.0F, 35.0},
         {QsoStatus::Heard, "Processing Heard QSOs", 65.0F, 60.0}};
     for (const Folder& folder : folders) {
-        const ExportEnd end = writeFolder(folder);
+        const ExportEnd end = writeFolder(folder, log);
         if (end != ExportEnd::Done) {
             return end;
         }
     }
     listener_.showProgress(95.0F);
     book_.WriteKmlTail();
-    return book_.close() ? ExportEnd::Done : failDocument();
+    return book_.close() ? ExportEnd::Done : failDocument(book_.error());
 }
 
-ExportEnd GoogleExport::writeFolder(const Folder& folder) {
+ExportEnd GoogleExport::writeFolder(const Folder& folder, LogFile& log) {
     listener_.showProgress(folder.bar);
     listener_.showStatus(folder.statusText);
     book_.WriteFolderHead(folder.status);
-    const ExportEnd end = ReadLogForGoogle(folder);
+    const ExportEnd end = ReadLogForGoogle(folder, log);
     if (end == ExportEnd::Done || end == ExportEnd::Aborted) {
         book_.WriteFolderEnd();
     }
     if (end == ExportEnd::Aborted) {
         book_.close();
+        if (files_.document == ExportFiles::Document::Unpacked) {
+            if (const WriteEnd left = leaveDocument(); !left) {
+                return failDocument(left.reason);
+            }
+        }
     }
     return end;
 }
 
-ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder) {
-    RecordReader log(LogFileName_);
+ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder, LogFile& log) {
+    RecordReader reader(log);
     bool dictionaryLoaded = false;
     std::int64_t LogBytesDone = 0;
     std::size_t records = 0;
     for (;;) {
-        switch (log.next()) {
+        switch (reader.next()) {
         case Cut::End:
             QsosPlotted_ = 0;
             return ExportEnd::Done;
         case Cut::Failed:
-            return failLog(log.error());
+            return failLog(reader.error());
         case Cut::Blank:
             break;
         case Cut::Record:
-            if (!dictionaryLoaded && !loadDictionary()) {
-                return fail(ExportEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
-                            MessageIcon::Critical);
+            if (!dictionaryLoaded) {
+                if (const ExportEnd end = loadDictionary(); end != ExportEnd::Done) {
+                    return end;
+                }
+                dictionaryLoaded = true;
             }
-            dictionaryLoaded = true;
-            takeRecord(log.line(), folder.status, records);
+            takeRecord(reader.line(), folder.status, records);
             ++records;
-            LogBytesDone += static_cast<std::int64_t>(log.line().size());
+            LogBytesDone += static_cast<std::int64_t>(reader.line().size());
             break;
         }
         if (book_.failed()) {
-            return failDocument();
+            return failDocument(book_.error());
         }
         const double done = (static_cast<double>(LogBytesDone) / passes) /
                             (static_cast<double>(log.size()) / passes);
@@ -169,12 +166,19 @@ ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder) {
     }
 }
 
-bool GoogleExport::loadDictionary() {
-    if (!fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
-        return false;
+ExportEnd GoogleExport::loadDictionary() {
+    switch (fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
+    case ReadEnd::Missing:
+        dropFiles();
+        prompt_.tell(std::string(FieldTable::missingMessage), MessageIcon::Critical);
+        return ExportEnd::DictionaryMissing;
+    case ReadEnd::Unreadable:
+        return fail(ExportEnd::DictionaryUnreadable, fields_.failure());
+    case ReadEnd::Content:
+        break;
     }
     fields_.ResolveFieldRows();
-    return true;
+    return ExportEnd::Done;
 }
 
 void GoogleExport::takeRecord(std::string_view line, QsoStatus folder, std::size_t record) {
@@ -196,31 +200,48 @@ void GoogleExport::takeRecord(std::string_view line, QsoStatus folder, std::size
 }
 
 ExportEnd GoogleExport::tellNothingPlaced() {
+    const WriteEnd left = leaveDocument();
     prompt_.tell(GoogleRecords_ > 0
                      ? "There were no QSOs matching your filter selections."
                      : "Tovrel could not plot any of your QSOs.\r\n"
                        "Your log file did not contain Latitude & Longitude coordinates.");
-    return ExportEnd::NothingPlaced;
+    return left ? ExportEnd::NothingPlaced : failDocument(left.reason);
 }
 
-ExportEnd GoogleExport::packDocument() {
+/// @return why there is no archive; empty when there is one
+std::string GoogleExport::packDocument() {
     ZipClass archive;
-    bool packed = archive.AddFile(files_.KmlFileName);
-    if (packed) {
-        listener_.showProgress(98.0F);
-        for (const std::string_view icon :
-             {"Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"}) {
-            // The document names the icons so, however they are spelt in the folder. The archive
-            // does without one that is missing.
-            archive.AddFile(findFile(ini_.programFolder(), icon), icon);
-        }
-        packed = archive.WriteZip(files_.archive, true);
+    if (!archive.AddFile(document_)) {
+        return archive.error();
     }
-    if (!packed) {
-        return failArchive(ExportEnd::ArchiveFailed, files_.archive, archive.error());
+    if (archive.lastSource() != book_.written()) {
+        return "the document was changed before it was packed";
+    }
+    listener_.showProgress(98.0F);
+    for (const std::string_view icon :
+         {"Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"}) {
+        // The document names the icons so, however they are spelt in the folder. The archive
+        // does without one that is missing.
+        const std::string path = filePath(ini_.programFolder(), icon);
+        if (!archive.AddFile(path, icon) && !readFile(path, 0).isMissing()) {
+            return std::string(icon).append(": ").append(archive.error());
+        }
+    }
+    if (!archive.WriteZip(files_.archive, true)) {
+        return archive.error();
     }
     listener_.showProgress(99.0F);
-    return ExportEnd::Done;
+    return {};
+}
+
+/// Brings the document to its place, if it is to stand there ever.
+WriteEnd GoogleExport::leaveDocument() {
+    WriteEnd end;
+    if (files_.document != ExportFiles::Document::Never) {
+        end = moveFile(document_, files_.KmlFileName);
+    }
+    work_.reset();
+    return end;
 }
 
 void GoogleExport::writeSummary() {
@@ -248,35 +269,49 @@ void GoogleExport::offerToOpen() {
                                    .buttons = Question::Buttons::YesNo,
                                    .defaultYes = false});
     if (open && !openFile_(files_.archive)) {
-        prompt_.tell(failure("The Google Earth file could not be opened.", files_.archive,
-                             "no program is registered for it"),
-                     MessageIcon::Exclamation);
+        prompt_.tellFailure({FileFailure::Act::Use, "The Google Earth file could not be opened.",
+                             files_.archive, "no program is registered for it"});
     }
 }
 
-/// Ends the export with a message, and with nothing left that is only half-written.
-ExportEnd GoogleExport::fail(ExportEnd end, const std::string& message, MessageIcon icon) {
-    if (end != ExportEnd::ArchiveFailed) {
-        book_.discard();
-    }
+/// Leaves nothing that is only half-written.
+void GoogleExport::dropFiles() {
+    book_.close();
+    work_.reset();
     listener_.endPass();
-    prompt_.tell(message, icon);
+}
+
+ExportEnd GoogleExport::fail(ExportEnd end, const FileFailure& failure) {
+    dropFiles();
+    prompt_.tellFailure(failure);
     return end;
 }
 
-ExportEnd GoogleExport::failLog(std::string_view reason) {
+ExportEnd GoogleExport::failLog(const std::string& reason) {
     return fail(ExportEnd::LogUnreadable,
-                failure("The ADIF file could not be read.", LogFileName_, reason));
+                {FileFailure::Act::Read, "The ADIF file could not be read.", shownLog_, reason});
 }
 
-ExportEnd GoogleExport::failDocument() {
+ExportEnd GoogleExport::failDocument(const std::string& reason) {
+    // A document that will never stand anywhere has no place that the user knows.
+    if (files_.document == ExportFiles::Document::Never) {
+        return failArchive(ExportEnd::DocumentFailed, files_.archive, reason);
+    }
     return fail(ExportEnd::DocumentFailed,
-                failure("The Google Earth document could not be written.", files_.KmlFileName,
-                        book_.error()));
+                {FileFailure::Act::Write, "The Google Earth document could not be written.",
+                 files_.KmlFileName, reason});
 }
 
-ExportEnd GoogleExport::failArchive(ExportEnd end, std::string_view path, std::string_view reason) {
-    return fail(end, failure("The Google Earth file could not be created.", path, reason));
+ExportEnd GoogleExport::failPacking(const std::string& reason) {
+    const WriteEnd left = leaveDocument();
+    const ExportEnd end = failArchive(ExportEnd::ArchiveFailed, files_.archive, reason);
+    return left ? end : failDocument(left.reason);
+}
+
+ExportEnd GoogleExport::failArchive(ExportEnd end, const std::string& path,
+                                    const std::string& reason) {
+    return fail(end, {FileFailure::Act::Write, "The Google Earth file could not be created.", path,
+                      reason});
 }
 
 } // namespace tovrel

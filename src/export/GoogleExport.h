@@ -2,8 +2,10 @@
 
 #include "export/LogBook.h"
 #include "log/FieldTable.h"
+#include "log/LogFile.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
+#include "platform/WorkFolder.h"
 #include "state/GoogleMapOptions.h"
 #include "state/RunState.h"
 #include "state/iniFiles.h"
@@ -21,12 +23,20 @@ namespace tovrel {
 
 /// What an export writes. Paths are UTF-8.
 struct ExportFiles {
-    std::string KmlFileName; ///< the document, a working file that is packed and then deleted
+    /// When the document stands at its place in the end. It is written in a work folder beside
+    /// that.
+    enum class Document {
+        Unpacked, ///< when no archive was made of it
+        Kept,     ///< when it is whole, packed or not
+        Never
+    };
+
+    std::string KmlFileName; ///< place of the document; the archive has its name
     std::string archive;
-    bool keepDocument = false; ///< the document stays when it has been packed
+    Document document = Document::Unpacked;
 };
 
-/// The files of a log's export: beside the log, unless its folder has a dot in its name.
+/// The files of a log's export, beside the log.
 ExportFiles exportFilesFor(std::string_view LogFileName);
 
 /// How an export came to its end. But for Done there is no archive of it.
@@ -34,14 +44,19 @@ enum class ExportEnd {
     Done,
     NothingPlaced,     ///< no record got a placemark; the user was told, the document stays
     Aborted,           ///< the user asked for it; the document stays as far as it was written
-    LogUnreadable,     ///< the log could not be opened or read to its end; the user was told
+    LogUnreadable,     ///< the log could not be read, or changed meanwhile; the user was told
     DictionaryMissing, ///< the field dictionary has gone; the user was told, the program must end
-    DocumentFailed,    ///< the document could not be written; the user was told
-    ArchiveFailed      ///< the archive could not be written; the user was told, the document stays
+    DictionaryUnreadable, ///< the field dictionary can't be read; the user was told
+    DocumentFailed,       ///< the document could not be written; the user was told
+    ArchiveFailed ///< the archive could not be written; the user was told, the document stays
 };
 
 /// The export of a log to Google Earth: reads it three times, once for each folder of the document,
 /// and packs the document and the icons of the program's folder into an archive.
+///
+/// The log is opened once, and all three passes have to find the same bytes, so that the document
+/// has each contact once. An archive that stands there is replaced by a whole one or stays; exports
+/// of one log may run side by side.
 ///
 /// It looks at AbortRequested behind each record and blank line, and at the options at every
 /// record, live, since the user may change either whenever events run.
@@ -68,21 +83,23 @@ public:
 private:
     struct Folder;
 
-    ExportEnd writeDocument();
-    ExportEnd writeFolder(const Folder& folder);
-    ExportEnd ReadLogForGoogle(const Folder& folder);
-    bool loadDictionary();
+    ExportEnd writeDocument(LogFile& log);
+    ExportEnd writeFolder(const Folder& folder, LogFile& log);
+    ExportEnd ReadLogForGoogle(const Folder& folder, LogFile& log);
+    ExportEnd loadDictionary();
     void takeRecord(std::string_view line, QsoStatus folder, std::size_t record);
     ExportEnd tellNothingPlaced();
-    ExportEnd packDocument();
+    std::string packDocument();
+    WriteEnd leaveDocument();
     void writeSummary();
     void offerToOpen();
 
-    ExportEnd fail(ExportEnd end, const std::string& message,
-                   MessageIcon icon = MessageIcon::Exclamation);
-    ExportEnd failLog(std::string_view reason);
-    ExportEnd failDocument();
-    ExportEnd failArchive(ExportEnd end, std::string_view path, std::string_view reason);
+    void dropFiles();
+    ExportEnd fail(ExportEnd end, const FileFailure& failure);
+    ExportEnd failLog(const std::string& reason);
+    ExportEnd failDocument(const std::string& reason);
+    ExportEnd failPacking(const std::string& reason);
+    ExportEnd failArchive(ExportEnd end, const std::string& path, const std::string& reason);
 
     const iniFiles& ini_;
     const GoogleMapOptions& options_;
@@ -93,8 +110,11 @@ private:
     UserPrompt& prompt_;
     OpenFile openFile_;
 
+    std::string shownLog_;
     std::string LogFileName_; ///< the user may choose another log while this one is read
     ExportFiles files_;
+    std::optional<WorkFolder> work_;
+    std::string document_; ///< path in the work folder
     LogBook book_;
     FieldTable fields_;
     std::int64_t GoogleRecords_ = 0;

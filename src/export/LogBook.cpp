@@ -1,9 +1,10 @@
 #include "export/LogBook.h"
 
 #include "platform/ByteText.h"
+#include "platform/Files.h"
 #include "platform/Numbers.h"
 
-#include <algorithm>
+#include <string>
 
 namespace tovrel {
 
@@ -45,9 +46,10 @@ bool isConfirmed(const FieldTable& record) {
 } // namespace
 
 std::string kmlFileNameFor(std::string_view LogFileName) {
-    std::string path(LogFileName.substr(0, LogFileName.rfind('.') + 1));
-    path.erase(std::remove(path.begin(), path.end(), '.'), path.end());
-    return path + ".kml";
+    const auto [folder, fileName] = splitPath(LogFileName);
+    std::string name(fileName.substr(0, fileName.rfind('.') + 1));
+    std::erase(name, '.');
+    return std::string(folder).append(name).append(".kml");
 }
 
 std::string_view iconScaleOf(std::string_view Marker) {
@@ -91,9 +93,15 @@ void LogBook::writeBuffer() {
 }
 
 void LogBook::write(std::string_view bytes) {
-    const auto size = static_cast<qint64>(bytes.size());
-    if (!failed() && file_.write(bytes.data(), size) != size) {
-        error_ = byteText(file_.errorString());
+    while (!failed() && !bytes.empty()) {
+        // A disk that is nearly full takes a part of it and tells why when it is asked again.
+        const qint64 size = file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (size <= 0) {
+            error_ = byteText(file_.errorString());
+            return;
+        }
+        written_.add(bytes.substr(0, static_cast<std::size_t>(size)));
+        bytes.remove_prefix(static_cast<std::size_t>(size));
     }
 }
 
@@ -104,7 +112,6 @@ bool LogBook::WriteKmlHead(const std::string& KmlFileName, std::string_view MyCa
         error_ = byteText(file_.errorString());
         return false;
     }
-    created_ = true;
     MyCall_ = MyCall;
     buffer_ = std::make_unique_for_overwrite<char[]>(bufferSize);
     print("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\r\n"
@@ -207,14 +214,6 @@ bool LogBook::close() {
         error_ = byteText(file_.errorString());
     }
     return !failed();
-}
-
-void LogBook::discard() {
-    if (created_) {
-        file_.close();
-        file_.remove();
-        created_ = false;
-    }
 }
 
 } // namespace tovrel

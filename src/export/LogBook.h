@@ -2,6 +2,7 @@
 
 #include "log/FieldTable.h"
 #include "log/QsoStatus.h"
+#include "platform/ByteSum.h"
 
 #include <QFile>
 #include <cstddef>
@@ -22,8 +23,8 @@ struct GoogleCounters {
     std::int32_t GooglePlaced() const { return GoogleConfirmed + GoogleWorked + GoogleHeard; }
 };
 
-/// Path of the document for a log: the text behind the last dot becomes "kml", and all other dots
-/// go, be they in the name or in a folder. A path without a dot gives ".kml".
+/// Path of the document for a log, beside it: in the log's name the text behind the last dot
+/// becomes "kml", and all other dots go. A name without a dot gives ".kml".
 std::string kmlFileNameFor(std::string_view LogFileName);
 
 /// Text of the icons' scale for a marker size of the settings: "0.33" for "Small", "0.66" for
@@ -65,8 +66,8 @@ public:
     /// @return whether all of it is there
     bool close();
 
-    /// Closes the document and removes it, unless it was never opened.
-    void discard();
+    /// What was written, to be compared with what is read of the document.
+    const ByteSum& written() const { return written_; }
 
     const GoogleCounters& counters() const { return counters_; }
 
@@ -83,7 +84,7 @@ private:
     void writeStyle(std::string_view folder, std::string_view scale, std::string_view behindIcon);
 
     QFile file_;
-    bool created_ = false;
+    ByteSum written_;
     std::unique_ptr<char[]> buffer_;
     std::size_t used_ = 0;
     std::string MyCall_;

@@ -1,9 +1,6 @@
 #include "export/ZipClass.h"
 
-#include "platform/ByteText.h"
-
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
 #include <numeric>
 #include <utility>
@@ -53,8 +50,7 @@ std::int64_t ZipClass::directorySize() const {
 }
 
 bool ZipClass::WriteZip(const std::string& FilePath, bool Overwrite) {
-    const QString path = QString::fromStdString(FilePath);
-    if (!Overwrite && QFileInfo::exists(path)) {
+    if (!Overwrite && QFileInfo::exists(QString::fromStdString(FilePath))) {
         return fail("the file exists already");
     }
     if (Comment_.size() > zipLimit::textLength) {
@@ -65,14 +61,13 @@ bool ZipClass::WriteZip(const std::string& FilePath, bool Overwrite) {
     if (size > zipLimit::bytes) {
         return fail("the files are too large for an archive");
     }
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !writeTo(file) || !file.commit()) {
-        return fail(byteText(file.errorString()));
-    }
-    return true;
+    FileReplacement file(FilePath);
+    (void)writeTo(file); // the commit tells of a failure
+    const WriteEnd end = file.commit();
+    return end || fail(end.reason);
 }
 
-bool ZipClass::writeTo(QIODevice& file) {
+bool ZipClass::writeTo(FileReplacement& file) {
     const bool entriesWritten =
         std::all_of(entries_.begin(), entries_.end(),
                     [&file](ZipFile& entry) { return entry.WriteLocal(file); }) &&

@@ -28,6 +28,9 @@ public:
     bool AddFile(const std::string& FilePath, std::string_view FileName = {},
                  std::string_view Comment = {});
 
+    /// What the file that was added last was read to hold; there has to be one.
+    const ByteSum& lastSource() const { return entries_.back().source(); }
+
     /// Writes the archive beside its place and renames it over that when it is whole.
     /// @param Overwrite whether a file that stands there may be replaced
     /// @return false when it may not, when the archive's form can't hold the entries, or when the
@@ -41,7 +44,7 @@ private:
     bool fail(std::string_view reason);
     std::int64_t directoryOffset() const;
     std::int64_t directorySize() const;
-    bool writeTo(QIODevice& file);
+    bool writeTo(FileReplacement& file);
 
     std::vector<ZipFile> entries_;
     std::string Comment_;

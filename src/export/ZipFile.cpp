@@ -1,11 +1,9 @@
 #include "export/ZipFile.h"
 
 #include "platform/ByteText.h"
-#include "platform/Files.h"
-#include "platform/Numbers.h"
 
-#include <QFile>
-#include <new>
+#include <algorithm>
+#include <memory>
 #include <zlib.h>
 
 namespace tovrel {
@@ -22,16 +20,70 @@ constexpr std::uint32_t internalAttributes = 0x0020;
 constexpr std::int64_t localHeaderSize = 30;
 constexpr std::int64_t centralHeaderSize = 46;
 
-// What zlib puts round the deflate stream.
-constexpr std::size_t zlibHeader = 2;
-constexpr std::size_t zlibTrailer = 4;
+// Whole windows of the deflate algorithm (32 KiB): then it finds the same matches, and writes the
+// same bytes, as if it had the file in one piece.
+constexpr std::int64_t blockSize = std::int64_t{1} << 18U;
+constexpr std::size_t pieceSize = std::size_t{1} << 16U;
+
+/// zlib's deflate at its default level, without its header and trailer.
+class RawDeflate {
+public:
+    RawDeflate() {
+        constexpr int memoryLevel = 8; // zlib's own default
+        ready_ = deflateInit2(&stream_, Z_DEFAULT_COMPRESSION, Z_DEFLATED, -MAX_WBITS, memoryLevel,
+                              Z_DEFAULT_STRATEGY) == Z_OK;
+    }
+    ~RawDeflate() { deflateEnd(&stream_); }
+    RawDeflate(const RawDeflate&) = delete;
+    RawDeflate& operator=(const RawDeflate&) = delete;
+
+    /// Takes a block and hands what comes of it to `store`, in pieces.
+    /// @return false when there is no memory for it
+    template <typename Store>
+    bool take(std::string_view block, bool last, Store store) {
+        stream_.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(block.data()));
+        stream_.avail_in = static_cast<uInt>(block.size());
+        do {
+            stream_.next_out = reinterpret_cast<Bytef*>(piece_.get());
+            stream_.avail_out = static_cast<uInt>(pieceSize);
+            if (!ready_ || deflate(&stream_, last ? Z_FINISH : Z_NO_FLUSH) == Z_STREAM_ERROR)
+                return false;
+            store(std::string_view(piece_.get(), pieceSize - stream_.avail_out));
+        } while (stream_.avail_out == 0);
+        return true;
+    }
+
+private:
+    z_stream stream_{};
+    bool ready_ = false;
+    std::unique_ptr<char[]> piece_ = std::make_unique_for_overwrite<char[]>(pieceSize);
+};
+
+/// Reads up to `most` bytes, fewer only at the end of the file.
+/// @return -1 on failure
+std::int64_t readBlock(QFile& file, char* to, std::int64_t most) {
+    std::int64_t length = 0;
+    while (length < most) {
+        const qint64 got = file.read(to + length, most - length);
+        if (got < 0)
+            return -1;
+        if (got == 0)
+            break;
+        length += got;
+    }
+    return length;
+}
+
+/// A time that the DOS form knows.
+QDateTime withinDosYears(const QDateTime& time) {
+    static const QDateTime first({1980, 1, 1}, {0, 0, 0});
+    static const QDateTime last({2107, 12, 31}, {23, 59, 59});
+    if (!time.isValid() || time.date() < first.date())
+        return first;
+    return time.date() > last.date() ? last : time;
+}
 
 std::uint32_t lengthOf(std::string_view text) { return static_cast<std::uint32_t>(text.size()); }
-
-bool writeBytes(QIODevice& file, std::string_view bytes) {
-    const auto size = static_cast<qint64>(bytes.size());
-    return file.write(bytes.data(), size) == size;
-}
 
 } // namespace
 
@@ -43,7 +95,7 @@ ZipRecord& ZipRecord::put(std::uint32_t value, int size) {
     return *this;
 }
 
-bool ZipRecord::writeTo(QIODevice& file) const { return writeBytes(file, bytes_); }
+bool ZipRecord::writeTo(FileReplacement& file) const { return file.write(bytes_); }
 
 bool ZipFile::SetSource(const std::string& path) {
     FileName_ = NameFromPath(path);
@@ -56,78 +108,55 @@ bool ZipFile::textsFit() const {
 
 std::string_view ZipFile::NameFromPath(std::string_view path) { return splitPath(path).name; }
 
+bool ZipFile::fail(std::string_view reason) {
+    error_ = reason;
+    return false;
+}
+
 bool ZipFile::ReadAndCompress(const std::string& path) {
     QFile file(QString::fromStdString(path));
-    if (!fileExists(path)) {
-        error_ = "file not found";
-        return false;
-    }
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        error_ = byteText(file.errorString());
-        return false;
-    }
+    if (!fileExists(path))
+        return fail("file not found");
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return fail(byteText(file.errorString()));
     const QDateTime modified = file.fileTime(QFileDevice::FileModificationTime).toLocalTime();
     date_ = DosDate(modified);
     time_ = DosTime(modified);
-    uncompressedSize_ = file.size();
-    if (uncompressedSize_ > zipLimit::bytes) {
-        error_ = "the file is too large for an archive";
-        return false;
-    }
-    const auto length = static_cast<std::size_t>(uncompressedSize_);
-    // A map of an empty file fails, and some file systems know none at all.
-    if (const uchar* mapped = file.map(0, uncompressedSize_)) {
-        return compressBytes(mapped, length);
-    }
-    const std::unique_ptr<char[]> copy(new (std::nothrow) char[length]);
-    if (copy == nullptr) {
-        error_ = "the memory is too small for the file";
-        return false;
-    }
-    if (file.read(copy.get(), uncompressedSize_) != uncompressedSize_) {
-        error_ = byteText(file.errorString());
-        return false;
-    }
-    return compressBytes(reinterpret_cast<const unsigned char*>(copy.get()), length);
+    if (file.size() > zipLimit::bytes)
+        return fail("the file is too large for an archive");
+    return deflateFile(file);
 }
 
-bool ZipFile::compressBytes(const unsigned char* source, std::size_t length) {
-    const auto bound =
-        static_cast<std::size_t>(roundHalfEven(static_cast<double>(length) * 1.01 + 12.0));
-    // Not cleared: of this buffer only as much is ever touched as the result is long.
-    stream_.reset(static_cast<unsigned char*>(std::malloc(bound + 1)));
-    if (stream_ == nullptr) {
-        error_ = "the memory is too small for the file";
-        return false;
+bool ZipFile::deflateFile(QFile& file) {
+    RawDeflate deflater;
+    const auto block = std::make_unique_for_overwrite<char[]>(blockSize);
+    std::int64_t got = blockSize;
+    while (got == blockSize) {
+        got = readBlock(file, block.get(), blockSize);
+        if (got < 0)
+            return fail(byteText(file.errorString()));
+        const std::string_view bytes(block.get(), static_cast<std::size_t>(got));
+        source_.add(bytes);
+        const bool deflated = deflater.take(bytes, got < blockSize, [this](std::string_view piece) {
+            if (!piece.empty())
+                data_.emplace_back(piece);
+            dataSize_ += static_cast<std::int64_t>(piece.size());
+        });
+        if (!deflated)
+            return fail("the memory is too small for the file");
+        if (std::max(source_.length, dataSize_) > zipLimit::bytes)
+            return fail("the file is too large for an archive");
     }
-    uLongf streamLength = static_cast<uLongf>(bound);
-    const int result = compress(stream_.get(), &streamLength, source, static_cast<uLong>(length));
-    if (result != Z_OK || streamLength < zlibHeader + zlibTrailer) {
-        error_ = "the file could not be compressed";
-        return false;
-    }
-    const std::size_t dataLength = streamLength - zlibHeader - zlibTrailer;
-    if (dataLength > static_cast<std::size_t>(zipLimit::bytes)) {
-        error_ = "the file is too large for an archive";
-        return false;
-    }
-    crc_ = static_cast<std::uint32_t>(crc32(0, source, static_cast<uInt>(length)));
-    if (void* shrunk = std::realloc(stream_.get(), zlibHeader + dataLength)) {
-        (void)stream_.release();
-        stream_.reset(static_cast<unsigned char*>(shrunk));
-    }
-    data_ = {reinterpret_cast<const char*>(stream_.get()) + zlibHeader, dataLength};
     return true;
 }
 
 std::uint16_t ZipFile::DosDate(const QDateTime& time) {
-    const QDate date = time.date();
-    const int year = (date.year() - 1980) & 0x7F;
-    return static_cast<std::uint16_t>(date.day() | date.month() << 5 | year << 9);
+    const QDate date = withinDosYears(time).date();
+    return static_cast<std::uint16_t>(date.day() | date.month() << 5 | (date.year() - 1980) << 9);
 }
 
 std::uint16_t ZipFile::DosTime(const QDateTime& time) {
-    const QTime clock = time.time();
+    const QTime clock = withinDosYears(time).time();
     return static_cast<std::uint16_t>(clock.second() / 2 | clock.minute() << 5 |
                                       clock.hour() << 11);
 }
@@ -139,21 +168,23 @@ ZipRecord& ZipFile::putCommonFields(ZipRecord& header) const {
         .put16(methodDeflate)
         .put16(time_)
         .put16(date_)
-        .put32(crc_)
-        .put32(lengthOf(data_))
-        .put32(static_cast<std::uint32_t>(uncompressedSize_))
+        .put32(source_.crc)
+        .put32(static_cast<std::uint32_t>(dataSize_))
+        .put32(static_cast<std::uint32_t>(source_.length))
         .put16(lengthOf(FileName_))
         .put16(0);
 }
 
-bool ZipFile::WriteLocal(QIODevice& file) {
-    localOffset_ = file.pos();
+bool ZipFile::WriteLocal(FileReplacement& file) {
+    localOffset_ = file.size();
     ZipRecord header;
     header.put32(localSignature);
-    return putCommonFields(header).putText(FileName_).writeTo(file) && writeBytes(file, data_);
+    return putCommonFields(header).putText(FileName_).writeTo(file) &&
+           std::all_of(data_.begin(), data_.end(),
+                       [&file](const std::string& piece) { return file.write(piece); });
 }
 
-bool ZipFile::WriteCentral(QIODevice& file) const {
+bool ZipFile::WriteCentral(FileReplacement& file) const {
     ZipRecord header;
     header.put32(centralSignature).put16(version);
     return putCommonFields(header)
@@ -168,7 +199,7 @@ bool ZipFile::WriteCentral(QIODevice& file) const {
 }
 
 std::int64_t ZipFile::localSize() const {
-    return localHeaderSize + static_cast<std::int64_t>(FileName_.size() + data_.size());
+    return localHeaderSize + static_cast<std::int64_t>(FileName_.size()) + dataSize_;
 }
 
 std::int64_t ZipFile::centralSize() const {

@@ -1,13 +1,15 @@
 #pragma once
 
+#include "platform/ByteSum.h"
+#include "platform/Files.h"
+
 #include <QDateTime>
-#include <QIODevice>
+#include <QFile>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tovrel {
 
@@ -30,7 +32,7 @@ public:
     }
 
     /// @return whether all of it was written
-    bool writeTo(QIODevice& file) const;
+    bool writeTo(FileReplacement& file) const;
 
 private:
     ZipRecord& put(std::uint32_t value, int size);
@@ -42,12 +44,15 @@ private:
 /// Method 8 (deflate) always; names and comments are bytes and stored as they are.
 class ZipFile {
 public:
-    /// Takes stamps and name from a plain file and compresses its content. The file is not needed
-    /// any more afterwards.
+    /// Takes stamps and name from a plain file and compresses its content, block by block as it is
+    /// read. The file is not needed any more afterwards.
     /// @param path UTF-8
     /// @return false when it is missing, can't be read, or is too large; error() says why then, and
     ///         the entry is of no use
     bool SetSource(const std::string& path);
+
+    /// What the source was read to hold.
+    const ByteSum& source() const { return source_; }
 
     /// Replaces the stored name.
     void setFileName(std::string_view FileName) { FileName_ = FileName; }
@@ -57,10 +62,10 @@ public:
     bool textsFit() const;
 
     /// Writes the local header and the data where `file` stands, and notes that place.
-    bool WriteLocal(QIODevice& file);
+    bool WriteLocal(FileReplacement& file);
 
     /// Writes the entry's header of the central directory.
-    bool WriteCentral(QIODevice& file) const;
+    bool WriteCentral(FileReplacement& file) const;
 
     /// Bytes that WriteLocal and WriteCentral write.
     std::int64_t localSize() const;
@@ -72,29 +77,26 @@ public:
     /// The text behind the last separator of a path, "/" or "\"; all of it when there is none.
     static std::string_view NameFromPath(std::string_view path);
 
-    /// Stamps of a local time in DOS form: day, month, year from 1980 to 2107; and seconds halved,
-    /// minutes, hours.
+    /// Stamps of a local time in DOS form: day, month, year; and seconds halved, minutes, hours.
+    /// The form knows the years 1980 to 2107; a time before or behind them has the first or last
+    /// stamp.
     static std::uint16_t DosDate(const QDateTime& time);
     static std::uint16_t DosTime(const QDateTime& time);
 
 private:
-    struct Free {
-        void operator()(unsigned char* bytes) const { std::free(bytes); }
-    };
-
     bool ReadAndCompress(const std::string& path);
-    bool compressBytes(const unsigned char* source, std::size_t length);
+    bool deflateFile(QFile& file);
+    bool fail(std::string_view reason);
     ZipRecord& putCommonFields(ZipRecord& header) const;
 
     std::string FileName_;
     std::string Comment_;
     std::uint16_t time_ = 0;
     std::uint16_t date_ = 0;
-    std::uint32_t crc_ = 0;
-    std::int64_t uncompressedSize_ = 0;
+    ByteSum source_;
     std::int64_t localOffset_ = 0;
-    std::unique_ptr<unsigned char, Free> stream_; ///< zlib's, without its trailer
-    std::string_view data_;                       ///< the raw deflate stream within it
+    std::vector<std::string> data_; ///< the raw deflate stream, in pieces
+    std::int64_t dataSize_ = 0;
     std::string error_;
 };
 

@@ -1,7 +1,6 @@
 #include "log/FieldTable.h"
 
 #include "platform/ByteText.h"
-#include "platform/Files.h"
 
 #include <algorithm>
 #include <cstring>
@@ -139,15 +138,27 @@ std::string_view FieldTable::defaultFieldDictionary() {
            "RST_SENT\r\n";
 }
 
-bool FieldTable::CreateFieldDictionary(const std::string& folder) {
-    return !findFile(folder, fileName).empty() ||
-           writeFile(joinPath(folder, fileName), defaultFieldDictionary());
+WriteEnd FieldTable::CreateFieldDictionary(const std::string& folder) {
+    const std::string path = filePath(folder, fileName);
+    const FileContent present = readFile(path, 1);
+    const bool none = present.isMissing() || (present && present.bytes.empty());
+    return none ? writeFile(path, defaultFieldDictionary()) : WriteEnd{};
 }
 
-bool FieldTable::LoadFieldDictionary(const std::string& folder, bool defaultServes) {
-    const std::optional<std::string> text = readFile(findFile(folder, fileName));
-    loadFrom(text ? *text : defaultServes ? defaultFieldDictionary() : std::string_view());
-    return text || defaultServes;
+ReadEnd FieldTable::LoadFieldDictionary(const std::string& folder, bool defaultServes) {
+    const std::string path = filePath(folder, fileName);
+    FileContent file = readFile(path);
+    if (file && file.bytes.empty()) {
+        file.end = ReadEnd::Missing;
+    }
+    if (file.isMissing() && defaultServes) {
+        file = FileContent::of(std::string(defaultFieldDictionary()));
+    }
+    if (file.isUnreadable()) {
+        failure_ = {FileFailure::Act::Read, "The tag list could not be read.", path, file.reason};
+    }
+    loadFrom(file.bytes);
+    return file.end;
 }
 
 void FieldTable::loadFrom(std::string_view text) {

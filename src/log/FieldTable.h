@@ -1,6 +1,8 @@
 #pragma once
 
 #include "log/TagIndex.h"
+#include "platform/Files.h"
+#include "platform/UserPrompt.h"
 
 #include <cstdint>
 #include <string>
@@ -59,17 +61,21 @@ public:
     static std::string_view defaultFieldDictionary();
 
     /// Writes the default dictionary into `folder` unless a file of its name, in any case, stands
-    /// there; that one stays as it is, whatever it holds.
-    /// @return whether there is a dictionary now
-    static bool CreateFieldDictionary(const std::string& folder);
+    /// there; that one stays as it is, whatever it holds. Only one of no length counts as missing:
+    /// a disk that was full once may have left it.
+    static WriteEnd CreateFieldDictionary(const std::string& folder);
 
     /// Empties the table and builds it from the dictionary in `folder`. All row numbers are 0
     /// until ResolveFieldRows().
     /// @param defaultServes whether the default dictionary takes the place of a missing one, as in
     ///        a folder that has to stay as it is
-    /// @return false when the file is missing or can't be read and the default does not serve;
-    ///         FieldCount() is 0 then
-    bool LoadFieldDictionary(const std::string& folder, bool defaultServes = false);
+    /// @return Missing, also of a file of no length, when the default does not serve, and
+    /// Unreadable
+    ///         of a file that can't be read, whose failure() tells more; FieldCount() is 0 then
+    ReadEnd LoadFieldDictionary(const std::string& folder, bool defaultServes = false);
+
+    /// The dictionary that could not be read; to be asked for when that was the end of loading it.
+    const FileFailure& failure() const { return failure_; }
 
     /// The same from a dictionary's text: one tag a line, ended by CR, LF or CR LF, blanks round it
     /// ignored. An empty line makes a row that nothing finds.
@@ -115,6 +121,7 @@ private:
     FieldRows rows_;
     std::vector<Value> values_ = std::vector<Value>(1);
     std::uint64_t record_ = 1; ///< number of the record in hand
+    FileFailure failure_{};
 };
 
 } // namespace tovrel

@@ -1,7 +1,6 @@
 #include "log/RecordReader.h"
 
 #include "platform/ByteText.h"
-#include "platform/Files.h"
 
 #include <algorithm>
 #include <cstring>
@@ -24,14 +23,11 @@ bool isHeaderLine(std::string_view line) {
 
 } // namespace
 
-RecordReader::RecordReader(const std::string& path, std::size_t blockSize)
-    : file_(QString::fromStdString(path)), blockSize_(std::max<std::size_t>(blockSize, 1)) {
-    if (!fileExists(path)) {
-        error_ = file_.exists() ? "not a plain file" : "file not found";
-    } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        error_ = byteText(file_.errorString());
-    } else {
-        size_ = file_.size();
+RecordReader::RecordReader(LogFile& log, std::size_t blockSize)
+    : log_(log), blockSize_(std::max<std::size_t>(blockSize, 1)) {
+    log_.rewind();
+    error_ = log_.error();
+    if (error_.empty()) {
         block_.reset(static_cast<char*>(::operator new[](blockSize_, pageSize)));
     }
 }
@@ -63,7 +59,6 @@ Cut RecordReader::cut() {
 Cut RecordReader::finish() {
     finished_ = true;
     line_ = {};
-    file_.close();
     return error_.empty() ? Cut::End : Cut::Failed;
 }
 
@@ -160,18 +155,11 @@ std::size_t RecordReader::findByte(char byte, std::size_t end) const {
 /// @return false at the end of the file and on failure
 bool RecordReader::readBlock() {
     do {
-        const auto wanted =
-            std::min<std::int64_t>(static_cast<std::int64_t>(blockSize_), size_ - bytesRead_);
-        if (wanted == 0) {
-            return false;
-        }
-        const qint64 got = file_.read(block_.get(), wanted);
+        const std::int64_t got = log_.read(block_.get(), static_cast<std::int64_t>(blockSize_));
         if (got <= 0) {
-            error_ = got < 0 ? byteText(file_.errorString())
-                             : std::string("the file became shorter while it was read");
+            error_ = log_.error();
             return false;
         }
-        bytesRead_ += got;
         blockEnd_ = static_cast<std::size_t>(got);
         position_ = skipLineFeed_ && block_[0] == '\n' ? 1 : 0;
         skipLineFeed_ = false;

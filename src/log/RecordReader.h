@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QFile>
+#include "log/LogFile.h"
+
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <new>
 #include <string>
@@ -15,7 +15,7 @@ enum class Cut {
     Record, ///< a record line stands in line()
     Blank,  ///< an empty line between two records; it counts as nothing, but a pass yields here
     End,    ///< the end of the log; text behind the last `<EOR>` is dropped
-    Failed  ///< the log could not be opened or read; error() says why
+    Failed  ///< the log could not be opened or read; its error() says why
 };
 
 /// Cuts an ADIF log into record lines: the whole text of a record, its physical lines joined with
@@ -23,16 +23,16 @@ enum class Cut {
 /// mark at the start of the file is passed over. The header ends before the first line that begins
 /// with `<` and does not end in `<EOH>`; a log needs none.
 ///
-/// The file is read in blocks, as far as it reached when it was opened.
+/// The file is read in blocks, from its start.
 class RecordReader {
 public:
     /// Small enough to stay in a processor's cache from the read to the last look.
     static constexpr std::size_t defaultBlockSize = std::size_t{1} << 18U;
 
-    /// Opens the log; a failure is told by the first next().
-    /// @param path of a plain file, UTF-8
+    /// Begins a pass over the log.
+    /// @param log has to outlive the reader
     /// @param blockSize bytes read at a time, at least 1
-    explicit RecordReader(const std::string& path, std::size_t blockSize = defaultBlockSize);
+    explicit RecordReader(LogFile& log, std::size_t blockSize = defaultBlockSize);
 
     /// Goes on to the next record or blank line. End and Failed are final.
     Cut next();
@@ -40,9 +40,6 @@ public:
     /// The record line of the last next() that gave Record, blanks at its ends included unless it
     /// was joined; valid until the next call.
     std::string_view line() const { return line_; }
-
-    /// Length of the log in bytes when it was opened; 0 when it could not be.
-    std::int64_t size() const { return size_; }
 
     /// Short reason of a failure, UTF-8; empty when there was none.
     const std::string& error() const { return error_; }
@@ -57,9 +54,7 @@ private:
     std::size_t findLineEnd();
     std::size_t findByte(char byte, std::size_t end) const;
 
-    QFile file_;
-    std::int64_t size_ = 0;
-    std::int64_t bytesRead_ = 0;
+    LogFile& log_;
     std::string error_;
 
     std::size_t blockSize_;

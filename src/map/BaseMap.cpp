@@ -6,7 +6,9 @@
 #include "map/TopoOverlay.h"
 #include "platform/Files.h"
 
+#include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace tovrel {
 
@@ -17,13 +19,55 @@ constexpr double unitsPerPixel = 66.0;
 constexpr Colour white = 0xFFFFFF;
 constexpr Colour outerGrey = 0xE0E0E0;
 
-/// A data file of the program; when it can't be read, the user is told and nothing comes back.
-std::optional<std::string> dataFile(const std::string& programFolder, std::string_view name,
-                                    const char* missing, UserPrompt& prompt) {
-    std::optional<std::string> bytes = readFile(findFile(programFolder, name));
+/// Reads the data files of a map. Of one that does not serve it tells the user, and keeps that.
+class DataFiles {
+public:
+    DataFiles(const std::string& programFolder, UserPrompt& prompt, BaseMapEnd& end)
+        : programFolder_(programFolder), prompt_(prompt), end_(end) {}
+
+    /// @param shownName as messages spell it
+    /// @return nothing when the file does not serve
+    std::optional<std::string> read(std::string_view name, const std::string& shownName) {
+        FileContent file = readFile(filePath(programFolder_, name));
+        if (file)
+            return std::move(file.bytes);
+        if (file.isMissing()) {
+            end_.dataMissing = true;
+            prompt_.tell("The databse file '" + shownName + "' not found.",
+                         MessageIcon::Exclamation);
+        } else {
+            tellUnreadable(name, shownName, file.reason);
+        }
+        return std::nullopt;
+    }
+
+    void tellUnreadable(std::string_view name, const std::string& shownName,
+                        const std::string& reason) {
+        end_.dataUnreadable = true;
+        prompt_.tellFailure({FileFailure::Act::Read,
+                             "The databse file '" + shownName + "' could not be read.",
+                             filePath(programFolder_, name), reason});
+    }
+
+private:
+    const std::string& programFolder_;
+    UserPrompt& prompt_;
+    BaseMapEnd& end_;
+};
+
+/// The coastline; empty when its file does not serve.
+std::vector<CoastRecord> readCoastline(DataFiles& files) {
+    constexpr std::string_view name = "mapper.pnt";
+    const std::string shownName = "Mapper.pnt";
+    const std::optional<std::string> bytes = files.read(name, shownName);
     if (!bytes)
-        prompt.tell(missing, MessageIcon::Exclamation);
-    return bytes;
+        return {};
+    std::vector<CoastRecord> records = readCoastRecords(*bytes);
+    if (std::none_of(records.begin(), records.end(), startsStroke)) {
+        files.tellUnreadable(name, shownName, "The file is damaged: no coastline begins in it");
+        return {};
+    }
+    return records;
 }
 
 /// Whitens the land round the south pole.
@@ -44,8 +88,11 @@ std::string_view baseMapCacheName(Projection projection) {
     return projection == Projection::Azimuthal ? "GCBaseMap.map" : "MillerBaseMap.map";
 }
 
-bool drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
-                 const std::string& programFolder, PassListener& listener, UserPrompt& prompt) {
+BaseMapEnd drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
+                       const std::string& programFolder, PassListener& listener,
+                       UserPrompt& prompt) {
+    BaseMapEnd end;
+    DataFiles files(programFolder, prompt, end);
     const bool azimuthal = style.projection == Projection::Azimuthal;
     Picture1.ForeColor = 0x000000;
     Picture1.BackColor = white;
@@ -58,26 +105,20 @@ bool drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
 
     GreatCircle greatCircle(
         homePosition(Projection::Azimuthal, style.HomeLatitude, style.HomeLongitude));
-    const std::optional<std::string> coast =
-        dataFile(programFolder, "mapper.pnt", "The databse file 'Mapper.pnt' not found.", prompt);
-    if (coast) {
-        Coastline coastline(Picture1, greatCircle, listener);
-        coastline.DrawCoastline(readCoastRecords(*coast), style.projection);
-        if (azimuthal)
-            coastline.SealAntipodeRing();
-    }
-    const std::optional<std::string> seeds =
-        dataFile(programFolder, "paintma.txt", "The databse file 'paintma.txt' not found.", prompt);
-    if (seeds)
+    Coastline coastline(Picture1, greatCircle, listener);
+    coastline.DrawCoastline(readCoastline(files), style.projection);
+    if (azimuthal)
+        coastline.SealAntipodeRing();
+    if (const std::optional<std::string> seeds = files.read("paintma.txt", "paintma.txt"))
         PaintWater(*seeds, style.projection, style.water, greatCircle, Picture1);
 
     whitenAntarctica(Picture1, style.projection, greatCircle);
-    const bool reliefDone =
-        style.relief == nullptr ||
-        TopoOverlay(Picture1, *style.relief, style.projection, greatCircle, listener, prompt);
+    end.reliefRefused =
+        style.relief != nullptr &&
+        !TopoOverlay(Picture1, *style.relief, style.projection, greatCircle, listener, prompt);
     if (azimuthal)
         FillRegion(1.0, 1.0, outerGrey, Picture1);
-    return reliefDone;
+    return end;
 }
 
 } // namespace tovrel

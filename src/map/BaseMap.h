@@ -28,11 +28,18 @@ struct BaseMapStyle {
 /// Name of the file in which the base map of a projection is cached.
 std::string_view baseMapCacheName(Projection projection);
 
+/// What became of a base map.
+struct BaseMapEnd {
+    bool reliefRefused = false;  ///< the user was asked for the relief and refused it
+    bool dataMissing = false;    ///< a data file is missing
+    bool dataUnreadable = false; ///< a data file can't be read, or is damaged
+};
+
 /// Draws the picture under everything else, land, sea and coastlines, on Picture1, from the
-/// coastline database and the sea's seed points in the program's folder. A missing file costs a
-/// message and its part of the map.
-/// @return false when the user was asked for the relief and refused it; the rest is drawn then
-bool drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
-                 const std::string& programFolder, PassListener& listener, UserPrompt& prompt);
+/// coastline database and the sea's seed points in the program's folder. A file that is missing or
+/// can't be read costs a message and its part of the map; the rest is drawn.
+BaseMapEnd drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
+                       const std::string& programFolder, PassListener& listener,
+                       UserPrompt& prompt);
 
 } // namespace tovrel

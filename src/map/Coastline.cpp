@@ -9,7 +9,6 @@ namespace tovrel {
 namespace {
 
 constexpr std::size_t recordSize = 6;
-constexpr int strokeMarker = 1000;
 constexpr double minutesPerDegree = 60.0;
 
 // Where a stroke that crosses the date line leaves the surface, and enters it on the other side.
@@ -39,7 +38,7 @@ Coastline::Coastline(PictureSurface& surface, GreatCircle& greatCircle, PassList
 
 void Coastline::DrawCoastline(const std::vector<CoastRecord>& records, Projection projection) {
     for (const CoastRecord& record : records) {
-        if (record.marker > strokeMarker) {
+        if (startsStroke(record)) {
             greatCircle_.PenUp = 1;
             strokeCut_ = strokeShown_ = false;
             listener_.yield();

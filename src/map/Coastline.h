@@ -18,6 +18,9 @@ struct CoastRecord {
     std::int16_t longitude; ///< arc minutes, east positive, may pass 180 degrees
 };
 
+/// Whether a record starts a new stroke.
+constexpr bool startsStroke(const CoastRecord& record) { return record.marker > 1000; }
+
 /// Records of a coastline database: 6 bytes each, little-endian, no header. The count is the length
 /// divided by 6, rounded; bytes that a last record lacks count as 0.
 std::vector<CoastRecord> readCoastRecords(std::string_view bytes);

@@ -1,30 +1,64 @@
 #include "map/PictureFile.h"
 
-#include "platform/Files.h"
+#include "platform/ByteText.h"
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageReader>
+#include <QtEndian>
+#include <utility>
 
 namespace tovrel {
 
-std::optional<QImage> LoadPicture(const std::string& path) {
-    QFile file(QString::fromStdString(path));
-    if (!fileExists(path) || !file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    // By content, not by name: the cached base maps are bitmaps with an extension of their own.
-    QImage image = QImageReader(&file).read();
-    if (image.isNull())
-        return std::nullopt;
-    image.convertTo(QImage::Format_RGB32);
-    return image;
+namespace {
+
+constexpr int mostMebibytes = 512; // of a decoded picture: 16,384 by 8,192 pixels
+constexpr const char* tooLarge = "The picture takes more than 512 MiB of memory";
+
+LoadedPicture unreadable(std::string reason) {
+    return {ReadEnd::Unreadable, {}, std::move(reason)};
 }
 
-bool SavePicture(const QImage& image, const std::string& path, const char* format) {
+LoadedPicture decode(const FileContent& file) {
+    if (!file)
+        return {file.end, {}, file.reason};
+    QByteArray bytes =
+        QByteArray::fromRawData(file.bytes.data(), static_cast<qsizetype>(file.bytes.size()));
+    QBuffer buffer(&bytes);
+    QImageReader::setAllocationLimit(mostMebibytes);
+    QImageReader reader(&buffer);
+    const QSize size = reader.size();
+    if (qint64{4} * size.width() * size.height() > qint64{mostMebibytes} << 20U)
+        return unreadable(tooLarge);
+    QImage image = reader.read();
+    if (image.isNull())
+        return unreadable(byteText(reader.errorString()));
+    image.convertTo(QImage::Format_RGB32);
+    return {ReadEnd::Content, std::move(image), {}};
+}
+
+/// Whether bytes are a bitmap of the length that its header tells.
+bool isWholeBitmap(std::string_view bytes) {
+    constexpr std::size_t lengthOffset = 2;
+    return bytes.starts_with("BM") && bytes.size() >= lengthOffset + sizeof(quint32) &&
+           qFromLittleEndian<quint32>(bytes.data() + lengthOffset) == bytes.size();
+}
+
+} // namespace
+
+LoadedPicture LoadPicture(const std::string& path) { return decode(readFile(path)); }
+
+LoadedPicture LoadWholeBitmap(const std::string& path) {
+    const FileContent file = readFile(path);
+    if (file && !isWholeBitmap(file.bytes))
+        return unreadable("Not a whole bitmap");
+    return decode(file);
+}
+
+WriteEnd SavePicture(const QImage& image, const std::string& path, const char* format) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     if (!image.save(&buffer, format))
-        return false;
+        return {"the picture could not be encoded"};
     const QByteArray& bytes = buffer.data();
     return writeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }

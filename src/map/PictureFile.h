@@ -1,18 +1,31 @@
 #pragma once
 
+#include "platform/Files.h"
+
 #include <QImage>
-#include <optional>
 #include <string>
 
 namespace tovrel {
 
-/// Image of a file in any format that can be read (BMP, JPEG, PNG), as a 32-bit image without
-/// alpha; nothing when there is no such file or it can't be decoded.
-std::optional<QImage> LoadPicture(const std::string& path);
+/// A picture file that was read.
+struct LoadedPicture {
+    ReadEnd end = ReadEnd::Missing; ///< Unreadable also of what can't be decoded
+    QImage image;                   ///< with Content: 32-bit without alpha
+    std::string reason;             ///< with Unreadable, UTF-8
 
-/// Writes an image as a file, beside its place and renamed over it when whole.
+    explicit operator bool() const { return end == ReadEnd::Content; }
+};
+
+/// Image of a file in any format that can be read (BMP, JPEG, PNG), known by its content and not by
+/// its name. One that takes more than 512 MiB of memory is not decoded.
+LoadedPicture LoadPicture(const std::string& path);
+
+/// The same of a bitmap that the program has saved and that is of use only when it is whole: one
+/// that is shorter or longer than it says is Unreadable.
+LoadedPicture LoadWholeBitmap(const std::string& path);
+
+/// Replaces a file by an image, as FileReplacement does.
 /// @param format "BMP", "PNG" or "JPG"
-/// @return whether the new file stands
-bool SavePicture(const QImage& image, const std::string& path, const char* format = "BMP");
+WriteEnd SavePicture(const QImage& image, const std::string& path, const char* format = "BMP");
 
 } // namespace tovrel

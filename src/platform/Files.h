@@ -1,10 +1,15 @@
 #pragma once
 
-#include <optional>
+#include <QSaveFile>
+#include <cstdint>
+#include <filesystem>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <utility>
 
-/// Whole files and paths. Paths are UTF-8 bytes.
+/// Whole files and paths. Paths are UTF-8 bytes. Reasons are short, in the system's words ("No
+/// space left on device"), UTF-8, and name no file.
 namespace tovrel {
 
 /// The two parts of a path, cut behind the last separator ("/" or "\").
@@ -18,8 +23,14 @@ PathParts splitPath(std::string_view path);
 /// Folder and name joined with the platform's separator, never two of them.
 std::string joinPath(std::string_view folder, std::string_view name);
 
+/// A path as the system's own calls take it.
+std::filesystem::path systemPath(const std::string& path);
+
 /// Whether `path` names a plain file (a folder, a pipe or a device is none).
 bool fileExists(const std::string& path);
+
+/// Whether two paths lead to one file that exists, be it by another spelling or by a link.
+bool isSameFile(const std::string& a, const std::string& b);
 
 /// Path of the file in `folder` whose name equals `name`, case not counting; the exact name first.
 /// @return empty when there is none
@@ -28,12 +39,68 @@ std::string findFile(const std::string& folder, std::string_view name);
 /// Path at which a file of the program is read and written: that of findFile(), or of a new file.
 std::string filePath(const std::string& folder, std::string_view name);
 
-/// All bytes of a plain file; nothing when it can't be opened or read to its end.
-std::optional<std::string> readFile(const std::string& path);
+/// The three ends of reading. They ask for different things: what is missing may be made anew, what
+/// can't be read has to be told and must not be written over.
+enum class ReadEnd { Content, Missing, Unreadable };
 
-/// Writes a file beside its place and renames it over it when it is whole, so that a full disk, a
-/// read-only folder or a kill leaves the old file.
-/// @return whether the new file stands
-bool writeFile(const std::string& path, std::string_view bytes);
+struct FileContent {
+    ReadEnd end = ReadEnd::Missing;
+    std::string bytes;  ///< with Content
+    std::string reason; ///< with Unreadable
+
+    static FileContent of(std::string bytes) { return {ReadEnd::Content, std::move(bytes), {}}; }
+    static FileContent unreadable(std::string reason) {
+        return {ReadEnd::Unreadable, {}, std::move(reason)};
+    }
+
+    bool isMissing() const { return end == ReadEnd::Missing; }
+    bool isUnreadable() const { return end == ReadEnd::Unreadable; }
+    explicit operator bool() const { return end == ReadEnd::Content; }
+};
+
+/// The bytes of a plain file. Whatever else stands at the path, a folder, a pipe or a file in a
+/// folder that can't be entered, is unreadable.
+/// @param most how many bytes are wanted at the most
+FileContent readFile(const std::string& path,
+                     std::int64_t most = std::numeric_limits<std::int64_t>::max());
+
+/// How the writing of a file ended: well, or for the reason that it tells.
+struct [[nodiscard]] WriteEnd {
+    std::string reason; ///< empty when the new file stands
+    explicit operator bool() const { return reason.empty(); }
+};
+
+/// A new file under construction beside the place that it will take. It takes the place when it is
+/// whole and on the disk; until then, and if anything fails, what stands there stays. A link is
+/// followed to what it names.
+class FileReplacement {
+public:
+    /// @param path of a plain file, or of none; what is wrong with it shows in error()
+    explicit FileReplacement(const std::string& path);
+
+    /// Appends bytes. After a failure nothing more is written.
+    /// @return whether all is well so far
+    bool write(std::string_view bytes);
+
+    /// Brings all to the disk and puts the file into its place.
+    WriteEnd commit();
+
+    /// Bytes appended so far.
+    std::int64_t size() const { return size_; }
+
+    /// Reason of the first failure; empty when there was none.
+    const std::string& error() const { return error_; }
+
+private:
+    QSaveFile file_;
+    std::int64_t size_ = 0;
+    std::string error_;
+};
+
+/// Replaces a file by one of the given bytes, as FileReplacement does.
+WriteEnd writeFile(const std::string& path, std::string_view bytes);
+
+/// Brings a file to the disk and renames it over another, or over a link.
+WriteEnd moveFile(const std::string& from, const std::string& to);
 
 } // namespace tovrel

@@ -104,6 +104,14 @@ std::optional<double> leadingNumber(std::string_view text) {
 
 double numberValue(std::string_view text) { return leadingNumber(text).value_or(0.0); }
 
+double coordinateValue(std::string_view text) {
+    if (text.find(' ') == std::string_view::npos)
+        return numberValue(text);
+    std::string closed(text);
+    std::erase(closed, ' ');
+    return numberValue(closed);
+}
+
 std::string decimalText(double value) { return shortestFixed(value + 0.0); }
 
 std::string decimalText(float value) { return shortestFixed(value + 0.0F); }

@@ -43,6 +43,10 @@ std::optional<double> leadingNumber(std::string_view text);
 /// Value of leadingNumber(), 0 when there is none.
 double numberValue(std::string_view text);
 
+/// Value of a coordinate of a log: the number that `text` begins with when its blanks are left out,
+/// wherever they stand ("- 8.25" is -8.25); 0 when there is none.
+double coordinateValue(std::string_view text);
+
 /// Shortest plain decimal text ("-0.5", never an exponent) that reads back as the same double.
 std::string decimalText(double value);
 

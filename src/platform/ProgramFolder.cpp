@@ -1,46 +1,58 @@
 #include "platform/ProgramFolder.h"
 
+#include "platform/ByteText.h"
+#include "platform/Files.h"
+
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QTemporaryFile>
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace tovrel {
 
 namespace {
 
-/// Whether a file can be made in a folder; permission bits alone don't tell of a read-only disk.
-bool isWritable(const QString& folder) {
-    QTemporaryFile probe(QDir(folder).filePath(QStringLiteral("tovrel-XXXXXX")));
-    return probe.open();
+/// Whether this user may write in a folder. The system is asked and no file is tried: a disk that
+/// is full for the moment must not send the program to other settings.
+bool isWritable(const std::string& folder) {
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(QString::fromStdString(folder)).isWritable();
+#endif
+}
+
+/// Gives a folder the data files that it lacks.
+void copyDataFiles(const std::string& from, const std::string& to) {
+    const QStringList dataFiles = {QStringLiteral("*.pnt"), QStringLiteral("*.txt"),
+                                   QStringLiteral("*.png"), QStringLiteral("*.jpg"),
+                                   QStringLiteral("*.pdf"), QStringLiteral("*.adi")};
+    const QStringList names = QDir(QString::fromStdString(from)).entryList(dataFiles, QDir::Files);
+    for (const QString& name : names) {
+        const std::string copy = joinPath(to, byteText(name));
+        if (QFileInfo::exists(QString::fromStdString(copy)))
+            continue;
+        // One that can't be copied is missed, and told of, where it is needed.
+        if (const FileContent file = readFile(joinPath(from, byteText(name))))
+            (void)writeFile(copy, file.bytes);
+    }
 }
 
 } // namespace
 
 std::string programFolder(const std::string& executableFolder, const std::string& userFolder) {
-    const QString executables = QString::fromStdString(executableFolder);
-    const QString own = QString::fromStdString(userFolder);
-    if (isWritable(executables) || !QDir().mkpath(own)) {
+    if (isWritable(executableFolder) || !QDir().mkpath(QString::fromStdString(userFolder)))
         return executableFolder;
-    }
-    const QStringList dataFiles = {QStringLiteral("*.pnt"), QStringLiteral("*.txt"),
-                                   QStringLiteral("*.png"), QStringLiteral("*.jpg"),
-                                   QStringLiteral("*.pdf"), QStringLiteral("*.adi")};
-    const QStringList names = QDir(executables).entryList(dataFiles, QDir::Files);
-    for (const QString& name : names) {
-        const QString copy = QDir(own).filePath(name);
-        if (!QFileInfo::exists(copy) && QFile::copy(QDir(executables).filePath(name), copy)) {
-            // The copy is the user's to change, whatever the installed file allows.
-            QFile::setPermissions(copy, QFile::permissions(copy) | QFile::WriteOwner);
-        }
-    }
+    copyDataFiles(executableFolder, userFolder);
     return userFolder;
 }
 
 std::string existingProgramFolder(const std::string& executableFolder,
                                   const std::string& userFolder) {
-    const bool usersServes = !isWritable(QString::fromStdString(executableFolder)) &&
-                             QFileInfo(QString::fromStdString(userFolder)).isDir();
+    const bool usersServes =
+        !isWritable(executableFolder) && QFileInfo(QString::fromStdString(userFolder)).isDir();
     return usersServes ? userFolder : executableFolder;
 }
 

@@ -18,7 +18,7 @@ GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run,
 PassEnd GCMapLoadADIF::PlotLog() {
     constexpr float fullBar = 100.0F;
     run_.AbortRequested = false;
-    const std::string status = std::string("Processing: ").append(splitPath(run_.LogFileName).name);
+    const std::string status = std::string("Processing: ").append(splitPath(run_.shownLog()).name);
     listener_.beginPass("Plotting ADIF File", status, fullBar);
     run_.MapPlotted = true;
     if (!run_.marks.azimuthal()) {
@@ -52,35 +52,35 @@ PassEnd GCMapLoadADIF::PlotLog() {
 }
 
 PassEnd GCMapLoadADIF::readLog() {
-    RecordReader log(run_.LogFileName);
+    LogFile log(run_.LogFileName);
+    RecordReader records(log);
     bool dictionaryLoaded = false;
     std::int64_t LogBytesDone = 0;
     for (;;) {
-        switch (log.next()) {
+        switch (records.next()) {
         case Cut::End:
             return PassEnd::Done;
         case Cut::Failed:
-            return fail(PassEnd::LogUnreadable,
-                        "The ADIF file could not be read.\r\n" + run_.LogFileName + "\r\n" +
-                            log.error(),
-                        MessageIcon::Exclamation);
+            dropResult();
+            prompt_.tellFailure({FileFailure::Act::Read, "The ADIF file could not be read.",
+                                 run_.shownLog(), records.error()});
+            return PassEnd::LogUnreadable;
         case Cut::Blank:
             break;
         case Cut::Record:
             if (!dictionaryLoaded) {
-                if (!loadDictionary()) {
-                    return fail(PassEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
-                                MessageIcon::Critical);
+                if (const PassEnd end = loadDictionary(); end != PassEnd::Done) {
+                    return end;
                 }
                 dictionaryLoaded = true;
             }
-            takeRecord(log.line());
+            takeRecord(records.line());
             // Before the yield: a request made behind this record stops the pass after the next.
             if (run_.AbortRequested) {
                 run_.AbortRequested = false;
                 return PassEnd::Aborted;
             }
-            LogBytesDone += static_cast<std::int64_t>(log.line().size());
+            LogBytesDone += static_cast<std::int64_t>(records.line().size());
             progress_ = toSingle(static_cast<double>(LogBytesDone) /
                                  static_cast<double>(log.size()) * 100.0);
             listener_.showProgress(progress_);
@@ -90,20 +90,29 @@ PassEnd GCMapLoadADIF::readLog() {
     }
 }
 
-bool GCMapLoadADIF::loadDictionary() {
+PassEnd GCMapLoadADIF::loadDictionary() {
     // A folder that must stay as it is was given no dictionary at the start.
-    if (!fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
-        return false;
+    switch (fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
+    case ReadEnd::Missing:
+        dropResult();
+        prompt_.tell(std::string(FieldTable::missingMessage), MessageIcon::Critical);
+        return PassEnd::DictionaryMissing;
+    case ReadEnd::Unreadable:
+        dropResult();
+        prompt_.tellFailure(fields_.failure());
+        return PassEnd::DictionaryUnreadable;
+    case ReadEnd::Content:
+        break;
     }
     fields_.ResolveFieldRows();
-    return true;
+    return PassEnd::Done;
 }
 
 void GCMapLoadADIF::takeRecord(std::string_view line) {
     ++tables_.counters.QsosRead;
     fields_.ParseRecordLine(line);
     const FieldRows& rows = fields_.rows();
-    const double west = numberValue(field(rows.RowLongitude));
+    const double west = coordinateValue(field(rows.RowLongitude));
     if (west != 0.0) {
         tables_.LogHasCoordinates = true;
     }
@@ -111,7 +120,7 @@ void GCMapLoadADIF::takeRecord(std::string_view line) {
         return;
     }
     tables_.FilterPassedAny = true;
-    plotRecord(field(rows.RowCall), numberValue(field(rows.RowLatitude)), west);
+    plotRecord(field(rows.RowCall), coordinateValue(field(rows.RowLatitude)), west);
 }
 
 bool GCMapLoadADIF::passesFilter() {
@@ -136,14 +145,12 @@ void GCMapLoadADIF::plotRecord(std::string_view call, double north, double west)
     tables_.plotTable.add(toSingle(north), -toSingle(west), status, call, field(rows.RowCountry));
 }
 
-PassEnd GCMapLoadADIF::fail(PassEnd end, const std::string& message, MessageIcon icon) {
-    // What was read is no result: the lists and tables stay as a map without a plot has them.
+/// What was read is no result: the lists and tables stay as a map without a plot has them.
+void GCMapLoadADIF::dropResult() {
     tables_.clear();
     stats_.lists().clear();
     run_.MapPlotted = false;
     listener_.endPass();
-    prompt_.tell(message, icon);
-    return end;
 }
 
 void GCMapLoadADIF::writeSummary() {

@@ -18,9 +18,10 @@ namespace tovrel {
 /// How a plot pass came to its end.
 enum class PassEnd {
     Done,
-    Aborted,          ///< the user asked for it
-    LogUnreadable,    ///< the log could not be opened or read to its end; the user was told
-    DictionaryMissing ///< the field dictionary has gone; the user was told, the program must end
+    Aborted,           ///< the user asked for it
+    LogUnreadable,     ///< the log could not be opened or read to its end; the user was told
+    DictionaryMissing, ///< the field dictionary has gone; the user was told, the program must end
+    DictionaryUnreadable, ///< the field dictionary can't be read; the user was told
 };
 
 /// The pass that plots a log: reads it once, keeps every QSO that passes the filter and has
@@ -41,9 +42,9 @@ private:
     PassEnd readLog();
     void takeRecord(std::string_view line);
     void plotRecord(std::string_view call, double north, double west);
-    bool loadDictionary();
+    PassEnd loadDictionary();
     bool passesFilter();
-    PassEnd fail(PassEnd end, const std::string& message, MessageIcon icon);
+    void dropResult();
     void writeSummary();
     std::string_view field(int row) const { return fields_.trimmed(row); }
 

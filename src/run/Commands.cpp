@@ -32,12 +32,17 @@ Commands::Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& 
       clock_(std::move(clock)) {}
 
 void Commands::Form_Load() {
-    const bool firstRun = !data_.ini.fileExists();
+    const bool firstRun = data_.ini.state() == PrivateProfile::State::Missing;
     InitSettings(data_.ini, data_.maps, data_.google, data_.run);
     if (firstRun) {
         window_.askStationInfo();
     }
-    FieldTable::CreateFieldDictionary(data_.ini.programFolder());
+    if (const WriteEnd created = FieldTable::CreateFieldDictionary(data_.ini.programFolder());
+        !created) {
+        prompt_.tellFailure({FileFailure::Act::Write, "The tag list could not be created.",
+                             joinPath(data_.ini.programFolder(), FieldTable::fileName),
+                             created.reason});
+    }
     data_.ini.WriteIniValue(section::globals, "Version", GetVersionString());
 
     data_.run.LogFileName = data_.ini.ReadIniValue(section::log, "adifile");
@@ -119,8 +124,10 @@ void Commands::mnuSaveMap() {
     PictureSurface Picture3(map_.Picture2.Width(), map_.Picture2.Height());
     composeMapImage(map_.Picture2, projection, clock_(), Picture3);
     const std::string name = mapImageName(projection, clock_()) + ".bmp";
-    if (!SavePicture(Picture3.Image(), joinPath(data_.ini.programFolder(), name))) {
-        prompt_.tell(name + " could not be saved.", MessageIcon::Exclamation);
+    const std::string path = joinPath(data_.ini.programFolder(), name);
+    if (const WriteEnd saved = SavePicture(Picture3.Image(), path); !saved) {
+        prompt_.tellFailure(
+            {FileFailure::Act::Write, name + " could not be saved.", path, saved.reason});
         return;
     }
     // The clock is read once more: a slow save may show a second that no file has in its name.

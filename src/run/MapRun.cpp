@@ -1,6 +1,5 @@
 #include "run/MapRun.h"
 
-#include "map/BaseMap.h"
 #include "map/Overlays.h"
 #include "map/PictureFile.h"
 #include "map/WorldImage.h"
@@ -22,22 +21,28 @@ constexpr Colour defaultWater = 0xFECDA5;
 constexpr float besidePicture = 110.0F;
 
 /// Questions with the default pointer; the wait pointer comes back when the user says yes.
-class PointerPrompt : public UserPrompt {
+class PointerPrompt : public ForwardingPrompt {
 public:
-    PointerPrompt(UserPrompt& prompt, MapWindow& window) : prompt_(prompt), window_(window) {}
-
-    void tell(const std::string& text, MessageIcon icon) override { prompt_.tell(text, icon); }
+    PointerPrompt(UserPrompt& prompt, MapWindow& window)
+        : ForwardingPrompt(prompt), window_(window) {}
 
     bool ask(const Question& question) override {
         window_.setWaitPointer(false);
-        const bool yes = prompt_.ask(question);
+        const bool yes = ForwardingPrompt::ask(question);
         window_.setWaitPointer(yes);
         return yes;
     }
 
 private:
-    UserPrompt& prompt_;
     MapWindow& window_;
+};
+
+/// Answers a question that the user has answered before with yes.
+class ConsentingPrompt : public ForwardingPrompt {
+public:
+    using ForwardingPrompt::ForwardingPrompt;
+
+    bool ask(const Question& /*question*/) override { return true; }
 };
 
 } // namespace
@@ -56,9 +61,10 @@ void MapRun::noteCustomMap() {
     }
 }
 
-const QImage& MapRun::mapPix() {
-    if (mapPix_.isNull()) {
-        loadMapPix(customMap_.value_or(std::string()));
+/// @param end is told when the custom picture can't be used
+const QImage& MapRun::mapPix(BaseMapEnd& end) {
+    if (mapPix_.isNull() && !loadMapPix(customMap_.value_or(std::string()))) {
+        end.dataUnreadable = true;
     }
     if (mapPix_.isNull()) {
         mapPix_ = builtInWorld();
@@ -66,52 +72,83 @@ const QImage& MapRun::mapPix() {
     return mapPix_;
 }
 
-void MapRun::loadMapPix(const std::string& path) {
-    if (std::optional<QImage> picture = LoadPicture(path)) {
-        mapPix_ = std::move(*picture);
+bool MapRun::loadMapPix(const std::string& path) {
+    LoadedPicture picture = LoadPicture(path);
+    if (picture) {
+        mapPix_ = std::move(picture.image);
+    } else if (picture.end == ReadEnd::Unreadable) {
+        prompt_.tellFailure(
+            {FileFailure::Act::Use, "The picture could not be used.", path, picture.reason});
     }
+    return picture.end != ReadEnd::Unreadable;
 }
 
 void MapRun::LoadBaseMap() {
     noteCustomMap();
     Picture2.Cls();
     window_.CenterForm();
-    if (std::optional<QImage> cached = LoadPicture(cachePath())) {
-        baseMap_ = std::move(*cached);
+    const bool settingsServe = !data_.ini.isOutOfReach();
+    LoadedPicture cached = settingsServe ? LoadWholeBitmap(cachePath()) : LoadedPicture();
+    if (cached && cached.image.size() == Picture1.Image().size()) {
+        baseMap_ = std::move(cached.image);
         Picture1.setPicture(baseMap_);
         Form_Resize();
         return;
     }
-    data_.run.marks.mnuMeridian = false;
-    data_.run.marks.mnuTopo = false;
-    data_.run.tellMarksChanged();
-    BuildBaseMap();
+    if (cached.end == ReadEnd::Missing) {
+        data_.run.marks.mnuMeridian = false;
+        data_.run.marks.mnuTopo = false;
+        data_.run.tellMarksChanged();
+        BuildBaseMap();
+        return;
+    }
+    SilentListener silence;
+    ConsentingPrompt consent(prompt_);
+    cacheBaseMap(drawBaseMap(silence, consent));
 }
 
 void MapRun::BuildBaseMap() {
-    drawBaseMapInMemory();
-    SavePicture(baseMap_, cachePath());
+    cacheBaseMap(drawBaseMapInMemory());
     window_.setWaitPointer(false);
 }
 
-void MapRun::drawBaseMapInMemory() {
+BaseMapEnd MapRun::drawBaseMapInMemory() {
+    PointerPrompt prompt(prompt_, window_);
+    return drawBaseMap(listener_, prompt);
+}
+
+BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
     noteCustomMap();
     const Projection projection = data_.run.marks.projection;
     const std::string_view section = sectionOf(projection);
+    BaseMapEnd custom;
     const BaseMapStyle style{.projection = projection,
                              .HomeLatitude = data_.run.HomeLatitude,
                              .HomeLongitude = data_.run.HomeLongitude,
                              .land = readColour(data_.ini, section, "LandColor", defaultLand),
                              .water = readColour(data_.ini, section, "WaterColor", defaultWater),
-                             .relief = data_.run.marks.mnuTopo ? &mapPix() : nullptr};
+                             .relief = data_.run.marks.mnuTopo ? &mapPix(custom) : nullptr};
     Picture2.Cls();
     window_.showMap();
-    PointerPrompt prompt(prompt_, window_);
-    if (!drawBaseMap(Picture1, style, data_.ini.programFolder(), listener_, prompt)) {
+    BaseMapEnd end =
+        tovrel::drawBaseMap(Picture1, style, data_.ini.programFolder(), listener, prompt);
+    if (end.reliefRefused) {
         data_.run.marks.mnuTopo = false;
         data_.run.tellMarksChanged();
     }
+    end.dataUnreadable |= custom.dataUnreadable;
     baseMap_ = Picture1.Image();
+    return end;
+}
+
+void MapRun::cacheBaseMap(const BaseMapEnd& end) {
+    if (end.dataUnreadable || data_.ini.isOutOfReach()) {
+        return;
+    }
+    if (const WriteEnd saved = SavePicture(baseMap_, cachePath()); !saved) {
+        prompt_.tellFailure({FileFailure::Act::Write, "The base map could not be stored.",
+                             cachePath(), saved.reason});
+    }
 }
 
 void MapRun::RebuildBaseMap() {

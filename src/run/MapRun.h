@@ -1,5 +1,6 @@
 #pragma once
 
+#include "map/BaseMap.h"
 #include "map/PictureSurface.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
@@ -23,15 +24,19 @@ public:
     PictureSurface Picture2;
 
     /// Takes the cached base map of the projection, or builds one, with graticule and relief
-    /// switched off, when there is none that can be shown.
+    /// switched off, when there is none. A cache file that is no whole base map is built anew with
+    /// all as it is switched, without a question or a word. While the settings are out of reach no
+    /// cache file is looked at or written: it belongs to a home that is not known.
     void LoadBaseMap();
 
-    /// Draws the base map and caches it in its file. When that can't be written the picture serves
-    /// from memory.
+    /// Draws the base map and caches it in its file. When that can't be written the user is told
+    /// and the picture serves from memory; a map that lacks a data file that could not be read is
+    /// not cached either.
     void BuildBaseMap();
 
     /// Draws the base map without looking at the cache file or writing it.
-    void drawBaseMapInMemory();
+    /// @return whether all data files and the custom world picture could be read
+    BaseMapEnd drawBaseMapInMemory();
 
     /// Builds the base map anew after a change of its options, and stores them.
     void RebuildBaseMap();
@@ -39,9 +44,10 @@ public:
     /// Puts the clean map back: base map, compass, and the overlays of Form_Resize. A plot is gone.
     void ResetMap();
 
-    /// Takes the world picture of the relief from a file from now on. What can't be decoded changes
-    /// nothing.
-    void loadMapPix(const std::string& path);
+    /// Takes the world picture of the relief from a file from now on. One that is missing changes
+    /// nothing, nor does one that can't be used, which the user is told.
+    /// @return false when it can't be used
+    bool loadMapPix(const std::string& path);
 
     /// Fits Picture2 to the window and draws it anew from Picture1, with graticule and home mark.
     void Form_Resize();
@@ -60,7 +66,9 @@ private:
     /// Keeps the path of the custom world picture that the settings name for the first map of the
     /// run; a switch of projection keeps the picture.
     void noteCustomMap();
-    const QImage& mapPix();
+    const QImage& mapPix(BaseMapEnd& end);
+    BaseMapEnd drawBaseMap(PassListener& listener, UserPrompt& prompt);
+    void cacheBaseMap(const BaseMapEnd& end);
     void fitPicture2();
 
     RunData& data_;

@@ -157,7 +157,7 @@ private:
 } // namespace
 
 void InitSettings(iniFiles& ini, MapOptionForms& maps, GoogleMapOptions& google, RunState& run) {
-    const bool firstRun = !ini.fileExists();
+    const bool firstRun = ini.state() == PrivateProfile::State::Missing;
     const iniFiles::Batch together(ini);
     Initializer initializer(ini, maps, google, run);
     if (firstRun) {

@@ -27,6 +27,7 @@ struct MenuMarks {
 /// The state of a run of the program that no table and no window holds.
 struct RunState {
     std::string LogFileName;     ///< path of the log, UTF-8; empty when none is chosen
+    std::string LogTitle;        ///< how to name the log when its path means nothing to the user
     float HomeLatitude = 0.0F;   ///< degrees, north positive
     float HomeLongitude = 0.0F;  ///< degrees, east positive
     bool MapPlotted = false;     ///< a plot pass was started on the map on show
@@ -34,6 +35,9 @@ struct RunState {
     bool FormReady = false;      ///< Form_Resize may rearrange the map
     int PlotLineWidth = 1;       ///< pixels, 1 to 3
     MenuMarks marks;
+
+    /// The log as messages name it.
+    const std::string& shownLog() const { return LogTitle.empty() ? LogFileName : LogTitle; }
 
     /// Called by whoever changes a mark, so that the menu shows it.
     std::function<void()> marksChanged;

@@ -17,7 +17,31 @@ constexpr std::size_t valueBuffer = 512;
 iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName,
                    PrivateProfile::Storage storage)
     : programFolder_(std::move(programFolder)), storage_(storage),
-      profile_(filePath(programFolder_, IniFileName), storage) {}
+      profile_(filePath(programFolder_, IniFileName), storage) {
+    profile_.failed = [this](const PrivateProfile::Failure& failure) { note(failure); };
+}
+
+FileFailure iniFiles::unreadable() const {
+    return {FileFailure::Act::Read, "The settings file could not be read.", path(),
+            profile_.fault()};
+}
+
+void iniFiles::note(const PrivateProfile::Failure& failure) {
+    const bool reading = failure.of == PrivateProfile::Failure::Of::Reading;
+    if (std::exchange(noted_[reading ? 0 : 1], true))
+        return;
+    if (reading) {
+        untold_ = {FileFailure::Act::Read, "The settings file could not be read.", path(),
+                   failure.reason};
+    } else {
+        untold_ = {FileFailure::Act::Write, "The settings could not be stored.", path(),
+                   failure.reason};
+    }
+    if (failed)
+        failed();
+}
+
+std::optional<FileFailure> iniFiles::takeFailure() { return std::exchange(untold_, std::nullopt); }
 
 std::string iniFiles::ReadIniValue(std::string_view section, std::string_view key,
                                    std::string_view defaultValue) const {

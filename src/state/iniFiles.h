@@ -2,7 +2,11 @@
 
 #include "platform/Colour.h"
 #include "platform/PrivateProfile.h"
+#include "platform/UserPrompt.h"
 
+#include <array>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,15 +25,31 @@ public:
              PrivateProfile::Storage storage = PrivateProfile::Storage::File);
 
     const std::string& programFolder() const { return programFolder_; }
-    bool fileExists() const { return profile_.exists(); }
+    const std::string& path() const { return profile_.path(); }
+    PrivateProfile::State state() const { return profile_.state(); }
     bool isMemoryOnly() const { return storage_ == PrivateProfile::Storage::Memory; }
+
+    /// Whether there is a file that can't serve: it can't be read or is no settings file. Defaults,
+    /// or what was read before, take its place then, and nothing is stored.
+    bool isOutOfReach() const { return !profile_.fault().empty(); }
+
+    /// Why the file can't be read; to be asked for when it is out of reach.
+    FileFailure unreadable() const;
+
+    /// A read or write that has failed since the last call. Each of the two is told once in a run:
+    /// a disk that is full stays full for a while.
+    std::optional<FileFailure> takeFailure();
+
+    /// Called, within any read or write, when takeFailure() has something new to give.
+    std::function<void()> failed;
 
     /// Value of a key, at most 511 bytes; `defaultValue` when it is missing.
     std::string ReadIniValue(std::string_view section, std::string_view key,
                              std::string_view defaultValue = {}) const;
 
-    /// Stores a value, blanks at both ends taken off key and value.
-    /// @return false when the file could not be written
+    /// Stores a value, blanks at both ends taken off key and value. The file is left alone when the
+    /// key has that value.
+    /// @return false when the value could not be stored
     bool WriteIniValue(std::string_view section, std::string_view key, std::string_view value);
 
     /// Number of a key, or `fallback` when the key is empty or begins with no number.
@@ -48,14 +68,22 @@ public:
     public:
         explicit Batch(iniFiles& ini) : batch_(ini.profile_) {}
 
+        /// Ends the batch.
+        /// @return whether all that was written since its start is stored
+        bool finish() { return batch_.finish(); }
+
     private:
         PrivateProfile::Batch batch_;
     };
 
 private:
+    void note(const PrivateProfile::Failure& failure);
+
     std::string programFolder_;
     PrivateProfile::Storage storage_;
     PrivateProfile profile_;
+    std::array<bool, 2> noted_{}; ///< a failure of reading, of writing, has been kept for telling
+    std::optional<FileFailure> untold_;
 };
 
 /// Sections of the settings file.

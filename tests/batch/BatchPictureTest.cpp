@@ -90,8 +90,8 @@ TEST_F(BatchPicture, withoutTheDataFilesComesWithTheirMessages) {
     const BatchEnd end = runBatch(
         {"plot", log, "--folder", empty.path(), "--image", work.path("map.png"), "--report", "-"});
     EXPECT_EQ(end.status, 0);
-    EXPECT_EQ(end.err, "The databse file 'Mapper.pnt' not found.\n"
-                       "The databse file 'paintma.txt' not found.\n");
+    EXPECT_EQ(end.err, "tovrel-batch: The databse file 'Mapper.pnt' not found.\n"
+                       "tovrel-batch: The databse file 'paintma.txt' not found.\n");
     EXPECT_NE(end.out.find("\"messages\":[\"The databse file 'Mapper.pnt' not found.\","),
               std::string::npos);
     EXPECT_EQ(everythingIn(empty.path()), "");

@@ -69,13 +69,14 @@ TEST_F(BatchWrongUse, isToldInOneLineAndTouchesNoFile) {
 }
 
 TEST_F(BatchWrongUse, ofFilesEndsWithItsOwnStatusEvenWhenQuiet) {
-    const Row rows[] = {{{"plot", "WORK/none.adi"}, "there is no log"},
-                        {{"kmz", "WORK"}, "there is no log"},
-                        {{"plot", "LOG", "--image", "WORK/none/map.png"}, "can't be written"},
-                        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, "can't be written"},
-                        {{"plot", "LOG", "--report", "WORK"}, "can't be written"},
-                        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, "can't be written"},
-                        {{"kmz", "LOG", "--output", "WORK"}, "can't be written"}};
+    const Row rows[] = {
+        {{"plot", "WORK/none.adi"}, "there is no log"},
+        {{"kmz", "WORK"}, "there is no log"},
+        {{"plot", "LOG", "--image", "WORK/none/map.png"}, "can't be written"},
+        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, "can't be written"},
+        {{"plot", "LOG", "--report", "WORK"}, "can't be written"},
+        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, "a.kmz can't be written: No such file"},
+        {{"kmz", "LOG", "--output", "WORK"}, "can't be written: Is a directory"}};
     for (const Row& row : rows)
         expect(row, 3, {"--quiet", "--folder", folder.path()});
 }

@@ -17,7 +17,7 @@ namespace tovrel {
 class ExportTest : public testing::Test {
 protected:
     ExportTest() {
-        FieldTable::CreateFieldDictionary(program.path());
+        (void)FieldTable::CreateFieldDictionary(program.path());
         for (const char* icon : {"Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"})
             program.write(icon, std::string("picture ") + icon);
         data.ini.WriteIniValue(section::globals, "MyCall", "W1TVR");

@@ -174,15 +174,32 @@ TEST_F(ExportTest, obeysOptionsThatChangeMeanwhile) {
     EXPECT_EQ(count(document, "lookup for D1D<"), 1U);
 }
 
-TEST_F(ExportTest, staysWithItsLogAndTakesRecordsThatAreAddedMeanwhile) {
+TEST_F(ExportTest, readsTheLogThatItOpenedAsFarAsItReachedThen) {
+    const std::function<void()> acts[] = {
+        [this] { std::ofstream(logs.path("log.adi"), std::ios::app) << record("B1B"); },
+        [this] { std::filesystem::remove(logs.path("log.adi")); },
+        [this] {
+            std::filesystem::rename(logs.path("log.adi"), logs.path("old.adi"));
+            useLog(record("C1C=") + record("C2C="));
+        },
+        [this] { data.run.LogFileName = logs.write("other.adi", record("D1D=")); }};
+    for (const auto& act : acts) {
+        useLog(record("A1A"));
+        inYield(1, act);
+        EXPECT_EQ(exportLog(), ExportEnd::Done);
+        EXPECT_EQ(data.stats.lists().lstStats[5], "   1 Worked");
+        EXPECT_EQ(data.stats.lists().lstStats[7], "   0 Heard");
+    }
+}
+
+TEST_F(ExportTest, leavesTheDocumentInThePlaceOfALinkAndNotOverWhatThatNames) {
+    const std::string other = logs.write("other", "mine");
+    std::filesystem::create_symlink(other, logs.path("log.kml"));
     useLog(record("A1A"));
-    inYield(1, [&] {
-        useLog(record("A1A") + record("B1B") + record("C1C="));
-        data.run.LogFileName = logs.write("other.adi", record("D1D="));
-    });
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
-    EXPECT_EQ(data.stats.lists().lstStats[5], "   2 Worked");
-    EXPECT_EQ(data.stats.lists().lstStats[7], "   1 Heard");
+    data.google.filter.band.set(1, true);
+    EXPECT_EQ(exportLog(), ExportEnd::NothingPlaced);
+    EXPECT_TRUE(logs.read("log.kml").ends_with("</kml>\r\n"));
+    EXPECT_EQ(logs.read("other"), "mine");
 }
 
 /// Exports that fail: each tells so once and shows nothing else.
@@ -210,9 +227,20 @@ TEST_F(ExportFailureTest, ofALogThatCannotBeReadLeavesNothing) {
         expectFailure(ExportEnd::LogUnreadable,
                       "The ADIF file could not be read.\r\n" + log + "\r\n", "");
     }
-    useLog(record("A1A"));
-    inYield(1, [this] { std::filesystem::remove(logs.path("log.adi")); });
-    expectFailure(ExportEnd::LogUnreadable, "The ADIF file could not be read.\r\n", "");
+    logs.write("log.kmz", "old");
+    const std::function<void()> acts[] = {
+        [this] { std::filesystem::resize_file(logs.path("log.adi"), 5); },
+        [this] { // a record in front would move all others to the next one's folder
+            std::ofstream(logs.path("log.adi"))
+                << record("B1B") + record("A1A", "<QSL_RCVD:1>Y ") + record("C1C=");
+        }};
+    for (const auto& act : acts) {
+        useLog(record("A1A", "<QSL_RCVD:1>Y ") + record("C1C="));
+        inYield(2, act);
+        expectFailure(ExportEnd::LogUnreadable, "The ADIF file could not be read.\r\n",
+                      "log.adi log.kmz ");
+        EXPECT_EQ(logs.read("log.kmz"), "old");
+    }
 }
 
 TEST_F(ExportFailureTest, ofFilesThatWouldReplaceTheLogLeavesIt) {
@@ -233,22 +261,35 @@ TEST_F(ExportFailureTest, ofAMissingDictionaryEnds) {
     EXPECT_EQ(prompt.icons.back(), MessageIcon::Critical);
 }
 
-TEST_F(ExportFailureTest, ofTheDocumentIsSeenAtOnce) {
+TEST_F(ExportFailureTest, ofADictionaryThatCannotBeReadTellsWhy) {
+    useLog(record("A1A"));
+    std::filesystem::remove(program.path(FieldTable::fileName));
+    std::filesystem::create_directory(program.path(FieldTable::fileName));
+    expectFailure(ExportEnd::DictionaryUnreadable, "The tag list could not be read.\r\n",
+                  "log.adi ");
+}
+
+TEST_F(ExportFailureTest, ofTheDocumentIsSeenAtOnceAndToldWithItsPlace) {
     std::string log;
     for (int i = 0; i < 2000; ++i)
         log += record("A1A");
     useLog(log);
-    std::filesystem::create_directory(logs.path("folder.kml"));
-    for (const char* document : {"missing/log.kml", "folder.kml", "full.kml"}) {
-        if (document == std::string("full.kml"))
-            std::filesystem::create_symlink("/dev/full", logs.path(document));
-        files.KmlFileName = logs.path(document);
-        expectFailure(ExportEnd::DocumentFailed,
-                      "The Google Earth document could not be written.\r\n" + files.KmlFileName +
-                          "\r\n",
+    const std::string told = "The Google Earth document could not be written.\r\n";
+    files.KmlFileName = logs.path("missing/log.kml");
+    expectFailure(ExportEnd::DocumentFailed,
+                  told + files.KmlFileName + "\r\nNo such file or directory", "log.adi ");
+    files.KmlFileName = logs.path("log.kml");
+    {
+        const WriteLimit fullDisk(300'000);
+        expectFailure(ExportEnd::DocumentFailed, told + files.KmlFileName + "\r\nFile too large",
                       "log.adi ");
     }
     EXPECT_LT(listener.yields, 2 * 2000) << "not at the end of the last pass";
+
+    std::filesystem::create_directory(logs.path("log.kml"));
+    data.google.filter.band.set(1, true); // so that the document is left, where a folder stands
+    EXPECT_EQ(exportLog(), ExportEnd::DocumentFailed);
+    EXPECT_EQ(prompt.told.back(), told + files.KmlFileName + "\r\nIs a directory");
 }
 
 TEST_F(ExportFailureTest, ofTheArchiveLeavesTheDocumentAndTheOldArchive) {
@@ -276,12 +317,23 @@ TEST_F(ExportFailureTest, ofTheArchiveLeavesTheDocumentAndTheOldArchive) {
         expectArchiveFailure("log.kmz", "log.adi log.kml log.kmz ");
     }
 #endif
-    inYield(3, [this] { // the document goes before it is packed
-        std::filesystem::remove(logs.path("log.kml"));
-        std::filesystem::create_directory(logs.path("log.kml"));
-    });
-    expectArchiveFailure("log.kmz", "log.adi log.kmz ");
     EXPECT_EQ(logs.read("log.kmz"), "an old one");
+
+    // Whoever meddles with the work files gets no archive of half a document.
+    constexpr int records = 1000; // more than a buffer holds
+    std::string log;
+    for (int i = 0; i < records; ++i)
+        log += record("A1A");
+    useLog(log);
+    inYield(2 * records + 1, [this] {
+        for (const auto& entry : std::filesystem::directory_iterator(logs.path())) {
+            if (entry.is_directory() && entry.path().filename().string().starts_with(".tovrel-"))
+                std::ofstream(entry.path() / "log.kml") << "cut short";
+        }
+    });
+    expectArchiveFailure("log.kmz", "log.adi log.kml log.kmz ");
+    EXPECT_TRUE(prompt.told.back().ends_with("the document was changed before it was packed"));
+    EXPECT_TRUE(logs.read("log.kmz") == "an old one");
 }
 
 } // namespace

@@ -27,7 +27,8 @@ std::string documentOf(const std::string& log, bool withName) {
     EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "0.33"));
     for (const QsoStatus status : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
         book.WriteFolderHead(status);
-        RecordReader reader(log);
+        LogFile file(log);
+        RecordReader reader(file);
         for (Cut cut = reader.next(); cut != Cut::End; cut = reader.next()) {
             if (cut == Cut::Record) {
                 fields.ParseRecordLine(reader.line());
@@ -65,9 +66,9 @@ TEST(LogBook, namesTheDocumentAfterTheLogWithoutItsOtherDots) {
     const std::pair<std::string, std::string> cases[] = {
         {"/home/op/log.adi", "/home/op/log.kml"},
         {"/home/op/my.log.adi", "/home/op/mylog.kml"},
-        {"/home/op/logs.d/log.adi", "/home/op/logsd/log.kml"},
-        {"/home/op.x/log", "/home/op.kml"},
-        {"/home/op/log", ".kml"},
+        {"/home/op/logs.d/my.log.adi", "/home/op/logs.d/mylog.kml"},
+        {"/home/op.x/log", "/home/op.x/.kml"},
+        {"../log", "../.kml"},
         {"/home/op/log.", "/home/op/log.kml"},
         {"C:\\logs\\a.b.ADI", "C:\\logs\\ab.kml"},
         {"", ".kml"}};
@@ -84,9 +85,9 @@ TEST(LogBook, scalesTheIconsByTheMarkerOfTheSettings) {
 }
 
 TEST(LogBook, writesTheDocumentToTheByte) {
-    const std::optional<std::string> golden = readFile(goldenFolder + "golden.kml");
+    const FileContent golden = readFile(goldenFolder + "golden.kml");
     ASSERT_TRUE(golden);
-    EXPECT_EQ(documentOf(goldenFolder + "golden.adi", true), *golden);
+    EXPECT_EQ(documentOf(goldenFolder + "golden.adi", true), golden.bytes);
 }
 
 TEST(LogBook, leavesOutTheNamesAloneWhenTheCallIsNotToBeShown) {
@@ -165,7 +166,6 @@ TEST(LogBook, noticesADocumentThatCannotBeWritten) {
         LogBook book;
         EXPECT_FALSE(book.WriteKmlHead(folder.path(name), "", "1"));
         EXPECT_FALSE(book.error().empty());
-        book.discard();
     }
     EXPECT_TRUE(std::filesystem::exists(folder.path("folder.kml")));
 #ifdef __linux__
@@ -174,10 +174,7 @@ TEST(LogBook, noticesADocumentThatCannotBeWritten) {
     ASSERT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "1"));
     EXPECT_FALSE(book.failed()) << "nothing was written yet";
     EXPECT_FALSE(book.close());
-    EXPECT_FALSE(book.error().empty());
-    book.discard();
-    EXPECT_EQ(folder.names(), "");
-    EXPECT_TRUE(std::filesystem::exists("/dev/full"));
+    EXPECT_EQ(book.error(), "No space left on device");
 #endif
 }
 

@@ -87,10 +87,29 @@ TEST_F(ZipTest, writesAnArchiveWithoutEntries) {
 TEST_F(ZipTest, packsWhatDoesNotCompressAndWhatIsLarge) {
     for (const std::size_t length : {0U, 1U, 20U, 100U, 65'535U, 1'000'000U})
         EXPECT_EQ(firstEntryOf(packed(noise(length))), noise(length)) << length;
-    std::string lines;
-    for (int i = 0; lines.size() < 8'000'000; ++i)
-        lines += "line " + std::to_string(i) + "\r\n";
-    EXPECT_TRUE(firstEntryOf(packed(lines)) == lines);
+}
+
+// What is read in blocks gives the stream that zlib makes of the whole, wherever the file ends.
+TEST_F(ZipTest, packsToTheBytesOfZlibsCompress) {
+    std::string text;
+    std::mt19937 random(3);
+    while (text.size() < 2'000'000)
+        text += "<call>" + std::to_string(random() % 5000) + "</call>\r\n";
+    constexpr std::size_t block = 262'144;
+    for (const std::size_t length :
+         {std::size_t{1}, block - 1, block, block + 1, 3 * block, 5 * block + 261, text.size()}) {
+        const std::string content = text.substr(0, length);
+        const std::string archive = packed(content);
+        uLongf size = compressBound(static_cast<uLong>(length));
+        std::string whole(size, '\0');
+        ASSERT_EQ(compress(reinterpret_cast<Bytef*>(whole.data()), &size,
+                           reinterpret_cast<const Bytef*>(content.data()),
+                           static_cast<uLong>(length)),
+                  Z_OK);
+        EXPECT_TRUE(archive.substr(31, numberAt(archive, 18, 4)) == whole.substr(2, size - 6))
+            << length;
+        EXPECT_TRUE(firstEntryOf(archive) == content);
+    }
 }
 
 TEST_F(ZipTest, refusesWhatItCannotHold) {
@@ -165,6 +184,12 @@ TEST(ZipFile, storesNoPath) {
 TEST(ZipFile, stampsDosTimesFromTheirFirstYearToTheirLast) {
     EXPECT_EQ(ZipFile::DosDate(QDateTime({1980, 1, 1}, {0, 0, 0})), 0x0021);
     EXPECT_EQ(ZipFile::DosDate(QDateTime({2107, 12, 31}, {0, 0, 0})), 0xFF9F);
+    for (const QDateTime& before : {QDateTime({1970, 1, 1}, {5, 5, 5}), QDateTime()}) {
+        EXPECT_EQ(ZipFile::DosDate(before), 0x0021);
+        EXPECT_EQ(ZipFile::DosTime(before), 0);
+    }
+    EXPECT_EQ(ZipFile::DosDate(QDateTime({2242, 3, 16}, {0, 0, 0})), 0xFF9F);
+    EXPECT_EQ(ZipFile::DosTime(QDateTime({2242, 3, 16}, {0, 0, 0})), 29 | 59 << 5 | 23 << 11);
 }
 
 } // namespace

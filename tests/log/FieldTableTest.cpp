@@ -199,22 +199,35 @@ TEST(FieldTable, createsTheDictionaryOnlyWhereThereIsNone) {
     const TestFolder folder;
     FieldTable table;
     table.loadFrom("CALL");
-    EXPECT_FALSE(table.LoadFieldDictionary(folder.path()));
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path()), ReadEnd::Missing);
     EXPECT_EQ(table.FieldCount(), 0);
 
     EXPECT_TRUE(FieldTable::CreateFieldDictionary(folder.path()));
     EXPECT_EQ(folder.read("TVADIF.txt"), FieldTable::defaultFieldDictionary());
-    EXPECT_TRUE(table.LoadFieldDictionary(folder.path()));
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path()), ReadEnd::Content);
     EXPECT_EQ(table.FieldCount(), 24);
+
+    folder.write("TVADIF.txt", ""); // as a full disk leaves it
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path()), ReadEnd::Missing);
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path(), true), ReadEnd::Content);
+    EXPECT_TRUE(FieldTable::CreateFieldDictionary(folder.path()));
+    EXPECT_EQ(folder.read("TVADIF.txt"), FieldTable::defaultFieldDictionary());
 
     const TestFolder other;
     other.write("tvadif.TXT", "CALL\n");
     EXPECT_TRUE(FieldTable::CreateFieldDictionary(other.path()));
     EXPECT_EQ(other.names(), "tvadif.TXT ");
-    EXPECT_TRUE(table.LoadFieldDictionary(other.path()));
+    EXPECT_EQ(table.LoadFieldDictionary(other.path()), ReadEnd::Content);
     EXPECT_EQ(table.FieldCount(), 1);
 
-    EXPECT_FALSE(FieldTable::CreateFieldDictionary(folder.path("missing")));
+    EXPECT_EQ(FieldTable::CreateFieldDictionary(folder.path("missing")).reason,
+              "No such file or directory");
+    std::filesystem::create_directory(folder.path("sub"));
+    std::filesystem::create_directory(folder.path("sub/TVADIF.txt"));
+    EXPECT_TRUE(FieldTable::CreateFieldDictionary(folder.path("sub")));
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path("sub"), true), ReadEnd::Unreadable);
+    EXPECT_EQ(table.failure().path, folder.path("sub/TVADIF.txt"));
+    EXPECT_EQ(table.failure().reason, "Is a directory");
 }
 
 } // namespace

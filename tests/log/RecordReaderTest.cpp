@@ -129,10 +129,11 @@ TEST(RecordReader, cutsLogsOfEveryShape) {
         const std::string path = folder.write("log.adi", c.log);
         EXPECT_EQ(cutPlainly(c.log), c.items) << c.what;
         for (const std::size_t blockSize : blockSizes) {
-            RecordReader reader(path, blockSize);
+            LogFile file(path);
+            RecordReader reader(file, blockSize);
             EXPECT_EQ(cutAll(reader), c.items) << c.what << ", blocks of " << blockSize;
             EXPECT_EQ(reader.next(), Cut::End);
-            EXPECT_EQ(reader.size(), static_cast<std::int64_t>(c.log.size()));
+            EXPECT_EQ(file.size(), static_cast<std::int64_t>(c.log.size()));
         }
     }
 }
@@ -149,7 +150,8 @@ TEST(RecordReader, cutsRandomLogsAsThePlainRulesDo) {
             log += pieces[pick(random)];
         const std::string path = folder.write("log.adi", log);
         for (const std::size_t blockSize : blockSizes) {
-            RecordReader reader(path, blockSize);
+            LogFile file(path);
+            RecordReader reader(file, blockSize);
             ASSERT_EQ(cutAll(reader), cutPlainly(log)) << log << "\nblocks of " << blockSize;
         }
     }
@@ -179,7 +181,8 @@ TEST(RecordReader, takesLinearTimeForGiantRecordsAndLines) {
     for (const auto& c : cases) {
         const std::string path = folder.write("log.adi", c.log);
         for (const std::size_t blockSize : {RecordReader::defaultBlockSize, c.log.size()}) {
-            RecordReader reader(path, blockSize);
+            LogFile file(path);
+            RecordReader reader(file, blockSize);
             EXPECT_EQ(cutAll(reader).size() - 1, c.records);
         }
     }
@@ -189,8 +192,9 @@ TEST(RecordReader, takesLinearTimeForGiantRecordsAndLines) {
 TEST(RecordReader, failsWithAReasonWhereThereIsNoPlainFile) {
     const TestFolder folder;
     for (const std::string& path : {folder.path("none.adi"), folder.path(), std::string()}) {
-        RecordReader reader(path);
-        EXPECT_EQ(reader.size(), 0);
+        LogFile file(path);
+        RecordReader reader(file);
+        EXPECT_EQ(file.size(), 0);
         EXPECT_EQ(reader.next(), Cut::Failed);
         EXPECT_EQ(reader.next(), Cut::Failed);
         EXPECT_FALSE(reader.error().empty());
@@ -200,18 +204,40 @@ TEST(RecordReader, failsWithAReasonWhereThereIsNoPlainFile) {
 TEST(RecordReader, failsWhenTheFileShrinksAndStopsWhereItEndedWhenItGrows) {
     const TestFolder folder;
     std::string path = folder.write("log.adi", "<A:1>x<EOR>\n<B:1>y<EOR>\n");
-    RecordReader shrinking(path, 4);
+    LogFile shortened(path);
+    RecordReader shrinking(shortened, 4);
     EXPECT_EQ(shrinking.next(), Cut::Record);
     std::filesystem::resize_file(path, 14);
     EXPECT_EQ(cutAll(shrinking), Items{"Failed"});
     EXPECT_FALSE(shrinking.error().empty());
 
     path = folder.write("log.adi", "<A:1>x<EOR>\n");
-    RecordReader growing(path, 4);
+    LogFile appended(path);
+    RecordReader growing(appended, 4);
     EXPECT_EQ(growing.next(), Cut::Record);
     std::ofstream(path, std::ios::app) << "<B:1>y<EOR>\n";
     EXPECT_EQ(cutAll(growing), Items{"End"});
-    EXPECT_EQ(growing.size(), 12);
+    EXPECT_EQ(appended.size(), 12);
+}
+
+TEST(RecordReader, laterPassesHaveToFindTheBytesOfTheFirst) {
+    const TestFolder folder;
+    const std::string path = folder.write("log.adi", "<A:1>x<EOR>\n");
+    LogFile file(path, LogFile::Check::SameBytes);
+    const auto pass = [&file] {
+        RecordReader reader(file, 4);
+        return cutAll(reader);
+    };
+    const Items whole = {"<A:1>x<EOR>", "End"};
+    EXPECT_EQ(pass(), whole);
+    std::ofstream(path, std::ios::app) << "<B:1>y<EOR>\n";
+    EXPECT_EQ(pass(), whole) << "a logger may append";
+    std::filesystem::rename(path, folder.path("other.adi"));
+    folder.write("log.adi", "another one");
+    EXPECT_EQ(pass(), whole) << "and put another file in its place";
+    std::fstream(folder.path("other.adi"), std::ios::in | std::ios::out) << "<A:1>z";
+    EXPECT_EQ(pass(), (Items{"<A:1>z<EOR>", "Failed"}));
+    EXPECT_EQ(file.error(), "the file was changed while it was read");
 }
 
 } // namespace

@@ -21,30 +21,41 @@ TEST(PictureFile, KeepsEveryPixelInABitmapOfAnyName) {
     for (const char* name : {"GCBaseMap.map", "x.bmp"}) {
         ASSERT_TRUE(SavePicture(checkered(), folder.path(name)));
         EXPECT_EQ(folder.read(name).substr(0, 2), "BM");
-        const std::optional<QImage> back = LoadPicture(folder.path(name));
-        ASSERT_TRUE(back);
-        EXPECT_EQ(back->format(), QImage::Format_RGB32);
-        EXPECT_EQ(*back, checkered());
+        const LoadedPicture back = LoadPicture(folder.path(name));
+        ASSERT_TRUE(back) << back.reason;
+        EXPECT_EQ(back.image.format(), QImage::Format_RGB32);
+        EXPECT_EQ(back.image, checkered());
+        EXPECT_TRUE(LoadWholeBitmap(folder.path(name)));
     }
     ASSERT_TRUE(SavePicture(checkered(), folder.path("x.png"), "PNG"));
-    EXPECT_EQ(LoadPicture(folder.path("x.png")), checkered());
+    EXPECT_EQ(LoadPicture(folder.path("x.png")).image, checkered());
     ASSERT_TRUE(SavePicture(checkered(), folder.path("x.jpg"), "JPG"));
-    EXPECT_EQ(LoadPicture(folder.path("x.jpg"))->size(), QSize(9, 7));
+    EXPECT_EQ(LoadPicture(folder.path("x.jpg")).image.size(), QSize(9, 7));
 }
 
-TEST(PictureFile, GivesNothingForWhatIsNoPicture) {
+TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
     const TestFolder folder;
     ASSERT_TRUE(SavePicture(checkered(), folder.path("good.bmp")));
     const std::string bitmap = folder.read("good.bmp");
-    std::string huge = bitmap; // claims a million pixels square
-    huge.replace(18, 8, std::string("\x40\x42\x0F\0\x40\x42\x0F\0", 8));
+    std::string huge = bitmap; // claims 12,000 pixels square
+    huge.replace(18, 8, std::string("\xE0\x2E\0\0\xE0\x2E\0\0", 8));
     const std::string cases[] = {
         "", "BM", "no picture at all", bitmap.substr(0, 30), huge, std::string(5000, '\xFF')};
-    for (const std::string& bytes : cases)
-        EXPECT_FALSE(LoadPicture(folder.write("bad.bmp", bytes))) << bytes.substr(0, 20);
-    EXPECT_FALSE(LoadPicture(folder.path("none.bmp")));
-    EXPECT_FALSE(LoadPicture(folder.path()));
-    EXPECT_FALSE(LoadPicture(""));
+    for (const std::string& bytes : cases) {
+        const LoadedPicture bad = LoadPicture(folder.write("bad.bmp", bytes));
+        EXPECT_EQ(bad.end, ReadEnd::Unreadable) << bytes.substr(0, 20);
+        EXPECT_FALSE(bad.reason.empty());
+    }
+    EXPECT_EQ(LoadPicture(folder.write("bad.bmp", huge)).reason,
+              "The picture takes more than 512 MiB of memory");
+    EXPECT_EQ(LoadPicture(folder.path("none.bmp")).end, ReadEnd::Missing);
+    EXPECT_EQ(LoadPicture("").end, ReadEnd::Missing);
+    EXPECT_EQ(LoadPicture(folder.path()).reason, "Is a directory");
+
+    // A decoder shows the missing part of a bitmap in black.
+    const std::string partly = folder.write("part.bmp", bitmap.substr(0, bitmap.size() - 1));
+    EXPECT_EQ(LoadWholeBitmap(partly).end, ReadEnd::Unreadable);
+    EXPECT_EQ(LoadWholeBitmap(folder.write("long.bmp", bitmap + "x")).end, ReadEnd::Unreadable);
 }
 
 TEST(PictureFile, AFailedSaveLeavesTheOldFileAlone) {

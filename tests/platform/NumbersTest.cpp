@@ -49,6 +49,14 @@ TEST(Numbers, leadingNumberStopsWhereTheTextIsNoNumberAnyMore) {
     }
 }
 
+TEST(Numbers, aCoordinateIsReadWithoutItsBlanks) {
+    const std::pair<std::string, double> cases[] = {
+        {"- 8.25", -8.25}, {"72 .72", 72.72}, {"45 30", 4530.0}, {"1 . 5 E", 1.5}, {"4\t5", 4.0},
+        {"- 0", 0.0},      {"  ", 0.0},       {"N 45", 0.0},     {"-73.5", -73.5}};
+    for (const auto& [text, value] : cases)
+        EXPECT_EQ(coordinateValue(text), value) << text;
+}
+
 TEST(Numbers, roundsATieToTheEvenNeighbour) {
     const std::pair<double, double> whole[] = {
         {0.5, 0},       {1.5, 2},       {2.5, 2},

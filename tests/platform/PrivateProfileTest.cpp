@@ -37,8 +37,8 @@ TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
                  {"key without =", "[Main]\r\nKey\r\n", "default"},
                  {"longer than the buffer", "[Main]\r\nKey=" + longValue + "\r\n",
                   longValue.substr(0, size - 1)},
-                 {"section mark not closed", "[Main\r\nKey=1\r\n", "1"},
-                 {"garbage", std::string("\0\xFF[\x01]\r=\r\n[[[\n=Key=\0", 19), "default"},
+                 {"section mark not closed", "[]\r\n[Main\r\nKey=1\r\n", "1"},
+                 {"garbage", "\xFF[\x01]\r=\r\n[[[\n[]=Key=\x1A", "default"},
                  {"nothing", "", "default"}};
     const TestFolder folder;
     for (const auto& c : cases) {
@@ -46,7 +46,7 @@ TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
         EXPECT_EQ(profile.read("Main", "Key", "default", size), c.value) << c.what;
     }
     const PrivateProfile missing(folder.path("missing.ini"));
-    EXPECT_FALSE(missing.exists());
+    EXPECT_EQ(missing.state(), PrivateProfile::State::Missing);
     EXPECT_EQ(missing.read("Main", "Key", "default", size), "default");
 }
 
@@ -70,8 +70,9 @@ TEST(PrivateProfile, writesAKeyAndKeepsAllElse) {
         {"key on the last line without end", "[Main]\nKey=1", "[Main]\nKey=new"},
         {"only the first of two", "[Main]\nKey=1\nKey=2\n", "[Main]\nKey=new\nKey=2\n"},
         {"a comment is no key", "[Main]\n;Key=1\n", "[Main]\n;Key=1\nKey=new\n"},
-        {"garbage stays", std::string("\0\xFF\x01\r\n", 5),
-         std::string("\0\xFF\x01\r\n[Main]\r\nKey=new\r\n", 22)}};
+        {"garbage stays", "\xFF\x01\r\n[x]\r\n", "\xFF\x01\r\n[x]\r\n[Main]\r\nKey=new\r\n"},
+        {"the same value stays as it is spelt", "[Main]\n Key =  new \n",
+         "[Main]\n Key =  new \n"}};
     const TestFolder folder;
     for (const auto& c : cases) {
         PrivateProfile profile(folder.path("a.ini"));
@@ -96,7 +97,7 @@ TEST(PrivateProfile, replacesTheFileOnceAtTheEndOfTheOutermostBatch) {
     const TestFolder folder;
     PrivateProfile profile(folder.write("a.ini", "[Main]\nA=1\n"));
     {
-        const PrivateProfile::Batch outer(profile);
+        PrivateProfile::Batch outer(profile);
         EXPECT_TRUE(profile.write("Main", "A", "2"));
         {
             const PrivateProfile::Batch inner(profile);
@@ -105,42 +106,82 @@ TEST(PrivateProfile, replacesTheFileOnceAtTheEndOfTheOutermostBatch) {
         EXPECT_EQ(profile.read("Main", "A", "", size), "2");
         EXPECT_EQ(profile.read("Main", "B", "", size), "3");
         EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=1\n");
+        EXPECT_TRUE(outer.finish());
+        EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=2\nB=3\n");
     }
-    EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=2\nB=3\n");
-
     // Without a write the file is not touched, so that another program's change stays.
     {
         const PrivateProfile::Batch batch(profile);
+        profile.write("Main", "A", "2");
         folder.write("a.ini", "[Main]\nA=9\n");
     }
     EXPECT_EQ(profile.read("Main", "A", "", size), "9");
 }
 
-TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAlone) {
+TEST(PrivateProfile, neverWritesWhatIsNoSettingsFile) {
+    const TestFolder folder;
+    const std::string foreign[] = {"<CALL:4>W1AW<EOR>\r\n",
+                                   " ",
+                                   "A=1\n[Main",
+                                   std::string("[Main]\nA=1\n\0", 12),
+                                   "\xFF\xFE[\x01M\x01]\x01\n",
+                                   "[Main]\n" + std::string(4 << 20, ';')};
+    for (const std::string& bytes : foreign) {
+        PrivateProfile profile(folder.write("a.ini", bytes));
+        EXPECT_EQ(profile.state(), PrivateProfile::State::Foreign) << bytes.substr(0, 20);
+        EXPECT_FALSE(profile.write("Main", "A", "2"));
+        {
+            PrivateProfile::Batch batch(profile);
+            EXPECT_FALSE(profile.write("Main", "A", "2"));
+            EXPECT_FALSE(batch.finish());
+        }
+        EXPECT_EQ(profile.read("Main", "A", "default", size), "default");
+        EXPECT_TRUE(folder.read("a.ini") == bytes);
+    }
+}
+
+/// What a profile tells of its failures.
+struct Failures {
+    explicit Failures(PrivateProfile& profile) {
+        profile.failed = [this](const PrivateProfile::Failure& failure) {
+            all.push_back((failure.of == PrivateProfile::Failure::Of::Reading ? "r " : "w ") +
+                          failure.reason);
+        };
+    }
+    std::vector<std::string> all;
+};
+
+TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAloneAndTellsWhy) {
     const TestFolder folder;
     std::filesystem::create_directory(folder.path("b.ini"));
     for (const char* name : {"b.ini", "missing/a.ini"}) {
         PrivateProfile profile(folder.path(name));
-        EXPECT_FALSE(profile.exists());
+        const Failures told(profile);
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
+        EXPECT_EQ(told.all, std::vector<std::string>{name == std::string("b.ini")
+                                                         ? "r Is a directory"
+                                                         : "w No such file or directory"});
     }
 #ifdef __unix__
-    PrivateProfile absent(folder.path("c.ini"));
     PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
+    const Failures told(profile);
     {
         const ReadOnlyFolder locked(folder);
-        EXPECT_FALSE(absent.write("Main", "Key", "new"));
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
-        const PrivateProfile::Batch batch(profile);
-        profile.write("Main", "Key", "newer");
+        PrivateProfile::Batch batch(profile);
+        EXPECT_TRUE(profile.write("Main", "Key", "newer")) << "in memory so far";
+        EXPECT_FALSE(batch.finish());
+        EXPECT_EQ(profile.read("Main", "Key", "", size), "1");
     }
+    EXPECT_EQ(told.all, std::vector<std::string>(2, "w Permission denied"));
     std::filesystem::permissions(profile.path(), std::filesystem::perms::none);
     {
         const ReadOnlyFolder strangers(folder, 0777); // might replace the file
-        EXPECT_EQ(profile.read("Main", "Key", "default", size), "default");
+        EXPECT_EQ(profile.read("Main", "Key", "default", size), "1") << "as it was read last";
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
-        const PrivateProfile::Batch batch(profile);
-        EXPECT_FALSE(profile.write("Main", "Key", "new"));
+        EXPECT_EQ(told.all.back(), "r Permission denied");
+        const PrivateProfile other(profile.path());
+        EXPECT_EQ(other.read("Main", "Key", "default", size), "default");
     }
     std::filesystem::permissions(profile.path(), std::filesystem::perms::owner_all);
     EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");

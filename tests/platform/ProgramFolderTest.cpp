@@ -27,13 +27,13 @@ TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenItCannot) {
 
     EXPECT_EQ(existingProgramFolder(executable.path(), own), executable.path());
     ASSERT_EQ(programFolder(executable.path(), own), own);
-    EXPECT_EQ(readFile(joinPath(own, "mapper.pnt")), "coast");
+    EXPECT_EQ(readFile(joinPath(own, "mapper.pnt")).bytes, "coast");
     EXPECT_FALSE(fileExists(joinPath(own, "tovrel")));
 
     // What the user changed stays.
     ASSERT_TRUE(writeFile(joinPath(own, "paintma.txt"), "mine"));
     EXPECT_EQ(programFolder(executable.path(), own), own);
-    EXPECT_EQ(readFile(joinPath(own, "paintma.txt")), "mine");
+    EXPECT_EQ(readFile(joinPath(own, "paintma.txt")).bytes, "mine");
     EXPECT_EQ(existingProgramFolder(executable.path(), own), own);
 }
 

@@ -256,6 +256,13 @@ TEST(GCMapLoadADIF, ADictionaryThatHasGoneIsToldAtTheFirstRecord) {
     run.folder.write("tvadif.TXT", "Call\r\napp_logger32_lat\r\nAPP_LOGGER32_LNG\r\n");
     EXPECT_EQ(run.plot(), PassEnd::Done);
     EXPECT_EQ(run.counters(), "1 1 0 1 0 0");
+
+    std::filesystem::remove(run.folder.path("tvadif.TXT"));
+    std::filesystem::create_directory(run.folder.path("TVADIF.txt"));
+    EXPECT_EQ(run.plot(), PassEnd::DictionaryUnreadable);
+    EXPECT_EQ(run.prompt.told.back(), "The tag list could not be read.\r\n" +
+                                          run.folder.path("TVADIF.txt") + "\r\nIs a directory");
+    EXPECT_FALSE(run.data.run.MapPlotted);
 }
 
 TEST(GCMapLoadADIF, TheMillerMapReadsHomeAfreshAndTheAzimuthalDoesNot) {

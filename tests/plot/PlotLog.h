@@ -36,7 +36,7 @@ inline std::string record(const Contact& c) {
 struct PlotRun {
     explicit PlotRun(const std::string& log, Projection projection = Projection::Azimuthal,
                      const std::string& settings = "") {
-        FieldTable::CreateFieldDictionary(folder.path());
+        (void)FieldTable::CreateFieldDictionary(folder.path());
         folder.write("t.ini", "[Globals]\r\nLatitude=40\r\nLongitude=-74\r\n"
                               "[GCMapOptions]\r\nShowMe=False\r\nBand0=1\r\nMode0=1\r\nIOTA0=1\r\n"
                               "Marker=Large\r\n"

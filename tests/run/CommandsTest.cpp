@@ -196,14 +196,16 @@ TEST(SaveMap, WritesTheMapOnShowAndTellsHowItWent) {
     const std::string name = program.prompt.told.at(0).substr(0, 28);
     EXPECT_EQ(program.prompt.told[0], name + " has been saved.");
     EXPECT_EQ(program.map->Picture2.Image(), before);
-    const std::optional<QImage> image = LoadPicture(program.folder.path(name));
+    const LoadedPicture image = LoadPicture(program.folder.path(name));
     ASSERT_TRUE(image);
-    EXPECT_EQ(image->size(), before.size());
-    EXPECT_EQ(image->copy(0, 0, before.width(), 200), before.copy(0, 0, before.width(), 200));
-    EXPECT_NE(*image, before) << "stamped";
+    EXPECT_EQ(image.image.size(), before.size());
+    EXPECT_EQ(image.image.copy(0, 0, before.width(), 200), before.copy(0, 0, before.width(), 200));
+    EXPECT_NE(image.image, before) << "stamped";
     const ReadOnlyFolder locked(program.folder);
     program.commands->mnuSaveMap();
-    EXPECT_EQ(program.prompt.told.at(1).substr(28), " could not be saved.");
+    const std::string& failed = program.prompt.told.at(1);
+    EXPECT_TRUE(failed.substr(28).starts_with(" could not be saved.\r\n")) << failed;
+    EXPECT_TRUE(failed.ends_with(".bmp\r\nPermission denied")) << failed;
 }
 
 } // namespace

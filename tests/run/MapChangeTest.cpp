@@ -125,7 +125,16 @@ TEST(CustomMap, IsKeptForItsMapAndServesTheRelief) {
                       file);
             EXPECT_TRUE(showsRelief(program)) << "of the picture before when this one is bad";
         }
-        EXPECT_TRUE(program.prompt.told.empty());
+        EXPECT_EQ(program.prompt.told,
+                  std::vector<std::string>{"The picture could not be used.\r\n" +
+                                           program.folder.path("bad.jpg") +
+                                           "\r\nUnsupported image format"});
+        program.prompt.told.clear();
+        program.restart(); // it is the stored one now
+        program.start();
+        program.commands->mnuRecreateMap();
+        EXPECT_TRUE(showsRelief(program) == false && program.prompt.told.size() == 1U)
+            << "the built-in picture serves, and the user knows";
     }
 }
 

@@ -99,17 +99,73 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
     }
 }
 
-TEST(Start, WhatIsNoNumberAndNoPictureIsAsIfItWereMissing) {
+TEST(Start, WhatIsNoNumberAndNoPictureGivesWayToDefaults) {
     for (const char* garbage : {"", "no bitmap", "BM\1\2\3\4"}) {
-        TestProgram program(home +
-                            "GCHeight=tall\r\n[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+        TestProgram program(home + "GCHeight=tall\r\n");
         program.folder.write("GCBaseMap.map", garbage);
         program.start();
         EXPECT_EQ(program.window.height, 8000.0F);
         EXPECT_EQ(program.look(), "world home ");
         EXPECT_TRUE(LoadPicture(program.folder.path("GCBaseMap.map")));
-        EXPECT_FALSE(program.data->run.marks.mnuMeridian || program.data->run.marks.mnuTopo);
         EXPECT_TRUE(program.prompt.asked.empty());
+    }
+}
+
+TEST(Start, ACacheThatIsNoWholeBaseMapIsBuiltAnewAsAllIsSwitched) {
+    TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+    writeCache(program.folder);
+    const std::string whole = program.folder.read("GCBaseMap.map");
+    ASSERT_TRUE(SavePicture(QImage(1, 1, QImage::Format_RGB32), program.folder.path("tiny")));
+    for (const std::string& cut :
+         {whole.substr(0, whole.size() / 2), whole + "x", program.folder.read("tiny")}) {
+        program.folder.write("GCBaseMap.map", cut);
+        program.restart();
+        program.start();
+        EXPECT_EQ(program.folder.read("GCBaseMap.map").size(), whole.size());
+        EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
+        EXPECT_EQ(program.look(0x000000), "home graticule ") << "relief on the land";
+        EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
+        EXPECT_EQ(program.listener.begun, 0);
+    }
+}
+
+TEST(Start, ThatChangesNoSettingWritesNoFile) {
+    TestProgram program(home);
+    program.start();
+    const auto stamp = [&program] {
+        return std::filesystem::last_write_time(program.folder.path("Tovrel.ini"));
+    };
+    program.restart();
+    program.start(); // repairs the key that a first run leaves out
+    const auto before = stamp();
+    const ReadOnlyFolder locked(program.folder);
+    program.restart();
+    program.start();
+    EXPECT_EQ(stamp(), before);
+    EXPECT_FALSE(program.data->ini.takeFailure());
+    EXPECT_TRUE(program.prompt.told.empty());
+}
+
+TEST(Start, WithSettingsOutOfReachShowsTheDefaultsAndTouchesNothing) {
+    for (const bool folderInPlace : {true, false}) {
+        TestProgram program;
+        writeCache(program.folder);
+        const std::string cache = program.folder.read("GCBaseMap.map");
+        if (folderInPlace)
+            std::filesystem::create_directory(program.folder.path("Tovrel.ini"));
+        else
+            program.folder.write("Tovrel.ini", "no settings");
+        program.restart();
+        program.start();
+        program.commands->mnuRecreateMap();
+        EXPECT_EQ(program.look(), "world home ");
+        EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache) << "of a home that is not known";
+        const std::string reason = folderInPlace ? "Is a directory" : "This is no settings file";
+        EXPECT_EQ(messageOf(program.data->ini.takeFailure().value()),
+                  "The settings file could not be read.\r\n" + program.folder.path("Tovrel.ini") +
+                      "\r\n" + reason);
+        EXPECT_FALSE(program.data->ini.takeFailure()) << "told once";
+        EXPECT_EQ(program.window.takeCalls().find("ask station"), std::string::npos);
     }
 }
 
@@ -139,6 +195,26 @@ TEST(Start, ACacheThatCantBeWrittenServesFromMemory) {
     program.map->Form_Resize();
     EXPECT_EQ(program.look(), "world home ");
     EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
+    const std::string map = program.folder.path("GCBaseMap.map");
+    EXPECT_EQ(program.prompt.told[0], "The tag list could not be created.\r\n" +
+                                          program.folder.path("TVADIF.txt") +
+                                          "\r\nPermission denied");
+    EXPECT_EQ(program.prompt.told[1],
+              "The base map could not be stored.\r\n" + map + "\r\nPermission denied");
+    EXPECT_EQ(program.data->ini.takeFailure().value().what, "The settings could not be stored.");
+}
+
+TEST(Start, TellsOfADamagedCoastlineAndCachesNoMapWithoutIt) {
+    for (const std::string& coast : {std::string(), coastStroke({{0, 0}, {600, 600}}).substr(6)}) {
+        TestProgram program(home);
+        program.folder.write("mapper.pnt", coast);
+        program.start();
+        ASSERT_EQ(program.prompt.told.size(), 1U);
+        EXPECT_EQ(program.prompt.told[0], "The databse file 'Mapper.pnt' could not be read.\r\n" +
+                                              program.folder.path("mapper.pnt") +
+                                              "\r\nThe file is damaged: no coastline begins in it");
+        EXPECT_EQ(program.folder.names(), "TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
+    }
 }
 
 TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {

@@ -45,10 +45,10 @@ TEST(iniFiles, convertsTextsOfEveryKind) {
 TEST(iniFiles, trimsWhatItWritesAndFindsItInAnyCase) {
     const TestFolder folder;
     iniFiles ini(folder.path(), "My Settings.ini");
-    EXPECT_FALSE(ini.fileExists());
+    EXPECT_EQ(ini.state(), PrivateProfile::State::Missing);
     EXPECT_EQ(ini.ReadIniValue("Log", "adifile"), "");
     EXPECT_TRUE(ini.WriteIniValue("Log", " ADIFile ", "  /a b/log.adi "));
-    EXPECT_TRUE(ini.fileExists());
+    EXPECT_EQ(ini.state(), PrivateProfile::State::Settings);
     EXPECT_EQ(folder.read("My Settings.ini"), "[Log]\r\nADIFile=/a b/log.adi\r\n");
     EXPECT_EQ(ini.ReadIniValue("LOG", "adifile"), "/a b/log.adi");
     ini.WriteIniValue("Log", "adifile", std::string(600, 'x'));

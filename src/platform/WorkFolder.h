@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QLockFile>
+#include <QTemporaryDir>
+#include <optional>
+#include <string>
+
+namespace tovrel {
+
+/// A folder of a run's own for work files, hidden in the folder where their result will stand, so
+/// that they can be renamed into place. It goes with this object, with all that is in it.
+///
+/// What a run left that was killed is cleared by the next one in the same place. A folder counts as
+/// such only when it holds a lock file that belongs to this user and to no living process.
+class WorkFolder {
+public:
+    /// @param place folder in which it is made; empty for the current one
+    explicit WorkFolder(const std::string& place);
+
+    bool isValid() const { return folder_.isValid(); }
+
+    /// Why it could not be made; to be asked for when it is not valid.
+    std::string error() const;
+
+    /// Path of a file in it.
+    std::string path(std::string_view name) const;
+
+private:
+    void clearDeadOnes(const std::string& place) const;
+
+    QTemporaryDir folder_;
+    std::optional<QLockFile> lock_; ///< released before the folder goes
+};
+
+} // namespace tovrel

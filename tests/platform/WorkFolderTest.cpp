@@ -1,0 +1,52 @@
+#include "platform/WorkFolder.h"
+
+#include "platform/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace tovrel {
+namespace {
+
+std::string hiddenIn(const TestFolder& folder) {
+    std::string all;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+        all += entry.path().filename().string() + " ";
+    return all;
+}
+
+TEST(WorkFolder, isHiddenInItsPlaceAndGoesWithAllThatIsInIt) {
+    const TestFolder place;
+    {
+        const WorkFolder first(place.path());
+        const WorkFolder second(place.path());
+        ASSERT_TRUE(first.isValid() && second.isValid());
+        EXPECT_TRUE(first.path("a.kml").starts_with(place.path(".tovrel-")));
+        std::ofstream(first.path("a.kml")) << "x";
+        EXPECT_EQ(std::filesystem::status(splitPath(first.path("a")).folder).permissions(),
+                  std::filesystem::perms::owner_all);
+    }
+    EXPECT_EQ(hiddenIn(place), "");
+    const WorkFolder nowhere(place.path("missing"));
+    EXPECT_FALSE(nowhere.isValid());
+    EXPECT_EQ(nowhere.error(), "No such file or directory");
+}
+
+TEST(WorkFolder, clearsOnlyWhatIsKnownToBeDead) {
+    const TestFolder place;
+    const std::string dead = "99999999\ntovrel\n\n\n"; // no process has that number
+    for (const char* name : {".tovrel-dead", ".tovrel-plain", ".other-dead"})
+        std::filesystem::create_directory(place.path(name));
+    place.write(".tovrel-dead/lock", dead);
+    place.write(".tovrel-dead/log.kml", "half");
+    place.write(".tovrel-plain/log.kml", "somebody's");
+    place.write(".other-dead/lock", dead);
+    const WorkFolder living(place.path());
+    const WorkFolder mine(place.path());
+    EXPECT_TRUE(std::filesystem::exists(living.path({})));
+    EXPECT_FALSE(std::filesystem::exists(place.path(".tovrel-dead")));
+    EXPECT_TRUE(std::filesystem::exists(place.path(".tovrel-plain/log.kml")));
+    EXPECT_TRUE(std::filesystem::exists(place.path(".other-dead/lock")));
+}
+
+} // namespace
+} // namespace tovrel
