@@ -51,6 +51,12 @@ void BatchConsole::keep(const std::string& message, const std::string& line) {
     }
 }
 
+void BatchConsole::hint(const std::string& line) {
+    if (!quiet_) {
+        print(line);
+    }
+}
+
 void BatchConsole::showFailure() {
     if (quiet_ && !lastLine_.empty()) {
         print(lastLine_);

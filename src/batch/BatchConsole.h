@@ -21,6 +21,9 @@ public:
     void tell(const std::string& text, MessageIcon icon) override;
     void tellFailure(const FileFailure& failure) override;
 
+    /// Says what is no message of the run, unless it is quiet.
+    void hint(const std::string& line);
+
     /// The run has failed: the line that tells why is shown even when the run is quiet.
     void showFailure();
 

@@ -6,7 +6,12 @@
 #include "batch/BatchSettings.h"
 #include "batch/Interruption.h"
 #include "export/GoogleExport.h"
+#include "platform/ByteText.h"
 #include "platform/Files.h"
+#include "platform/WorkFolder.h"
+
+#include <QDir>
+#include <optional>
 
 namespace tovrel {
 
@@ -21,6 +26,21 @@ KmzCounters countersOf(const GoogleExport& pass) {
             .GoogleHeard = placed.GoogleHeard};
 }
 
+/// @return whether the archive's icons are in the folder; the first that is not is told
+bool iconsFound(const std::string& folder, BatchConsole& console) {
+    for (const std::string_view icon : GoogleExport::icons) {
+        const std::string path = filePath(folder, icon);
+        if (readFile(path, 0).isMissing()) {
+            console.tellFailure({FileFailure::Act::Read, "An icon of the KMZ file is missing.",
+                                 path, "No such file or directory"});
+            console.showFailure();
+            console.hint("--allow-incomplete makes the KMZ file all the same");
+            return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 BatchResult batchKmz(const BatchOptions& options) {
@@ -30,22 +50,23 @@ BatchResult batchKmz(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
 
-    const ExportFiles named = exportFilesFor(options.log);
-    const std::string archive = options.output.empty() ? named.archive : options.output;
-    const std::string document =
-        joinPath(splitPath(archive).folder, splitPath(named.KmlFileName).name);
-    if (options.keepKml && isSameFile(document, options.log)) {
-        cantWrite(document, "it is the log");
+    if (!options.allowIncomplete && !iconsFound(options.folder, console)) {
         return BatchResult::FileFailed;
     }
-
-    const UnfinishedFile unfinished; // ends behind the work folder
+    const UnfinishedFile unfinished; // ends behind the work folders
+    std::optional<WorkFolder> spool;
+    std::string archive = options.output;
+    if (archive == "-") {
+        spool.emplace(byteText(QDir::tempPath()));
+        archive = spool->path("log.kmz");
+    }
     GoogleExport pass(data.ini, data.google, data.run, data.stats, data.tables.counters.QsosPlotted,
                       console, console, [](const std::string& /*path*/) { return false; });
     const ExportEnd end = pass.CreateGoogleFile(
-        {.KmlFileName = document,
+        {.KmlFileName = joinPath(splitPath(archive).folder, splitPath(options.document).name),
          .archive = archive,
-         .document = options.keepKml ? ExportFiles::Document::Kept : ExportFiles::Document::Never});
+         .document = options.keepKml ? ExportFiles::Document::Kept : ExportFiles::Document::Never,
+         .archiveTitle = spool ? "standard output" : ""});
     if (end != ExportEnd::Done && end != ExportEnd::NothingPlaced) {
         if (end != ExportEnd::Aborted) {
             console.showFailure();
@@ -53,8 +74,9 @@ BatchResult batchKmz(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
     const bool written =
-        options.report.empty() ||
-        writeResult(options.report, kmzReport(countersOf(pass), data, console.messages()));
+        (!spool || end != ExportEnd::Done || copyToStandardOutput(archive)) &&
+        (options.report.empty() ||
+         writeResult(options.report, kmzReport(countersOf(pass), data, console.messages())));
     if (!written) {
         return BatchResult::FileFailed;
     }

@@ -33,15 +33,16 @@ std::optional<std::pair<double, double>> numberPair(std::string_view text) {
     return first && second ? std::optional(std::pair(*first, *second)) : std::nullopt;
 }
 
-/// The parts of a list with commas; one empty part when the text is empty.
+/// The parts of a list with commas, without the blanks round them; one empty part when the text is
+/// empty.
 std::vector<std::string_view> commaList(std::string_view text) {
     std::vector<std::string_view> parts;
     for (std::size_t comma = text.find(','); comma != std::string_view::npos;
          comma = text.find(',')) {
-        parts.push_back(text.substr(0, comma));
+        parts.push_back(trimBlanks(text.substr(0, comma)));
         text.remove_prefix(comma + 1);
     }
-    parts.push_back(text);
+    parts.push_back(trimBlanks(text));
     return parts;
 }
 
@@ -157,9 +158,8 @@ bool takeTipParts(BatchOptions& options, Value value) {
 
 bool takeMyCall(BatchOptions& options, Value value) {
     options.myCall = value;
-    return !trimBlanks(value).empty() && std::none_of(value.begin(), value.end(), [](char c) {
-        return static_cast<unsigned char>(c) < ' ';
-    });
+    return std::none_of(value.begin(), value.end(),
+                        [](char c) { return static_cast<unsigned char>(c) < ' '; });
 }
 
 struct Rule {
@@ -175,6 +175,8 @@ constexpr Rule rules[] = {
     {"--report", true, true, "the name of a file, or -", takeText<&BatchOptions::report>},
     {"--quiet", true, true, nullptr,
      [](BatchOptions& options, Value /*value*/) { return options.quiet = true; }},
+    {"--allow-incomplete", true, true, nullptr,
+     [](BatchOptions& options, Value /*value*/) { return options.allowIncomplete = true; }},
     {"--bands", true, true, "off, or some of 2M,6M,10M,12M,15M,17M,20M,30M,40M,60M,80M,160M",
      takeGroup<Criterion::Band>},
     {"--modes", true, true, "off, or some of Phone,CW,Digital", takeGroup<Criterion::Mode>},
@@ -187,13 +189,13 @@ constexpr Rule rules[] = {
     {"--home-mark", true, false, "on or off", takeOnOff<&BatchOptions::homeMark>},
     {"--topo", true, false, "on or off", takeOnOff<&BatchOptions::topo>},
     {"--size", true, false, "a width of 200 to 8000 pixels", takeSize},
-    {"--image", true, false, "a name that ends in .png, .bmp or .jpg",
+    {"--image", true, false, "- or a name that ends in .png, .bmp or .jpg",
      takePicture<&BatchOptions::image>},
-    {"--base-map", true, false, "a name that ends in .png, .bmp or .jpg",
+    {"--base-map", true, false, "- or a name that ends in .png, .bmp or .jpg",
      takePicture<&BatchOptions::baseMap>},
     {"--tip", true, false, "Y,X in map units, for example -1200,3500.5", takeTip},
     {"--tip-parts", true, false, "some of call,latlong,country, or nothing", takeTipParts},
-    {"--output", false, true, "the name of a file", takeText<&BatchOptions::output>},
+    {"--output", false, true, "the name of a file, or -", takeText<&BatchOptions::output>},
     {"--my-call", false, true, "a call", takeMyCall},
     {"--call-names", false, true, "on or off", takeOnOff<&BatchOptions::callNames>},
     {"--keep-kml", false, true, nullptr,
@@ -214,7 +216,7 @@ public:
             const std::string& argument = arguments_[next_++];
             if (argument == "--" && !optionsEnded) {
                 optionsEnded = true;
-            } else if (!optionsEnded && argument.starts_with('-')) {
+            } else if (!optionsEnded && argument.starts_with('-') && argument != "-") {
                 takeOption(argument);
             } else if (parsed_.options.log.empty()) {
                 parsed_.options.log = argument;
@@ -222,13 +224,27 @@ public:
                 parsed_.error = "more than one log: " + argument;
             }
         }
-        if (parsed_.error.empty() && parsed_.options.log.empty()) {
-            parsed_.error = arguments_[0] + " needs the name of a log";
+        if (parsed_.error.empty()) {
+            parsed_.error = whatIsMissing();
         }
         return parsed_;
     }
 
 private:
+    std::string whatIsMissing() const {
+        const BatchOptions& options = parsed_.options;
+        if (options.log.empty()) {
+            return arguments_[0] + " needs the name of a log, or - for standard input";
+        }
+        if (options.command == BatchOptions::Command::Plot && options.image.empty() &&
+            options.baseMap.empty() && options.report.empty() && options.tips.empty()) {
+            return "plot makes nothing without --image, --base-map, --report or --tip";
+        }
+        return options.output == "-" && options.keepKml
+                   ? "--keep-kml needs a file as --output, to lie beside it"
+                   : std::string();
+    }
+
     void takeOption(const std::string& argument) {
         const std::size_t equals = argument.find('=');
         const std::string name = argument.substr(0, equals);
@@ -278,12 +294,22 @@ const char* imageFormat(const std::string& path) {
     if (equalIgnoringCase(extension, ".bmp")) {
         return "BMP";
     }
+    if (path == "-") {
+        return "PNG";
+    }
     const bool jpeg = equalIgnoringCase(extension, ".jpg") || equalIgnoringCase(extension, ".jpeg");
     return jpeg ? "JPG" : nullptr;
 }
 
 ParsedOptions parseOptions(const std::vector<std::string>& arguments) {
     ParsedOptions parsed;
+    for (const std::string& argument : arguments) {
+        // Names of files are handled as Unicode; another file's name would come of these bytes.
+        if (!isUtf8(argument)) {
+            parsed.error = "not UTF-8, and so not usable: " + byteText(displayText(argument));
+            return parsed;
+        }
+    }
     for (const std::string& argument : arguments) {
         if (argument == "--help" || argument == "--version") {
             parsed.options.command =

@@ -30,10 +30,12 @@ enum class Compass { Off, Every15, Every45 };
 struct BatchOptions {
     enum class Command { Help, Version, Plot, Kmz };
     Command command = Command::Help;
-    std::string log;
-    std::string folder; ///< empty: the program's own
-    std::string report; ///< empty: none; "-" for standard output
+    std::string log;      ///< "-" for standard input
+    std::string logTitle; ///< the log as the user named it, when that is no path of it
+    std::string folder;   ///< empty: the program's own
+    std::string report;   ///< empty: none; "-" for standard output
     bool quiet = false;
+    bool allowIncomplete = false;    ///< a map without its data, a KMZ file without icons will do
     std::vector<FilterGroup> filter; ///< groups to be replaced; of two equal ones the later counts
     std::optional<MarkerSize> marker;
 
@@ -45,14 +47,15 @@ struct BatchOptions {
     std::optional<bool> homeMark;
     std::optional<bool> topo;
     int size = 800;      ///< width of the picture, pixels
-    std::string image;   ///< empty: none
-    std::string baseMap; ///< empty: none
+    std::string image;   ///< empty: none; "-" for standard output, as PNG
+    std::string baseMap; ///< likewise
     std::vector<MapPosition> tips;
     std::optional<TipParts> tipParts;
 
     // Of kmz.
-    std::string output; ///< empty: beside the log, as the window program names it
-    std::string myCall;
+    std::string output; ///< "-" for standard output; empty, until completePlaces(): beside the log
+    std::string document; ///< place of the KML document with keepKml, and its name; see there too
+    std::optional<std::string> myCall;
     std::optional<bool> callNames;
     bool keepKml = false;
 };
@@ -67,10 +70,11 @@ struct ParsedOptions {
 /// @param arguments without the program's name
 ParsedOptions parseOptions(const std::vector<std::string>& arguments);
 
-/// Format of a picture by its file's extension, "PNG", "BMP" or "JPG"; null for any other.
+/// Format of a picture by its file's extension, "PNG", "BMP" or "JPG", or of standard output,
+/// "PNG"; null for any other.
 const char* imageFormat(const std::string& path);
 
-/// What --help prints.
+/// What --help prints: as much as a screen of 80 by 45 shows.
 extern const char* const usageText;
 
 } // namespace tovrel

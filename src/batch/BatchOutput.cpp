@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <cerrno>
 #include <cstdio>
@@ -59,6 +60,22 @@ bool writeResult(const std::string& path, std::string_view bytes) {
     const bool device = place.exists() && !place.isFile() && !place.isDir();
     const WriteEnd end = device ? writeIntoDevice(path, bytes) : writeFile(path, bytes);
     return end || cantWrite(path, end.reason);
+}
+
+bool copyToStandardOutput(const std::string& file) {
+    constexpr qint64 blockSize = qint64{1} << 18U;
+    QFile source(QString::fromStdString(file));
+    bool good = source.open(QIODevice::ReadOnly);
+    while (good && !source.atEnd()) {
+        const QByteArray block = source.read(blockSize);
+        good = !block.isEmpty();
+        const WriteEnd end =
+            writeInto(stdout, {block.constData(), static_cast<std::size_t>(block.size())});
+        if (!end) {
+            return cantWrite("standard output", end.reason);
+        }
+    }
+    return good || cantWrite("standard output", byteText(source.errorString()));
 }
 
 bool writePicture(const std::string& path, const QImage& picture) {

@@ -12,7 +12,10 @@ namespace tovrel {
 /// @param path of a file, or "-" for standard output
 bool writeResult(const std::string& path, std::string_view bytes);
 
-/// @param path of a file whose extension tells the format
+/// A file's bytes to standard output, a block at a time.
+bool copyToStandardOutput(const std::string& file);
+
+/// @param path of a file whose extension tells the format, or "-" for standard output
 bool writePicture(const std::string& path, const QImage& picture);
 
 /// Tells of a file that can't be written.

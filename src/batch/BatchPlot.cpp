@@ -10,6 +10,7 @@
 #include "plot/GCMapLoadADIF.h"
 #include "run/MapRun.h"
 
+#include <QFontInfo>
 #include <algorithm>
 
 namespace tovrel {
@@ -37,6 +38,18 @@ std::string tipLines(RunData& data, const std::vector<MapPosition>& positions) {
     return lines;
 }
 
+/// @return whether nothing is missing; what is, is told
+bool drawBaseMap(MapRun& map, BatchConsole& console) {
+    // Families of a few names stand in the list even where no font is installed.
+    const bool hasFonts = !QFontInfo(QFont(QStringLiteral("Arial"))).family().isEmpty();
+    if (!hasFonts) {
+        console.tell("No font is installed that the map's letters could be drawn with.",
+                     MessageIcon::Exclamation);
+    }
+    const BaseMapEnd end = map.drawBaseMapInMemory();
+    return hasFonts && !end.dataMissing && !end.dataUnreadable;
+}
+
 } // namespace
 
 BatchResult batchPlot(const BatchOptions& options) {
@@ -49,9 +62,10 @@ BatchResult batchPlot(const BatchOptions& options) {
     const float width = twipsFromPixels(options.size);
     BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
     MapRun map(data, window, console, console);
-    const BaseMapEnd baseMap = map.drawBaseMapInMemory();
-    if (baseMap.dataUnreadable) {
+    const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
+    if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {
         console.showFailure();
+        console.hint("--allow-incomplete draws the map all the same");
         return BatchResult::FileFailed;
     }
     if (!options.baseMap.empty() && !writePicture(options.baseMap, map.Picture1.Image())) {

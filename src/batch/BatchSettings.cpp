@@ -43,6 +43,16 @@ void writeMapOptions(iniFiles& ini, std::string_view section, const BatchOptions
     }
 }
 
+/// Without settings a map has its middle where hardly anybody lives, and a document no owner.
+void hintAtDefaults(const BatchOptions& options, BatchConsole& console) {
+    const bool plot = options.command == BatchOptions::Command::Plot;
+    if (plot && !options.home) {
+        console.hint("no settings tell the home position, 0,0 is taken; --home LAT,LON sets it");
+    } else if (!plot && !options.myCall) {
+        console.hint("no settings tell the call of the station; --my-call CALL sets it");
+    }
+}
+
 void applyPlotOptions(RunData& data, const BatchOptions& options) {
     if (options.home) {
         data.ini.WriteIniValue(section::globals, "Latitude", decimalText(options.home->latitude));
@@ -55,12 +65,17 @@ void applyPlotOptions(RunData& data, const BatchOptions& options) {
     data.run.marks.projection = projection;
     writeMapOptions(data.ini, sectionOf(projection), options);
     data.maps.load(projection);
+    MapOptions& map = data.maps.inForce();
+    if (!options.tipParts && !map.chkCall && !map.chkLatLong && !map.chkCountry) {
+        // Whoever asks for tips wants to read something in them.
+        map.chkCall = map.chkLatLong = map.chkCountry = true;
+    }
     data.run.FormReady = true;
 }
 
 void applyKmzOptions(RunData& data, const BatchOptions& options) {
-    if (!options.myCall.empty()) {
-        data.ini.WriteIniValue(section::globals, "MyCall", options.myCall);
+    if (options.myCall) {
+        data.ini.WriteIniValue(section::globals, "MyCall", *options.myCall);
     }
     writeFilter(data.ini, section::google, options);
     for (const FilterGroup& group : options.filter) {
@@ -81,6 +96,9 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
         console.showFailure();
         return false;
     }
+    if (data.ini.state() == PrivateProfile::State::Missing) {
+        hintAtDefaults(options, console);
+    }
     InitSettings(data.ini, data.maps, data.google, data.run);
     if (options.command == BatchOptions::Command::Plot) {
         applyPlotOptions(data, options);
@@ -88,6 +106,7 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
         applyKmzOptions(data, options);
     }
     data.run.LogFileName = options.log;
+    data.run.LogTitle = options.logTitle;
     return true;
 }
 

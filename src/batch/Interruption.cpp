@@ -1,6 +1,7 @@
 #include "batch/Interruption.h"
 
 #include <csignal>
+#include <initializer_list>
 
 namespace tovrel {
 
@@ -26,8 +27,11 @@ extern "C" void takeSignal(int number) {
 } // namespace
 
 void watchForInterruption() {
-    std::signal(SIGINT, takeSignal);
-    std::signal(SIGTERM, takeSignal);
+    for (const int number : {SIGINT, SIGTERM, SIGHUP, SIGPIPE}) {
+        if (std::signal(number, takeSignal) == SIG_IGN) {
+            std::signal(number, SIG_IGN);
+        }
+    }
 }
 
 bool interrupted() { return pendingSignal != 0; }

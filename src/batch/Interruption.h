@@ -2,8 +2,9 @@
 
 namespace tovrel {
 
-/// From now on Ctrl-C (and a polite request to end) ends the program at once, unless a file is
-/// being made: then as soon as that one is whole or gone.
+/// From now on Ctrl-C, a polite request to end, a terminal that goes and a pipe that nobody reads
+/// any more end the program at once, unless a file is being made: then as soon as that one is whole
+/// or gone. What the caller told it not to heed stays so.
 void watchForInterruption();
 
 /// Whether somebody has asked for the end and what is being made should be given up.

@@ -1,16 +1,20 @@
 #include "batch/BatchKmz.h"
 #include "batch/BatchOptions.h"
+#include "batch/BatchOutput.h"
+#include "batch/BatchPlaces.h"
 #include "batch/BatchPlot.h"
 #include "batch/Interruption.h"
 #include "platform/ByteText.h"
-#include "platform/Files.h"
 #include "platform/ProgramFolder.h"
+#include "platform/SpooledInput.h"
+#include "platform/Threads.h"
 #include "run/Commands.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QStandardPaths>
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -24,65 +28,63 @@ void onlyCritical(QtMsgType type, const QMessageLogContext& /*context*/, const Q
     }
 }
 
-BatchResult wrongUse(const std::string& reason) {
-    std::fprintf(stderr, "tovrel-batch: %s\n", reason.c_str());
-    return BatchResult::WrongUse;
-}
-
-/// The option that would put its file in the log's place; empty when none would.
-std::string optionReplacingLog(const BatchOptions& options) {
-    const auto canonical = [](const std::string& path) {
-        return QFileInfo(QString::fromStdString(path)).canonicalFilePath();
-    };
-    const std::pair<const char*, const std::string*> outputs[] = {{"--image", &options.image},
-                                                                  {"--base-map", &options.baseMap},
-                                                                  {"--report", &options.report},
-                                                                  {"--output", &options.output}};
-    for (const auto& [option, path] : outputs) {
-        if (!path->empty() && canonical(*path) == canonical(options.log)) {
-            return option;
-        }
-    }
-    return {};
+BatchResult fail(BatchResult result, const std::string& line) {
+    tovrel::printError(line);
+    return result;
 }
 
 BatchResult runCommand(BatchOptions options) {
-    if (!tovrel::fileExists(options.log)) {
-        std::fprintf(stderr, "tovrel-batch: there is no log %s\n", options.log.c_str());
-        return BatchResult::FileFailed;
-    }
-    if (const std::string option = optionReplacingLog(options); !option.empty()) {
-        return wrongUse(option + ": the file would replace the log");
-    }
     if (options.folder.empty()) {
         options.folder = tovrel::existingProgramFolder(
             tovrel::byteText(QGuiApplication::applicationDirPath()),
             tovrel::byteText(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     } else if (!QFileInfo(QString::fromStdString(options.folder)).isDir()) {
-        std::fprintf(stderr, "tovrel-batch: there is no folder %s\n", options.folder.c_str());
-        return BatchResult::FileFailed;
+        return fail(BatchResult::FileFailed, "there is no folder " + options.folder);
     }
-    return options.command == BatchOptions::Command::Kmz ? tovrel::batchKmz(options)
-                                                         : tovrel::batchPlot(options);
+    const bool kmz = options.command == BatchOptions::Command::Kmz;
+    const bool piped = tovrel::isPiped(options.log);
+    if (kmz && piped && options.output.empty()) {
+        return fail(BatchResult::WrongUse, "a log from a pipe lies nowhere: --output is needed");
+    }
+    tovrel::completePlaces(options);
+    if (const tovrel::PlaceFault fault = tovrel::faultOfPlaces(options)) {
+        return fail(fault.status, fault.line);
+    }
+    std::optional<tovrel::SpooledInput> spooled;
+    if (piped) {
+        const bool standard = options.log == "-";
+        options.logTitle = standard ? "standard input" : options.log;
+        spooled.emplace(standard ? std::string() : options.log);
+        if (!spooled->error().empty()) {
+            return fail(BatchResult::FileFailed,
+                        tovrel::cantText(options.logTitle, "read", spooled->error()));
+        }
+        options.log = spooled->path();
+    }
+    return kmz ? tovrel::batchKmz(options) : tovrel::batchPlot(options);
+}
+
+/// @return whether all of it reached standard output
+BatchResult print(const std::string& text) {
+    return tovrel::writeResult("-", text) ? BatchResult::Done : BatchResult::FileFailed;
 }
 
 BatchResult run(int argc, char* argv[]) {
     const tovrel::ParsedOptions parsed = tovrel::parseOptions({argv + 1, argv + argc});
     if (!parsed.error.empty()) {
-        return wrongUse(parsed.error);
+        return fail(BatchResult::WrongUse, parsed.error);
     }
     switch (parsed.options.command) {
     case BatchOptions::Command::Help:
-        std::fputs(tovrel::usageText, stdout);
-        return BatchResult::Done;
+        return print(tovrel::usageText);
     case BatchOptions::Command::Version:
-        std::printf("tovrel-batch %s\n", std::string(tovrel::GetVersionString()).c_str());
-        return BatchResult::Done;
+        return print("tovrel-batch " + std::string(tovrel::GetVersionString()) + "\n");
     case BatchOptions::Command::Plot:
     case BatchOptions::Command::Kmz:
         break;
     }
     tovrel::watchForInterruption();
+    tovrel::limitThreadsToPossible();
     // Text on the map needs fonts, and those an application, but no display.
     qInstallMessageHandler(onlyCritical);
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -98,7 +100,6 @@ int main(int argc, char* argv[]) {
     try {
         return static_cast<int>(run(argc, argv));
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "tovrel-batch: %s\n", failure.what());
-        return static_cast<int>(BatchResult::FileFailed);
+        return static_cast<int>(fail(BatchResult::FileFailed, failure.what()));
     }
 }

@@ -218,8 +218,7 @@ std::string GoogleExport::packDocument() {
         return "the document was changed before it was packed";
     }
     listener_.showProgress(98.0F);
-    for (const std::string_view icon :
-         {"Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"}) {
+    for (const std::string_view icon : icons) {
         // The document names the icons so, however they are spelt in the folder. The archive
         // does without one that is missing.
         const std::string path = filePath(ini_.programFolder(), icon);
@@ -295,7 +294,7 @@ ExportEnd GoogleExport::failLog(const std::string& reason) {
 ExportEnd GoogleExport::failDocument(const std::string& reason) {
     // A document that will never stand anywhere has no place that the user knows.
     if (files_.document == ExportFiles::Document::Never) {
-        return failArchive(ExportEnd::DocumentFailed, files_.archive, reason);
+        return failArchive(ExportEnd::DocumentFailed, shownArchive(), reason);
     }
     return fail(ExportEnd::DocumentFailed,
                 {FileFailure::Act::Write, "The Google Earth document could not be written.",
@@ -304,7 +303,7 @@ ExportEnd GoogleExport::failDocument(const std::string& reason) {
 
 ExportEnd GoogleExport::failPacking(const std::string& reason) {
     const WriteEnd left = leaveDocument();
-    const ExportEnd end = failArchive(ExportEnd::ArchiveFailed, files_.archive, reason);
+    const ExportEnd end = failArchive(ExportEnd::ArchiveFailed, shownArchive(), reason);
     return left ? end : failDocument(left.reason);
 }
 

@@ -11,6 +11,7 @@
 #include "state/iniFiles.h"
 #include "stats/MapStats.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -34,6 +35,7 @@ struct ExportFiles {
     std::string KmlFileName; ///< place of the document; the archive has its name
     std::string archive;
     Document document = Document::Unpacked;
+    std::string archiveTitle{}; ///< how to name the archive when its path means nothing to the user
 };
 
 /// The files of a log's export, beside the log.
@@ -65,6 +67,10 @@ public:
     /// Opens a file with the program that the system has for it.
     using OpenFile = std::function<bool(const std::string& path)>;
 
+    /// The icons of the archive, as the document names them, found in the program's folder.
+    static constexpr std::array<std::string_view, 3> icons = {
+        "Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"};
+
     /// @param QsosPlotted rows of the plot pass's table; a pass over the log makes them void
     GoogleExport(const iniFiles& ini, const GoogleMapOptions& options, RunState& run,
                  MapStats& stats, std::int32_t& QsosPlotted, PassListener& listener,
@@ -95,6 +101,9 @@ private:
     void offerToOpen();
 
     void dropFiles();
+    const std::string& shownArchive() const {
+        return files_.archiveTitle.empty() ? files_.archive : files_.archiveTitle;
+    }
     ExportEnd fail(ExportEnd end, const FileFailure& failure);
     ExportEnd failLog(const std::string& reason);
     ExportEnd failDocument(const std::string& reason);

@@ -93,15 +93,9 @@ void LogBook::writeBuffer() {
 }
 
 void LogBook::write(std::string_view bytes) {
-    while (!failed() && !bytes.empty()) {
-        // A disk that is nearly full takes a part of it and tells why when it is asked again.
-        const qint64 size = file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        if (size <= 0) {
-            error_ = byteText(file_.errorString());
-            return;
-        }
-        written_.add(bytes.substr(0, static_cast<std::size_t>(size)));
-        bytes.remove_prefix(static_cast<std::size_t>(size));
+    if (!failed()) {
+        error_ = writeAll(file_, bytes);
+        written_.add(bytes);
     }
 }
 

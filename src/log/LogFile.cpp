@@ -10,8 +10,8 @@ namespace tovrel {
 
 LogFile::LogFile(const std::string& path, Check check)
     : file_(QString::fromStdString(path)), check_(check) {
-    if (!fileExists(path)) {
-        error_ = file_.exists() ? "not a plain file" : "file not found";
+    if (const FileContent none = readFile(path, 0); !none) {
+        error_ = none.isMissing() ? "No such file or directory" : none.reason;
     } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         error_ = byteText(file_.errorString());
     } else {

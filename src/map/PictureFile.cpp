@@ -1,6 +1,7 @@
 #include "map/PictureFile.h"
 
 #include "platform/ByteText.h"
+#include "platform/Threads.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -18,6 +19,20 @@ LoadedPicture unreadable(std::string reason) {
     return {ReadEnd::Unreadable, {}, std::move(reason)};
 }
 
+/// The image as 32 bits without alpha.
+QImage withoutAlpha(QImage image) {
+    if (hasHelperThreads() || image.format() == QImage::Format_RGB32) {
+        image.convertTo(QImage::Format_RGB32);
+        return image;
+    }
+    QImage copy(image.size(), QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            copy.setPixel(x, y, image.pixel(x, y));
+    }
+    return copy;
+}
+
 LoadedPicture decode(const FileContent& file) {
     if (!file)
         return {file.end, {}, file.reason};
@@ -32,8 +47,7 @@ LoadedPicture decode(const FileContent& file) {
     QImage image = reader.read();
     if (image.isNull())
         return unreadable(byteText(reader.errorString()));
-    image.convertTo(QImage::Format_RGB32);
-    return {ReadEnd::Content, std::move(image), {}};
+    return {ReadEnd::Content, withoutAlpha(std::move(image)), {}};
 }
 
 /// Whether bytes are a bitmap of the length that its header tells.

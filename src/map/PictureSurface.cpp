@@ -1,5 +1,8 @@
 #include "map/PictureSurface.h"
 
+#include "map/PictureStretch.h"
+#include "platform/Threads.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
@@ -275,6 +278,10 @@ void PictureSurface::ExtFloodFill(int x, int y, Colour colour) {
 }
 
 void PictureSurface::StretchBlt(const PictureSurface& source) {
+    if (!hasHelperThreads()) {
+        image_ = stretchedAlone(source.image_, image_.size());
+        return;
+    }
     image_ = source.image_.scaled(image_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
                  .convertToFormat(QImage::Format_RGB32);
 }

@@ -11,6 +11,10 @@ bool equalIgnoringCase(std::string_view a, std::string_view b) {
                       [](char x, char y) { return upperCase(x) == upperCase(y); });
 }
 
+bool isUtf8(std::string_view bytes) {
+    return QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())).isValidUtf8();
+}
+
 QString displayText(std::string_view bytes) {
     const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
     QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);

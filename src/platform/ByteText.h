@@ -32,6 +32,9 @@ constexpr char upperCase(char c) {
 /// Whether two texts are equal when ASCII case does not count.
 bool equalIgnoringCase(std::string_view a, std::string_view b);
 
+/// Whether bytes are UTF-8.
+bool isUtf8(std::string_view bytes);
+
 /// Text for the screen: UTF-8 where the bytes are that, else Windows-1252.
 QString displayText(std::string_view bytes);
 

@@ -11,6 +11,7 @@
 #ifdef Q_OS_WIN
 #include <io.h>
 #else
+#include <fcntl.h>
 #include <unistd.h>
 #endif
 
@@ -47,17 +48,6 @@ FileContent notAPlainFile(const std::string& path) {
     return FileContent::unreadable(std::move(reason));
 }
 
-/// Why no file can be put in a place; empty when nothing is known against it.
-std::string faultOfPlace(const std::string& path) {
-    const QFileInfo place(fileName(path));
-    if (path.empty())
-        return reasonOf(std::errc::no_such_file_or_directory);
-    if (place.exists() && !place.isFile())
-        return notAPlainFile(path).reason;
-    return place.exists() && !place.isWritable() ? reasonOf(std::errc::permission_denied)
-                                                 : std::string();
-}
-
 /// Brings an open file to the disk, as far as the file system knows of such a thing.
 /// @return empty when that is done
 std::string sync(int handle) {
@@ -69,6 +59,17 @@ std::string sync(int handle) {
     if (synced || errno == EINVAL || errno == ENOTSUP)
         return {};
     return std::generic_category().message(errno);
+}
+
+/// Where a path leads in the end, links followed. The last part need not exist.
+std::filesystem::path resolved(const std::string& path) {
+    constexpr int mostLinks = 40; // as the system follows
+    std::error_code ignored;
+    std::filesystem::path place = systemPath(path);
+    for (int links = 0; links < mostLinks && std::filesystem::is_symlink(place, ignored); ++links)
+        place = place.parent_path() / std::filesystem::read_symlink(place, ignored);
+    const std::filesystem::path folder = place.has_parent_path() ? place.parent_path() : ".";
+    return std::filesystem::weakly_canonical(folder, ignored) / place.filename();
 }
 
 } // namespace
@@ -96,6 +97,32 @@ bool fileExists(const std::string& path) {
 bool isSameFile(const std::string& a, const std::string& b) {
     std::error_code oneIsMissing;
     return std::filesystem::equivalent(systemPath(a), systemPath(b), oneIsMissing);
+}
+
+bool isSamePlace(const std::string& a, const std::string& b) {
+    return isSameFile(a, b) || resolved(a) == resolved(b);
+}
+
+bool isWritableFolder(const std::string& folder) {
+#ifdef Q_OS_UNIX
+    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+#else
+    return QFileInfo(fileName(folder)).isWritable();
+#endif
+}
+
+std::string faultOfPlace(const std::string& path) {
+    const QFileInfo place(resolved(path));
+    const QFileInfo folder(place.path());
+    if (path.empty() || !folder.exists())
+        return reasonOf(std::errc::no_such_file_or_directory);
+    if (!folder.isDir())
+        return reasonOf(std::errc::not_a_directory);
+    if (place.exists() && !place.isFile())
+        return notAPlainFile(path).reason;
+    const bool allowed =
+        isWritableFolder(byteText(place.path())) && (!place.exists() || place.isWritable());
+    return allowed ? std::string() : reasonOf(std::errc::permission_denied);
 }
 
 std::string findFile(const std::string& folder, std::string_view name) {
@@ -144,6 +171,17 @@ FileContent readFile(const std::string& path, std::int64_t most) {
     return FileContent::of(std::move(bytes));
 }
 
+std::string writeAll(QFileDevice& file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        // A disk that is nearly full takes a part of it and tells why when it is asked again.
+        const qint64 written = file.write(bytes.data(), static_cast<qint64>(bytes.size()));
+        if (written <= 0)
+            return byteText(file.errorString());
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return {};
+}
+
 FileReplacement::FileReplacement(const std::string& path)
     : file_(fileName(path)), error_(faultOfPlace(path)) {
     // Unbuffered, so that each write tells what became of it: what fails in a buffer that is
@@ -153,16 +191,9 @@ FileReplacement::FileReplacement(const std::string& path)
 }
 
 bool FileReplacement::write(std::string_view bytes) {
-    while (error_.empty() && !bytes.empty()) {
-        // A disk that is nearly full takes a part of it and tells why when it is asked again.
-        const qint64 written = file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
-        if (written <= 0) {
-            error_ = byteText(file_.errorString());
-        } else {
-            size_ += written;
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        }
-    }
+    if (error_.empty())
+        error_ = writeAll(file_, bytes);
+    size_ += static_cast<std::int64_t>(bytes.size());
     return error_.empty();
 }
 

@@ -32,6 +32,15 @@ bool fileExists(const std::string& path);
 /// Whether two paths lead to one file that exists, be it by another spelling or by a link.
 bool isSameFile(const std::string& a, const std::string& b);
 
+/// The same of places, whether a file stands there or not.
+bool isSamePlace(const std::string& a, const std::string& b);
+
+/// Whether this user may make and rename files in a folder. The system is asked, and no file tried.
+bool isWritableFolder(const std::string& folder);
+
+/// Why no file can be put in a place, as far as that can be known before it is tried; else empty.
+std::string faultOfPlace(const std::string& path);
+
 /// Path of the file in `folder` whose name equals `name`, case not counting; the exact name first.
 /// @return empty when there is none
 std::string findFile(const std::string& folder, std::string_view name);
@@ -63,6 +72,10 @@ struct FileContent {
 /// @param most how many bytes are wanted at the most
 FileContent readFile(const std::string& path,
                      std::int64_t most = std::numeric_limits<std::int64_t>::max());
+
+/// Writes bytes to an open file that has no buffer of its own.
+/// @return reason of a failure; empty when all of them were written
+std::string writeAll(QFileDevice& file, std::string_view bytes);
 
 /// How the writing of a file ended: well, or for the reason that it tells.
 struct [[nodiscard]] WriteEnd {

@@ -5,24 +5,10 @@
 
 #include <QDir>
 #include <QFileInfo>
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace tovrel {
 
 namespace {
-
-/// Whether this user may write in a folder. The system is asked and no file is tried: a disk that
-/// is full for the moment must not send the program to other settings.
-bool isWritable(const std::string& folder) {
-#ifdef Q_OS_UNIX
-    return faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
-#else
-    return QFileInfo(QString::fromStdString(folder)).isWritable();
-#endif
-}
 
 /// Gives a folder the data files that it lacks.
 void copyDataFiles(const std::string& from, const std::string& to) {
@@ -43,7 +29,8 @@ void copyDataFiles(const std::string& from, const std::string& to) {
 } // namespace
 
 std::string programFolder(const std::string& executableFolder, const std::string& userFolder) {
-    if (isWritable(executableFolder) || !QDir().mkpath(QString::fromStdString(userFolder)))
+    // A disk that is full for the moment does not send the program to other settings.
+    if (isWritableFolder(executableFolder) || !QDir().mkpath(QString::fromStdString(userFolder)))
         return executableFolder;
     copyDataFiles(executableFolder, userFolder);
     return userFolder;
@@ -51,8 +38,8 @@ std::string programFolder(const std::string& executableFolder, const std::string
 
 std::string existingProgramFolder(const std::string& executableFolder,
                                   const std::string& userFolder) {
-    const bool usersServes =
-        !isWritable(executableFolder) && QFileInfo(QString::fromStdString(userFolder)).isDir();
+    const bool usersServes = !isWritableFolder(executableFolder) &&
+                             QFileInfo(QString::fromStdString(userFolder)).isDir();
     return usersServes ? userFolder : executableFolder;
 }
 

@@ -35,15 +35,56 @@ TEST_F(BatchKmz, writesTheArchiveBesideTheLogOrWhereItIsTold) {
     EXPECT_EQ(everythingIn(folder.path()), "Tovrel.ini ");
 }
 
-TEST_F(BatchKmz, takesALogInTheCurrentFolder) {
-    for (const char* name : {"log.adi", "./log.adi"}) {
+TEST_F(BatchKmz, namesItsFilesAfterTheLogAndPutsThemBesideIt) {
+    std::filesystem::create_directory(work.path("club.logs"));
+    std::filesystem::create_directory(work.path("in"));
+    const struct {
+        std::string log, archive, document;
+    } cases[] = {{"log.adi", "log.kmz", "log.kml"},
+                 {"./log.adi", "log.kmz", "log.kml"},
+                 {"my.log.adi", "my.log.kmz", "mylog.kml"},
+                 {"club.logs/log.adi", "club.logs/log.kmz", "log.kml"},
+                 {"in/../noext", "noext.kmz", "noext.kml"}};
+    for (const auto& c : cases) {
+        work.write(c.log, contacts());
         QProcess program;
         program.setWorkingDirectory(QString::fromStdString(work.path()));
-        startBatch(program, {"kmz", name, "--folder", folder.path()});
-        EXPECT_EQ(endOf(program).status, 0) << name;
-        EXPECT_EQ(everythingIn(work.path()), "log.adi log.kmz ") << name;
-        QFile::remove(QString::fromStdString(work.path("log.kmz")));
+        startBatch(program, {"kmz", c.log, "--folder", folder.path(), "--allow-incomplete"});
+        EXPECT_EQ(endOf(program).status, 0) << c.log;
+        EXPECT_EQ(entryNames(work.read(c.archive)), c.document + " ") << c.log;
+        std::filesystem::remove(work.path(c.archive));
     }
+    EXPECT_EQ(everythingIn(work.path()), "club.logs in log.adi my.log.adi noext ");
+}
+
+TEST_F(BatchKmz, readsPipesAndWritesToThem) {
+    const std::vector<std::string> arguments = {log, folder.path(), work.path("p.kmz")};
+    const BatchEnd piped = runShell(
+        "cat \"$1\" | \"$0\" kmz - --folder \"$2\" --allow-incomplete --output \"$3\" --report -",
+        arguments);
+    EXPECT_EQ(piped.status, 0) << piped.err;
+    EXPECT_EQ(entryNames(work.read("p.kmz")), "log.kml ");
+    EXPECT_EQ(piped.out, run("kmz", {"--report", "-"}).out);
+    const BatchEnd out = run("kmz", {"--output", "-"});
+    EXPECT_EQ(entryNames(out.out), "log.kml ");
+    EXPECT_TRUE(firstEntryOf(out.out) == firstEntryOf(work.read("p.kmz")));
+
+    const BatchEnd fifo = runShell("mkfifo \"$3\" && { cat \"$1\" >\"$3\" & } && "
+                                   "exec \"$0\" plot \"$3\" --folder \"$2\" --report -",
+                                   {log, folder.path(), work.path("pipe")});
+    EXPECT_EQ(fifo.out, run("plot", {"--report", "-"}).out) << fifo.err;
+    const BatchEnd nowhere = runShell("exec \"$0\" kmz - --folder \"$2\"", arguments);
+    EXPECT_EQ(nowhere.status, 2);
+    EXPECT_NE(nowhere.err.find("--output is needed"), std::string::npos);
+}
+
+TEST_F(BatchKmz, withoutAnIconComesOnlyWhenThatIsAllowed) {
+    const BatchEnd end = runBatch({"kmz", log, "--folder", folder.path()});
+    EXPECT_EQ(end.status, 3);
+    EXPECT_EQ(end.err, "tovrel-batch: " + folder.path("Google_Confirmed.png") +
+                           " can't be read: No such file or directory\n"
+                           "tovrel-batch: --allow-incomplete makes the KMZ file all the same\n");
+    EXPECT_EQ(everythingIn(work.path()), "log.adi ");
 }
 
 TEST_F(BatchKmz, documentFollowsTheOptions) {
@@ -55,6 +96,7 @@ TEST_F(BatchKmz, documentFollowsTheOptions) {
     EXPECT_TRUE(has(changed, "K9X Confirmed") && has(changed, "<scale>0.33</scale>"));
     EXPECT_TRUE(has(changed, "/B1B\"") && !has(changed, "<name>B1B</name>"));
     EXPECT_FALSE(has(changed, "A1A") || has(changed, "W1TVR"));
+    EXPECT_TRUE(has(document({"--my-call", ""}), "<name> Confirmed</name>"));
     EXPECT_TRUE(has(document({"--bands", "off", "--modes", "Phone", "--iota", "NA"}), "/B1B\""));
 }
 
@@ -79,15 +121,15 @@ TEST_F(BatchKmz, withoutPlacemarksLeavesTheDocumentOnlyWhenItIsToBeKept) {
 }
 
 TEST_F(BatchKmz, neverPutsAFileInTheLogsPlace) {
-    log = work.write("log.kml", contacts());
-    EXPECT_EQ(run("kmz", {"--keep-kml"}).status, 3);
-    EXPECT_EQ(work.read("log.kml"), contacts());
-    EXPECT_EQ(everythingIn(work.path()), "log.adi log.kml ");
-    log = work.write("log.kmz", contacts());
-    const BatchEnd end = run("kmz", {});
-    EXPECT_EQ(end.status, 3);
-    EXPECT_NE(end.err.find("it would replace the ADIF file"), std::string::npos) << end.err;
-    EXPECT_EQ(work.read("log.kmz"), contacts());
+    for (const char* name : {"log.kml", "log.kmz"}) {
+        log = work.write(name, contacts());
+        const BatchEnd end = run("kmz", {"--keep-kml"});
+        EXPECT_EQ(end.status, 2);
+        EXPECT_NE(end.err.find("replace the log"), std::string::npos) << end.err;
+        EXPECT_EQ(work.read(name), contacts());
+        std::filesystem::remove(log);
+    }
+    EXPECT_EQ(everythingIn(work.path()), "log.adi ");
 }
 
 /// Waits until a name that matches appears in a folder.
@@ -112,21 +154,45 @@ TEST_F(BatchKmz, leavesNothingHalfWrittenWhenInterrupted) {
     const struct {
         std::vector<std::string> options;
         const char* begun; ///< appears when the work has begun
+        int signal;
         std::string left;
-    } rows[] = {{{"kmz", log}, ".tovrel-*", "log.adi "},
+    } rows[] = {{{"kmz", log}, ".tovrel-*", SIGINT, "log.adi "},
+                {{"kmz", log}, ".tovrel-*", SIGHUP, "log.adi "},
                 {{"plot", log, "--base-map", work.path("b.bmp"), "--image", work.path("m.png")},
                  "b.bmp",
+                 SIGTERM,
                  "b.bmp log.adi "}};
     for (const auto& row : rows) {
         std::vector<std::string> arguments = row.options;
-        arguments.insert(arguments.end(), {"--folder", folder.path()});
+        arguments.insert(arguments.end(), {"--folder", folder.path(), "--allow-incomplete"});
         QProcess program;
         startBatch(program, arguments);
         ASSERT_TRUE(appears(work.path(), row.begun));
-        kill(static_cast<pid_t>(program.processId()), SIGINT);
+        kill(static_cast<pid_t>(program.processId()), row.signal);
         EXPECT_EQ(endOf(program).status, -1);
         EXPECT_EQ(everythingIn(work.path()), row.left);
     }
+    // Nobody reads the report; the archive stands by then.
+    runShell("\"$0\" kmz \"$1\" --folder \"$2\" --allow-incomplete --report - | :",
+             {log, folder.path()});
+    EXPECT_EQ(everythingIn(work.path()), "b.bmp log.adi log.kmz ");
+}
+
+TEST_F(BatchKmz, clearsWhatAKilledRunLeft) {
+    std::string many;
+    while (many.size() < 20'000'000)
+        many += contacts();
+    work.write("log.adi", many);
+    QProcess killed;
+    startBatch(killed, {"kmz", log, "--folder", folder.path(), "--allow-incomplete"});
+    ASSERT_TRUE(appears(work.path(), ".tovrel-*"));
+    QThread::msleep(20); // into the work
+    killed.kill();
+    EXPECT_EQ(endOf(killed).status, -1);
+    EXPECT_NE(everythingIn(work.path()), "log.adi ");
+    work.write("log.adi", contacts());
+    EXPECT_EQ(run("kmz", {}).status, 0);
+    EXPECT_EQ(everythingIn(work.path()), "log.adi log.kmz ");
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <filesystem>
+#include <sstream>
 
 namespace tovrel {
 
@@ -85,19 +86,61 @@ TEST_F(BatchPicture, goesWithAReportOfPlacesAndTextsOfAnyBytes) {
     EXPECT_EQ(azimuthal[QStringLiteral("plotted")][0][QStringLiteral("mapX")], 0);
 }
 
-TEST_F(BatchPicture, withoutTheDataFilesComesWithTheirMessages) {
+TEST_F(BatchPicture, withoutTheDataFilesComesOnlyWhenThatIsAllowed) {
     const TestFolder empty;
-    const BatchEnd end = runBatch(
-        {"plot", log, "--folder", empty.path(), "--image", work.path("map.png"), "--report", "-"});
+    std::vector<std::string> arguments = {"plot",     log,   "--folder", empty.path(),
+                                          "--home",   "1,2", "--image",  work.path("map.png"),
+                                          "--report", "-"};
+    BatchEnd end = runBatch(arguments);
+    EXPECT_EQ(end.status, 3);
+    EXPECT_TRUE(end.err.ends_with(
+        "not found.\ntovrel-batch: --allow-incomplete draws the map all the same\n"))
+        << end.err;
+    EXPECT_EQ(everythingIn(work.path()), "log.adi ");
+
+    arguments.emplace_back("--allow-incomplete");
+    end = runBatch(arguments);
     EXPECT_EQ(end.status, 0);
     EXPECT_EQ(end.err, "tovrel-batch: The databse file 'Mapper.pnt' not found.\n"
                        "tovrel-batch: The databse file 'paintma.txt' not found.\n");
     EXPECT_NE(end.out.find("\"messages\":[\"The databse file 'Mapper.pnt' not found.\","),
               std::string::npos);
     EXPECT_EQ(everythingIn(empty.path()), "");
-    const BatchEnd quiet = runBatch({"plot", log, "--folder", empty.path(), "--quiet"});
-    EXPECT_EQ(quiet.out + quiet.err, "");
+    const BatchEnd report = runBatch({"plot", log, "--folder", empty.path(), "--report", "-"});
+    EXPECT_EQ(report.status, 0) << "a report needs no map";
+    EXPECT_EQ(report.err, "tovrel-batch: no settings tell the home position, 0,0 is taken; "
+                          "--home LAT,LON sets it\n");
 }
+
+TEST_F(BatchPicture, goesToStandardOutputAsPng) {
+    for (const char* option : {"--image", "--base-map"}) {
+        const BatchEnd end = run("plot", {option, "-"});
+        EXPECT_EQ(end.status, 0) << end.err;
+        const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(end.out.data()),
+                                              static_cast<int>(end.out.size()), "PNG");
+        EXPECT_EQ(image.width(), option == std::string("--image") ? 800 : 667);
+    }
+}
+
+#ifdef __linux__
+TEST_F(BatchPicture, comesWithoutHelperThreadsAndNotWithoutFonts) {
+    const std::string plot = "exec \"$0\" plot \"$1\" --folder \"$2\" --size 300 --image \"$3\"";
+    const std::vector<std::string> arguments = {log, folder.path(), work.path("map.png")};
+    std::filesystem::permissions(work.path(), std::filesystem::perms::all);
+    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
+    if (geteuid() == 0) { // whom no limit of processes would stop
+        const std::string limited = "ulimit -c 0; exec setpriv --reuid 65533 --clear-groups "
+                                    "--inh-caps=-all prlimit --nproc=1 ";
+        const BatchEnd alone = runShell(limited + plot.substr(5), arguments);
+        EXPECT_EQ(alone.status, 0) << alone.err;
+        EXPECT_EQ(QImage(QString::fromStdString(work.path("map.png"))).width(), 300);
+    }
+    const std::string none = folder.write("fonts.conf", "<fontconfig></fontconfig>");
+    const BatchEnd mute = runShell("export FONTCONFIG_FILE=" + none + "; " + plot, arguments);
+    EXPECT_EQ(mute.status, 3);
+    EXPECT_NE(mute.err.find("No font is installed"), std::string::npos) << mute.err;
+}
+#endif
 
 TEST(BatchProgram, TellsOfItselfOnStandardOutput) {
     const BatchEnd help = runBatch({"--help"});
@@ -109,6 +152,20 @@ TEST(BatchProgram, TellsOfItselfOnStandardOutput) {
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out, "tovrel-batch 1.0.0\n");
     EXPECT_EQ(help.err + version.err, "");
+
+    std::istringstream lines(help.out);
+    int count = 0;
+    for (std::string line; std::getline(lines, line); ++count)
+        EXPECT_LE(line.size(), 80U) << line;
+    EXPECT_LE(count, 45) << "a screen";
+#ifdef __linux__
+    for (const char* option : {"--help", "--version"}) {
+        const BatchEnd full = runShell("exec \"$0\" \"$1\" >/dev/full", {option});
+        EXPECT_EQ(full.status, 3);
+        EXPECT_EQ(full.err, "tovrel-batch: standard output can't be written: "
+                            "No space left on device\n");
+    }
+#endif
 }
 
 } // namespace

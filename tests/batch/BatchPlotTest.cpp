@@ -65,7 +65,7 @@ TEST_F(BatchPlot, filterGroupsThatAreGivenReplaceThoseOfTheSettings) {
                 {{"--bands", "40m,20m"}, "A1A B1B C1C "},
                 {{"--bands=2M", "--bands=40M"}, "B1B "},
                 {{"--modes", "CW"}, "A1A "},
-                {{"--bands", "off", "--modes", "Phone"}, "B1B C1C "},
+                {{"--bands", "off", "--modes", " Phone , CW"}, "A1A B1B C1C "},
                 {{"--bands", "off", "--iota", "NA,EU"}, "A1A B1B "}};
     for (const auto& row : rows) {
         for (const char* projection : {"azimuthal", "miller"}) {
@@ -119,6 +119,9 @@ TEST_F(BatchPlot, printsTheTipsInTheirOrder) {
         options.insert(options.end(), row.parts.begin(), row.parts.end());
         EXPECT_EQ(run("plot", options).out, row.lines);
     }
+    // The settings select nothing on this map: then all is shown.
+    EXPECT_EQ(run("plot", {"--bands", "40M", "--projection", "miller", "--tip=7200,-12200"}).out,
+              "[30, -100] : B1B  \n");
 }
 
 TEST_F(BatchPlot, putsTheContactAtTheAntipodeWithoutAPlace) {

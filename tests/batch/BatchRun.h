@@ -55,6 +55,17 @@ inline BatchEnd runBatch(const std::vector<std::string>& arguments) {
     return endOf(program);
 }
 
+/// Runs a line of the shell, in which $0 is the program and $1 and on the arguments.
+inline BatchEnd runShell(const std::string& line, const std::vector<std::string>& arguments) {
+    QProcess shell;
+    shell.setStandardInputFile(QProcess::nullDevice());
+    QStringList all = {QStringLiteral("-c"), QString::fromStdString(line),
+                       QStringLiteral(TOVREL_BATCH_PROGRAM)};
+    all += qtArguments(arguments);
+    shell.start(QStringLiteral("sh"), all);
+    return endOf(shell);
+}
+
 /// All that a folder holds, hidden things and folders too, each followed by a blank.
 inline std::string everythingIn(const std::string& folder) {
     std::string all;
@@ -86,9 +97,10 @@ protected:
                record({"D1D"});
     }
 
-    /// Runs a command on the log, quietly.
+    /// Runs a command on the log, quietly, with what data files there are.
     BatchEnd run(const std::string& command, std::vector<std::string> options) const {
-        options.insert(options.begin(), {command, log, "--folder", folder.path(), "--quiet"});
+        options.insert(options.begin(),
+                       {command, log, "--folder", folder.path(), "--quiet", "--allow-incomplete"});
         return runBatch(options);
     }
 

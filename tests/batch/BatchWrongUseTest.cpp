@@ -1,14 +1,16 @@
 #include "batch/BatchRun.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace tovrel {
 
 namespace {
 
 struct Row {
-    std::vector<std::string> arguments; ///< LOG stands for the log's path, WORK for its folder
-    const char* told;                   ///< a part of the line
+    /// LOG stands for the log's path, WORK for its folder, FOLDER for the program's.
+    std::vector<std::string> arguments;
+    const char* told; ///< a part of the line
 };
 
 class BatchWrongUse : public BatchTest {
@@ -20,6 +22,8 @@ protected:
                 argument = log;
             else if (argument.starts_with("WORK"))
                 argument.replace(0, 4, work.path());
+            else if (argument.starts_with("FOLDER"))
+                argument.replace(0, 6, folder.path());
         }
         arguments.insert(arguments.end(), more.begin(), more.end());
         const BatchEnd end = runBatch(arguments);
@@ -61,22 +65,45 @@ TEST_F(BatchWrongUse, isToldInOneLineAndTouchesNoFile) {
                         {{"plot", "LOG", "--output", "x.kmz"}, "no option of plot"},
                         {{"kmz", "LOG", "--tip", "1,2"}, "no option of kmz"},
                         {{"kmz", "LOG", "--keep-kml=yes"}, "takes no value"},
-                        {{"kmz", "LOG", "--my-call", " "}, "--my-call"},
-                        {{"kmz", "LOG", "--output", "LOG"}, "replace the log"},
-                        {{"plot", "LOG", "--report", "LOG"}, "replace the log"}};
+                        {{"plot", "LOG", "--quiet"}, "plot makes nothing without"},
+                        {{"kmz", "LOG", "--output", "-", "--keep-kml"}, "--keep-kml needs"}};
     for (const Row& row : rows)
         expect(row, 2);
+    const BatchEnd end = runShell("exec \"$0\" plot \"$(printf 'l\\366g.adi')\" --report -", {});
+    EXPECT_EQ(end.status, 2);
+    EXPECT_EQ(end.err, "tovrel-batch: not UTF-8, and so not usable: l\xC3\xB6g.adi\n");
 }
 
-TEST_F(BatchWrongUse, ofFilesEndsWithItsOwnStatusEvenWhenQuiet) {
+TEST_F(BatchWrongUse, isAPlaceThatTwoFilesShare) {
+    std::filesystem::create_symlink(work.path("m.png"), folder.path("link.png"));
+    std::filesystem::create_hard_link(log, folder.path("hard.kmz"));
     const Row rows[] = {
-        {{"plot", "WORK/none.adi"}, "there is no log"},
-        {{"kmz", "WORK"}, "there is no log"},
-        {{"plot", "LOG", "--image", "WORK/none/map.png"}, "can't be written"},
-        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, "can't be written"},
-        {{"plot", "LOG", "--report", "WORK"}, "can't be written"},
-        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, "a.kmz can't be written: No such file"},
-        {{"kmz", "LOG", "--output", "WORK"}, "can't be written: Is a directory"}};
+        {{"kmz", "LOG", "--output", "LOG"}, "replace the log"},
+        {{"kmz", "LOG", "--output", "FOLDER/hard.kmz"}, "replace the log"},
+        {{"plot", "LOG", "--report", "WORK/./log.adi"}, "replace the log"},
+        {{"kmz", "LOG", "--output", "WORK/a.kmz", "--report", "WORK/./a.kmz"}, "that of --output"},
+        {{"kmz", "LOG", "--output", "WORK/log.kml", "--keep-kml"}, "that of --output"},
+        {{"plot", "LOG", "--image", "WORK/m.png", "--base-map", "FOLDER/link.png"},
+         "that of --image"},
+        {{"plot", "LOG", "--report", "FOLDER/Tovrel.ini"}, "replace Tovrel.ini"},
+        {{"plot", "LOG", "--image", "-", "--report", "-"}, "standard output"},
+        {{"plot", "LOG", "--image", "-", "--tip", "0,0"}, "standard output"}};
+    for (const Row& row : rows)
+        expect(row, 2, {"--folder", folder.path()});
+    EXPECT_EQ(folder.read("Tovrel.ini"), settings);
+}
+
+TEST_F(BatchWrongUse, ofFilesEndsWithItsOwnStatusAndTheReasonEvenWhenQuiet) {
+    const std::string noSuch = "can't be written: No such file or directory";
+    const std::string isFolder = "can't be written: Is a directory";
+    const Row rows[] = {
+        {{"plot", "WORK/none.adi", "--report", "-"}, "none.adi: No such file or directory"},
+        {{"kmz", "WORK"}, "Is a directory"},
+        {{"plot", "LOG", "--image", "WORK/none/map.png"}, noSuch.c_str()},
+        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, noSuch.c_str()},
+        {{"plot", "LOG", "--report", "WORK"}, isFolder.c_str()},
+        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, noSuch.c_str()},
+        {{"kmz", "LOG", "--output", "WORK"}, isFolder.c_str()}};
     for (const Row& row : rows)
         expect(row, 3, {"--quiet", "--folder", folder.path()});
 }
