@@ -333,6 +333,7 @@ void frmMain::fitToFrame(int attempt) {
     if (!frame_.margins().isNull()) {
         queue_.run("fitToFrame", [this] { commands_.fitWindow(); });
     }
+    commands_.loadLegendAtStart();
     shown_ = true;
     sizing_.start();
 }

@@ -35,7 +35,7 @@ std::array<QRadioButton*, 3> addOptions(QWidget& frame, const std::array<QString
 
 frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
                              std::function<void()> cmdApply_Click, QWidget* parent)
-    : frmDialog(parent), projection_(projection), forms_(forms),
+    : frmDialog(parent), projection_(projection), forms_(forms), options_(forms.of(projection)),
       filterBoxes_(*this, {.headingLeft = 2400, .offWidth = 735}) {
     const bool azimuthal = projection == Projection::Azimuthal;
     setUpDialog(*this,
@@ -51,12 +51,11 @@ frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
     cmdApply_->setFont(windowFont(11, true));
     connect(cmdApply_, &QPushButton::clicked, this, std::move(cmdApply_Click));
     setTabOrders();
+    options_.changed = [this] { mirror(); };
+    filterBoxes_.bind(options_.filter);
 }
 
-frmMapOptions::~frmMapOptions() {
-    if (options_)
-        options_->changed = nullptr;
-}
+frmMapOptions::~frmMapOptions() { options_.changed = nullptr; }
 
 void frmMapOptions::addMarkers() {
     auto* frame = new QGroupBox(QStringLiteral("Map Plot Marker Size"), this);
@@ -65,10 +64,7 @@ void frmMapOptions::addMarkers() {
         *frame, {QStringLiteral("Option1"), QStringLiteral("Option2"), QStringLiteral("Option3")},
         {QStringLiteral("Small Marker"), QStringLiteral("Medium Marker"),
          QStringLiteral("Large Marker")},
-        [this](int number) {
-            if (options_)
-                options_->marker = static_cast<MarkerSize>(number);
-        });
+        [this](int number) { options_.marker = static_cast<MarkerSize>(number); });
 }
 
 void frmMapOptions::addLines() {
@@ -78,10 +74,7 @@ void frmMapOptions::addLines() {
         *frame,
         {QStringLiteral("optLine1"), QStringLiteral("optLine2"), QStringLiteral("optLine3")},
         {QStringLiteral("Thin Line"), QStringLiteral("Medium Line"), QStringLiteral("Thick Line")},
-        [this](int number) {
-            if (options_)
-                options_->line = number + 1;
-        });
+        [this](int number) { options_.line = number + 1; });
 }
 
 void frmMapOptions::addTipBoxes() {
@@ -90,10 +83,7 @@ void frmMapOptions::addTipBoxes() {
     const auto addBox = [this](const char* name, const char* caption, const Place& at,
                                bool MapOptions::*option) {
         auto* box = addCheckBox(*this, QLatin1String(name), QLatin1String(caption), at);
-        connect(box, &QCheckBox::toggled, this, [this, option](bool on) {
-            if (options_)
-                options_->*option = on;
-        });
+        connect(box, &QCheckBox::toggled, this, [this, option](bool on) { options_.*option = on; });
         return box;
     };
     chkCall_ = addBox("chkCall", "Callsign", {2760, 4320, 855, 375}, &MapOptions::chkCall);
@@ -119,28 +109,21 @@ void frmMapOptions::setTabOrders() {
 }
 
 void frmMapOptions::showEvent(QShowEvent* event) {
-    // Not earlier, since whoever touches the options loads them, and with them the menu's marks.
-    MapOptions& options = forms_.of(projection_);
-    if (!options_) {
-        options_ = &options;
-        options.changed = [this] { mirror(); };
-        filterBoxes_.bind(options.filter);
-    }
     mirror();
     QDialog::showEvent(event);
 }
 
 void frmMapOptions::mirror() {
-    markers_[static_cast<std::size_t>(options_->marker)]->setChecked(true);
-    lines_[static_cast<std::size_t>(options_->line - 1)]->setChecked(true);
-    chkCall_->setChecked(options_->chkCall);
-    chkLatLong_->setChecked(options_->chkLatLong);
-    chkCountry_->setChecked(options_->chkCountry);
+    markers_[static_cast<std::size_t>(options_.marker)]->setChecked(true);
+    lines_[static_cast<std::size_t>(options_.line - 1)]->setChecked(true);
+    chkCall_->setChecked(options_.chkCall);
+    chkLatLong_->setChecked(options_.chkLatLong);
+    chkCountry_->setChecked(options_.chkCountry);
 }
 
 void frmMapOptions::done(int result) {
     QDialog::done(result);
-    forms_.unload(projection_);
+    forms_.loadBoxes(projection_);
 }
 
 } // namespace tovrel

@@ -13,8 +13,8 @@ class QRadioButton;
 
 namespace tovrel {
 
-/// The option window of one map: frmGCMapOptions or frmMCMapOptions. It shows the live options,
-/// loading them when it is shown, and writes into them at every act of the user. Closing it drops
+/// The option window of one map: frmGCMapOptions or frmMCMapOptions. It shows the live options and
+/// writes into them at every act of the user. Closing it drops
 /// what was not applied.
 class frmMapOptions : public frmDialog {
     Q_OBJECT
@@ -41,7 +41,7 @@ private:
 
     Projection projection_;
     MapOptionForms& forms_;
-    MapOptions* options_ = nullptr; ///< those of the map, from the first showing on
+    MapOptions& options_;
     frmFilterBoxes filterBoxes_;
     std::array<QRadioButton*, 3> markers_{};
     std::array<QRadioButton*, 3> lines_{};

@@ -2,10 +2,10 @@
 
 #include "batch/BatchOptions.h"
 #include "batch/Interruption.h"
+#include "map/PictureFile.h"
 #include "platform/ByteText.h"
 #include "platform/Files.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
@@ -80,13 +80,9 @@ bool copyToStandardOutput(const std::string& file) {
 
 bool writePicture(const std::string& path, const QImage& picture) {
     // Encoded first: it may take seconds, in which the program can still be interrupted.
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!picture.save(&buffer, imageFormat(path))) {
-        return cantWrite(path, "the picture could not be encoded");
-    }
-    const QByteArray& bytes = buffer.data();
-    return writeResult(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const std::string bytes = encodePicture(picture, imageFormat(path));
+    return bytes.empty() ? cantWrite(path, "the picture could not be encoded")
+                         : writeResult(path, bytes);
 }
 
 std::string utf8Text(std::string_view bytes) { return byteText(displayText(bytes)); }

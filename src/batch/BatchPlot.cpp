@@ -62,6 +62,7 @@ BatchResult batchPlot(const BatchOptions& options) {
     const float width = twipsFromPixels(options.size);
     BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
     MapRun map(data, window, console, console);
+    map.readHome();
     const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
     if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {
         console.showFailure();

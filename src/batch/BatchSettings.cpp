@@ -70,6 +70,7 @@ void applyPlotOptions(RunData& data, const BatchOptions& options) {
         // Whoever asks for tips wants to read something in them.
         map.chkCall = map.chkLatLong = map.chkCountry = true;
     }
+    data.stats.load();
     data.run.FormReady = true;
 }
 

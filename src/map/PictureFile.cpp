@@ -5,7 +5,6 @@
 
 #include <QBuffer>
 #include <QImageReader>
-#include <QtEndian>
 #include <utility>
 
 namespace tovrel {
@@ -33,7 +32,9 @@ QImage withoutAlpha(QImage image) {
     return copy;
 }
 
-LoadedPicture decode(const FileContent& file) {
+} // namespace
+
+LoadedPicture decodePicture(const FileContent& file) {
     if (!file)
         return {file.end, {}, file.reason};
     QByteArray bytes =
@@ -50,31 +51,17 @@ LoadedPicture decode(const FileContent& file) {
     return {ReadEnd::Content, withoutAlpha(std::move(image)), {}};
 }
 
-/// Whether bytes are a bitmap of the length that its header tells.
-bool isWholeBitmap(std::string_view bytes) {
-    constexpr std::size_t lengthOffset = 2;
-    return bytes.starts_with("BM") && bytes.size() >= lengthOffset + sizeof(quint32) &&
-           qFromLittleEndian<quint32>(bytes.data() + lengthOffset) == bytes.size();
-}
+LoadedPicture LoadPicture(const std::string& path) { return decodePicture(readFile(path)); }
 
-} // namespace
-
-LoadedPicture LoadPicture(const std::string& path) { return decode(readFile(path)); }
-
-LoadedPicture LoadWholeBitmap(const std::string& path) {
-    const FileContent file = readFile(path);
-    if (file && !isWholeBitmap(file.bytes))
-        return unreadable("Not a whole bitmap");
-    return decode(file);
+std::string encodePicture(const QImage& image, const char* format) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, format) ? buffer.data().toStdString() : std::string();
 }
 
 WriteEnd SavePicture(const QImage& image, const std::string& path, const char* format) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format))
-        return {"the picture could not be encoded"};
-    const QByteArray& bytes = buffer.data();
-    return writeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    const std::string bytes = encodePicture(image, format);
+    return bytes.empty() ? WriteEnd{"the picture could not be encoded"} : writeFile(path, bytes);
 }
 
 } // namespace tovrel

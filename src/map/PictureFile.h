@@ -20,9 +20,12 @@ struct LoadedPicture {
 /// its name. One that takes more than 512 MiB of memory is not decoded.
 LoadedPicture LoadPicture(const std::string& path);
 
-/// The same of a bitmap that the program has saved and that is of use only when it is whole: one
-/// that is shorter or longer than it says is Unreadable.
-LoadedPicture LoadWholeBitmap(const std::string& path);
+/// The same of a file that was read.
+LoadedPicture decodePicture(const FileContent& file);
+
+/// Bytes of an image's file; empty when it can't be encoded.
+/// @param format "BMP", "PNG" or "JPG"
+std::string encodePicture(const QImage& image, const char* format);
 
 /// Replaces a file by an image, as FileReplacement does.
 /// @param format "BMP", "PNG" or "JPG"

@@ -32,6 +32,7 @@ PassEnd GCMapLoadADIF::PlotLog() {
     if (end != PassEnd::Done) {
         return end;
     }
+    stats_.load(); // its window may have been closed meanwhile
     const Legend& legend = stats_.legend();
     const PlotStyle style{.projection = run_.marks.projection,
                           .HomeLatitude = run_.HomeLatitude,

@@ -53,14 +53,17 @@ void Commands::Form_Load() {
     const std::string display = data_.ini.ReadIniValue(section::globals, "Display");
     const bool azimuthal = display.empty() || display == "Azimuthal";
     setProjection(azimuthal ? Projection::Azimuthal : Projection::Miller);
+    for (const Projection map : {Projection::Azimuthal, Projection::Miller}) {
+        data_.maps.loadBoxes(map);
+    }
     data_.maps.load(data_.run.marks.projection);
+    data_.stats.load();
 
     map_.LoadBaseMap();
     map_.SetWindowAspect();
     window_.setWaitPointer(false);
     map_.ResetMap();
     data_.run.FormReady = true;
-    loadLegendAtStart();
 }
 
 void Commands::setProjection(Projection projection) {
@@ -90,8 +93,8 @@ void Commands::fitWindow() {
 }
 
 void Commands::loadLegendAtStart() {
-    // Whichever map is shown first, these six begin with the palette of the azimuthal one; the
-    // meridians keep the colour of the map in force.
+    // Whichever map is shown first, with marks in its own colours, these six go on with the palette
+    // of the azimuthal one; the meridians keep the colour of the map in force.
     for (const LegendEntry entry :
          {LegendEntry::Confirmed, LegendEntry::Worked, LegendEntry::Heard, LegendEntry::Home,
           LegendEntry::PlotOutline, LegendEntry::Line}) {
@@ -149,8 +152,10 @@ bool Commands::chooseLog() {
 
 void Commands::mnuLoadADIF() {
     map_.ResetMap();
+    data_.stats.load();
     data_.stats.lists().clear();
     if (!chooseLog()) {
+        data_.tables.clearHover();
         return;
     }
     GCMapLoadADIF pass(data_.ini, data_.maps, data_.run, data_.stats, data_.tables, map_.Picture2,
@@ -171,6 +176,7 @@ void Commands::mnuGoogle() {
         return;
     }
     window_.setWaitPointer(false);
+    data_.stats.load();
     GoogleExport pass(data_.ini, data_.google, data_.run, data_.stats,
                       data_.tables.counters.QsosPlotted, listener_, prompt_,
                       [this](const std::string& path) { return window_.openWithSystem(path); });
@@ -188,6 +194,7 @@ void Commands::replot() {
 
 void Commands::mnuClearMap() {
     map_.ResetMap();
+    data_.stats.load();
     data_.stats.lists().clear();
     data_.run.MapPlotted = false;
     data_.tables.clearHover();
@@ -257,6 +264,8 @@ void Commands::switchProjection(Projection projection) {
     window_.setVisible(false);
     data_.maps.load(projection);
     if (data_.run.marks.projection != projection) {
+        data_.tables.clearHover();
+        map_.readHome();
         setProjection(projection);
         map_.SetWindowAspect();
         map_.LoadBaseMap();
@@ -332,12 +341,12 @@ void Commands::mnuHelp() {
 
 void Commands::applyMapOptions(Projection projection) {
     data_.maps.save(projection);
-    data_.maps.unload(projection);
+    data_.stats.load();
     data_.stats.showFilter(projection);
-    data_.maps.of(projection);
 }
 
 bool Commands::pickLegendColour(LegendEntry entry) {
+    data_.stats.load();
     const Colour before = data_.stats.legend().colour(entry);
     // Cancelling keeps the colour that the dialog began with.
     const Colour chosen = window_.chooseColour(before).value_or(before);

@@ -25,6 +25,9 @@ public:
     /// Start-up: settings, state, options and the first map, all before the window is first shown.
     void Form_Load();
 
+    /// The end of the start-up, when the window shows the first map: sets the colours of the key.
+    void loadLegendAtStart();
+
     /// Gives the window its stored size again and draws the map to it, now that the width of its
     /// frame is known.
     void fitWindow();
@@ -79,7 +82,6 @@ private:
     void toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(), bool MenuMarks::*otherMark,
                        void (MapRun::*drawOther)());
     void changeBaseColour(std::string_view key, Colour whenEmpty);
-    void loadLegendAtStart();
 
     RunData& data_;
     MapRun& map_;

@@ -55,6 +55,13 @@ std::string MapRun::cachePath() const {
     return filePath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
 }
 
+/// What the base map in force depends on its home for; nothing on the Miller map.
+std::optional<MapHome> MapRun::mapHome() const {
+    return data_.run.marks.azimuthal()
+               ? std::optional(MapHome{data_.run.HomeLatitude, data_.run.HomeLongitude})
+               : std::nullopt;
+}
+
 void MapRun::noteCustomMap() {
     if (!customMap_) {
         customMap_ = data_.ini.ReadIniValue(sectionOf(data_.run.marks.projection), "BaseMap");
@@ -88,14 +95,15 @@ void MapRun::LoadBaseMap() {
     Picture2.Cls();
     window_.CenterForm();
     const bool settingsServe = !data_.ini.isOutOfReach();
-    LoadedPicture cached = settingsServe ? LoadWholeBitmap(cachePath()) : LoadedPicture();
-    if (cached && cached.image.size() == Picture1.Image().size()) {
-        baseMap_ = std::move(cached.image);
+    CachedBaseMap cached = settingsServe ? loadBaseMap(cachePath()) : CachedBaseMap();
+    const bool fits = cached.picture && cached.picture.image.size() == Picture1.Image().size();
+    if (fits && (!cached.home || cached.home == mapHome())) {
+        baseMap_ = std::move(cached.picture.image);
         Picture1.setPicture(baseMap_);
         Form_Resize();
         return;
     }
-    if (cached.end == ReadEnd::Missing) {
+    if (cached.picture.end == ReadEnd::Missing) {
         data_.run.marks.mnuMeridian = false;
         data_.run.marks.mnuTopo = false;
         data_.run.tellMarksChanged();
@@ -145,7 +153,7 @@ void MapRun::cacheBaseMap(const BaseMapEnd& end) {
     if (end.dataUnreadable || data_.ini.isOutOfReach()) {
         return;
     }
-    if (const WriteEnd saved = SavePicture(baseMap_, cachePath()); !saved) {
+    if (const WriteEnd saved = saveBaseMap(baseMap_, mapHome(), cachePath()); !saved) {
         prompt_.tellFailure({FileFailure::Act::Write, "The base map could not be stored.",
                              cachePath(), saved.reason});
     }
@@ -214,6 +222,7 @@ void MapRun::readHome() {
 }
 
 void MapRun::DrawGraticule() {
+    data_.stats.load();
     tovrel::DrawGraticule(Picture2, data_.run.marks.projection, data_.run.HomeLatitude,
                           data_.run.HomeLongitude,
                           data_.stats.legend().colour(LegendEntry::Meridian), listener_);
@@ -225,6 +234,7 @@ void MapRun::DrawHomeMarker() {
     if (projection == Projection::Miller) {
         readHome();
     }
+    data_.stats.load();
     const Legend& legend = data_.stats.legend();
     tovrel::DrawHomeMarker(
         Picture2, homePosition(projection, data_.run.HomeLatitude, data_.run.HomeLongitude),

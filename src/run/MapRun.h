@@ -1,6 +1,7 @@
 #pragma once
 
 #include "map/BaseMap.h"
+#include "map/BaseMapCache.h"
 #include "map/PictureSurface.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
@@ -24,9 +25,10 @@ public:
     PictureSurface Picture2;
 
     /// Takes the cached base map of the projection, or builds one, with graticule and relief
-    /// switched off, when there is none. A cache file that is no whole base map is built anew with
-    /// all as it is switched, without a question or a word. While the settings are out of reach no
-    /// cache file is looked at or written: it belongs to a home that is not known.
+    /// switched off, when there is none. A cache file that is no whole base map, or the azimuthal
+    /// one of another home, is built anew with all as it is switched, without a question or a word.
+    /// While the settings are out of reach no cache file is looked at or written: it belongs to a
+    /// home that is not known.
     void LoadBaseMap();
 
     /// Draws the base map and caches it in its file. When that can't be written the user is told
@@ -63,6 +65,7 @@ public:
 
 private:
     std::string cachePath() const;
+    std::optional<MapHome> mapHome() const;
     /// Keeps the path of the custom world picture that the settings name for the first map of the
     /// run; a switch of projection keeps the picture.
     void noteCustomMap();

@@ -59,11 +59,9 @@ public:
 
     void repair() {
         repairAll(section::globals, globalDefaults);
-        repairGroups(section::google, [this]() -> Filter& { return google_.filter; });
-        repairGroups(section::azimuthal,
-                     [this]() -> Filter& { return maps_.of(Projection::Azimuthal).filter; });
-        repairGroups(section::miller,
-                     [this]() -> Filter& { return maps_.of(Projection::Miller).filter; });
+        repairGroups(section::google, google_.filter);
+        repairGroups(section::azimuthal, maps_.of(Projection::Azimuthal).filter);
+        repairGroups(section::miller, maps_.of(Projection::Miller).filter);
         repairGoogle();
 
         const bool boldUnknown = isEmpty(section::azimuthal, "CompassBold");
@@ -114,9 +112,7 @@ private:
             writeGroup(section, criterion);
     }
 
-    /// @param filter gives the window's filter, which loads the window when it is first asked for
-    template <typename FilterOf>
-    void repairGroups(std::string_view section, FilterOf filter) {
+    void repairGroups(std::string_view section, Filter& filter) {
         for (const Criterion criterion : allCriteria) {
             const CriterionNames& names = namesOf(criterion);
             if (isEmpty(section, memberKey(names.key, 0))) {
@@ -125,8 +121,8 @@ private:
             }
             // OFF follows from the others by the rule of the group.
             for (int member = 1; member <= names.lastMember; ++member) {
-                filter().group(criterion).set(
-                    member, ini_.readCheck(section, memberKey(names.key, member)));
+                filter.group(criterion).set(member,
+                                            ini_.readCheck(section, memberKey(names.key, member)));
             }
         }
     }

@@ -1,7 +1,5 @@
 #include "state/MapOptions.h"
 
-#include "platform/Numbers.h"
-
 #include <array>
 
 namespace tovrel {
@@ -45,46 +43,37 @@ void MapOptions::resetToDesign() {
 
 MapOptionForms::MapOptionForms(iniFiles& ini, RunState& run) : ini_(ini), run_(run) {}
 
-MapOptionForms::Form& MapOptionForms::form(Projection projection) {
-    return projection == Projection::Azimuthal ? gc_ : mc_;
-}
-
-MapOptions& MapOptionForms::of(Projection projection) {
-    Form& wanted = form(projection);
-    if (!wanted.loaded)
-        load(projection);
-    return wanted.options;
-}
-
-void MapOptionForms::unload(Projection projection) { form(projection).loaded = false; }
-
 void MapOptionForms::load(Projection projection) {
-    Form& wanted = form(projection);
-    if (!wanted.loaded)
-        wanted.options.resetToDesign();
-    wanted.loaded = true;
-    setFromSettings(projection, wanted.options);
+    const iniFiles::Batch together(ini_);
+    loadMarks(projection);
+    readBoxes(projection);
     run_.tellMarksChanged();
-    if (wanted.options.changed)
-        wanted.options.changed();
 }
 
-void MapOptionForms::setFromSettings(Projection projection, MapOptions& options) {
+void MapOptionForms::loadBoxes(Projection projection) {
     const iniFiles::Batch together(ini_);
+    of(projection).resetToDesign();
+    readBoxes(projection);
+}
+
+void MapOptionForms::loadMarks(Projection projection) {
     const std::string_view section = sectionOf(projection);
     MenuMarks& marks = run_.marks;
     marks.mnuTopo = ini_.readBoolean(section, "Topo");
     marks.mnuShowMe = ini_.readBoolean(section, "ShowMe", true);
     marks.mnuMeridian = ini_.readBoolean(section, "Meridian");
-    run_.HomeLatitude = toSingle(ini_.readNumber(section::globals, "Latitude"));
-    run_.HomeLongitude = toSingle(ini_.readNumber(section::globals, "Longitude"));
     if (projection == Projection::Azimuthal) {
         marks.mnuShowCompass = ini_.readBoolean(section, "ShowComp");
-        marks.mnuLightCompass = ini_.readBoolean(section, "CompNorm", true);
         marks.mnuBoldCompass = ini_.readBoolean(section, "CompBold");
+        marks.mnuLightCompass = !marks.mnuBoldCompass;
         marks.mnu15Degrees = ini_.readBoolean(section, "15Deg");
-        marks.mnu45Degrees = ini_.readBoolean(section, "45Deg");
+        marks.mnu45Degrees = !marks.mnu15Degrees;
     }
+}
+
+void MapOptionForms::readBoxes(Projection projection) {
+    const std::string_view section = sectionOf(projection);
+    MapOptions& options = of(projection);
     for (const Criterion criterion : allCriteria) {
         loadGroup(ini_, section, options.filter.group(criterion));
     }
@@ -95,6 +84,8 @@ void MapOptionForms::setFromSettings(Projection projection, MapOptions& options)
     options.chkCall = ini_.readCheck(section, "Call");
     options.chkLatLong = ini_.readCheck(section, "LatLong");
     options.chkCountry = ini_.readCheck(section, "Country");
+    if (options.changed)
+        options.changed();
 }
 
 void MapOptionForms::loadGroup(const iniFiles& ini, std::string_view section, FilterGroup& group) {
@@ -132,7 +123,6 @@ void MapOptionForms::save(Projection projection) {
         ini_.writeBoolean(section, "15Deg", marks.mnu15Degrees);
         ini_.writeBoolean(section, "45Deg", marks.mnu45Degrees);
     }
-    // Options that are not loaded are loaded here, and that reads the marks: they stand by now.
     const MapOptions& options = of(projection);
     saveFilter(ini_, section, options.filter);
     ini_.writeCheck(section, "Call", options.chkCall);

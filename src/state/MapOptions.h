@@ -33,28 +33,34 @@ struct MapOptions {
     void resetToDesign();
 };
 
-/// The options of both maps. A window that has been closed has dropped what was not applied: the
-/// next access to its options loads them from the settings again, which also sets the menu's marks
-/// and the home position, since they belong to the same load.
+/// The options of both maps, in memory: loaded when a run starts, when a projection is switched,
+/// and when an option window is closed without Apply. Looking at them changes nothing.
 class MapOptionForms {
 public:
     MapOptionForms(iniFiles& ini, RunState& run);
 
-    /// Options of a map, loaded first if need be.
-    MapOptions& of(Projection projection);
+    const MapOptions& of(Projection projection) const {
+        return projection == Projection::Azimuthal ? gc_ : mc_;
+    }
+    MapOptions& of(Projection projection) {
+        return projection == Projection::Azimuthal ? gc_ : mc_;
+    }
+    const MapOptions& inForce() const { return of(run_.marks.projection); }
     MapOptions& inForce() { return of(run_.marks.projection); }
 
     void LoadGCMapOptions() { load(Projection::Azimuthal); }
     void LoadMCMapOptions() { load(Projection::Miller); }
+    /// Takes a map's options and the menu's marks from its settings. Of two marks that exclude each
+    /// other the first one in the settings counts: bold characters, every 15 degrees.
     void load(Projection projection);
+
+    /// Takes a map's options, but not the marks, from its settings, as a new window does.
+    void loadBoxes(Projection projection);
 
     void SaveGCMapOptions() { save(Projection::Azimuthal); }
     void SaveMCMapOptions() { save(Projection::Miller); }
     void save(Projection projection);
     void saveInForce() { save(run_.marks.projection); }
-
-    /// The window of a map was closed: what was not applied is dropped.
-    void unload(Projection projection);
 
     /// Loads a group's boxes from the settings, member 0 and all others in rising order; with an
     /// empty key of member 0, OFF is selected and the rest left alone.
@@ -62,17 +68,13 @@ public:
     static void saveFilter(iniFiles& ini, std::string_view section, const Filter& filter);
 
 private:
-    struct Form {
-        MapOptions options;
-        bool loaded = false;
-    };
-    Form& form(Projection projection);
-    void setFromSettings(Projection projection, MapOptions& options);
+    void loadMarks(Projection projection);
+    void readBoxes(Projection projection);
 
     iniFiles& ini_;
     RunState& run_;
-    Form gc_;
-    Form mc_;
+    MapOptions gc_;
+    MapOptions mc_;
 };
 
 /// Settings section of a map's options.

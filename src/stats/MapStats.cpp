@@ -7,21 +7,6 @@ namespace tovrel {
 MapStats::MapStats(iniFiles& ini, MapOptionForms& maps, RunState& run, PlotLine& lneGCPlotLine)
     : ini_(ini), maps_(maps), run_(run), lneGCPlotLine_(lneGCPlotLine) {}
 
-StatusLists& MapStats::lists() {
-    load();
-    return lists_;
-}
-
-Legend& MapStats::legend() {
-    load();
-    return legend_;
-}
-
-const std::string& MapStats::filterText(Criterion criterion) {
-    load();
-    return filterTexts_[static_cast<std::size_t>(criterion)];
-}
-
 void MapStats::load() {
     if (loaded_)
         return;
@@ -52,8 +37,9 @@ void MapStats::showFilter(Projection projection) {
 }
 
 void MapStats::pickColour(LegendEntry entry, Colour colour) {
-    legend().set(entry, colour);
-    legend().save(ini_, run_.marks.projection, entry);
+    load();
+    legend_.set(entry, colour);
+    legend_.save(ini_, run_.marks.projection, entry);
 }
 
 void MapStats::pickStation(const Station& station) {
@@ -72,7 +58,7 @@ void MapStats::pickStation(const Station& station) {
     line.toX = station.mapX;
     line.toY = station.mapY;
     line.width = run_.PlotLineWidth;
-    line.colour = legend().colour(LegendEntry::Line);
+    line.colour = legend_.colour(LegendEntry::Line);
     lneGCPlotLine_.show(line);
 }
 

@@ -16,17 +16,21 @@ namespace tovrel {
 /// What the statistics window holds: the lists, the filter in force and the plot colours. Whoever
 /// draws or counts uses it, whether the window is open or not.
 ///
-/// Closing the window drops all of it. The next access loads it again, lists empty, filter and
-/// colours from the settings of the map in force.
+/// Closing the window drops all of it, and load() brings it back, lists empty, filter and colours
+/// from the settings of the map in force. Who draws or counts loads first; looking changes nothing.
 class MapStats {
 public:
     MapStats(iniFiles& ini, MapOptionForms& maps, RunState& run, PlotLine& lneGCPlotLine);
 
-    StatusLists& lists();
-    Legend& legend();
+    StatusLists& lists() { return lists_; }
+    const StatusLists& lists() const { return lists_; }
+    Legend& legend() { return legend_; }
+    const Legend& legend() const { return legend_; }
 
-    /// Text of the filter boxes txtBand, txtMode and txtIOTA.
-    const std::string& filterText(Criterion criterion);
+    /// Text of the filter boxes txtBand, txtMode and txtIOTA; empty while nothing is loaded.
+    const std::string& filterText(Criterion criterion) const {
+        return filterTexts_[static_cast<std::size_t>(criterion)];
+    }
 
     /// Takes the filter texts from the settings of a map, as when its options were applied.
     void showFilter(Projection projection);
@@ -38,7 +42,7 @@ public:
     /// goes away.
     void pickStation(const Station& station);
 
-    /// The window is made, or somebody needs what it holds.
+    /// Loads what was dropped, if anything was.
     void load();
 
     /// The window was closed.

@@ -134,7 +134,6 @@ void frmMapStats::showEvent(QShowEvent* event) {
 }
 
 void frmMapStats::follow() {
-    // Not earlier, since whoever touches the lists or the colours loads them.
     StatusLists& lists = stats_.lists();
     followStations(*lstConfirmed_, lists.lstConfirmed);
     followStations(*lstWorked_, lists.lstWorked);

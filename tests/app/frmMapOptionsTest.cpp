@@ -50,6 +50,7 @@ TEST_F(frmMapOptionsTest, ShowsWhatTheSettingsHold) {
     const std::string settings = "[MCMapOptions]\r\nBand0=0\r\nBand12=1\r\nMarker=Medium\r\n"
                                  "Line=3\r\nCountry=1\r\n";
     folder_.write("Tovrel.ini", settings);
+    data_.maps.LoadMCMapOptions();
     window_.show();
     for (const char* name : {"chkBand(12)", "Option2", "optLine3", "chkCountry"})
         EXPECT_TRUE(checked(window_, name)) << name;

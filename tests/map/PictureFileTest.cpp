@@ -1,4 +1,5 @@
 #include "map/PictureFile.h"
+#include "map/BaseMapCache.h"
 
 #include "platform/TestFolder.h"
 
@@ -25,7 +26,7 @@ TEST(PictureFile, KeepsEveryPixelInABitmapOfAnyName) {
         ASSERT_TRUE(back) << back.reason;
         EXPECT_EQ(back.image.format(), QImage::Format_RGB32);
         EXPECT_EQ(back.image, checkered());
-        EXPECT_TRUE(LoadWholeBitmap(folder.path(name)));
+        EXPECT_TRUE(loadBaseMap(folder.path(name)).picture);
     }
     ASSERT_TRUE(SavePicture(checkered(), folder.path("x.png"), "PNG"));
     EXPECT_EQ(LoadPicture(folder.path("x.png")).image, checkered());
@@ -54,8 +55,27 @@ TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
 
     // A decoder shows the missing part of a bitmap in black.
     const std::string partly = folder.write("part.bmp", bitmap.substr(0, bitmap.size() - 1));
-    EXPECT_EQ(LoadWholeBitmap(partly).end, ReadEnd::Unreadable);
-    EXPECT_EQ(LoadWholeBitmap(folder.write("long.bmp", bitmap + "x")).end, ReadEnd::Unreadable);
+    EXPECT_EQ(loadBaseMap(partly).picture.end, ReadEnd::Unreadable);
+    const std::string longer = folder.write("long.bmp", bitmap + "x");
+    EXPECT_EQ(loadBaseMap(longer).picture.end, ReadEnd::Unreadable);
+}
+
+TEST(BaseMapCache, KeepsTheHomeBehindThePicture) {
+    const TestFolder folder;
+    const std::string path = folder.path("GCBaseMap.map");
+    EXPECT_FALSE(loadBaseMap(path).home);
+    for (const MapHome& home :
+         {MapHome{-33.87F, 151.2F}, MapHome{0.0F, 0.0F}, MapHome{1e-7F, -0.1F}}) {
+        ASSERT_TRUE(saveBaseMap(checkered(), home, path));
+        const CachedBaseMap back = loadBaseMap(path);
+        EXPECT_EQ(back.home, home);
+        EXPECT_EQ(back.picture.image, checkered());
+        EXPECT_EQ(LoadPicture(path).image, checkered()) << "a bitmap like any other";
+        const std::string bytes = folder.read("GCBaseMap.map");
+        EXPECT_FALSE(loadBaseMap(folder.write("cut", bytes.substr(0, bytes.size() - 1))).picture);
+    }
+    ASSERT_TRUE(saveBaseMap(checkered(), std::nullopt, path));
+    EXPECT_FALSE(loadBaseMap(path).home);
 }
 
 TEST(PictureFile, AFailedSaveLeavesTheOldFileAlone) {

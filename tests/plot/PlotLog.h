@@ -46,6 +46,9 @@ struct PlotRun {
         data.run.LogFileName = folder.write("log.adi", log);
         data.run.marks.projection = projection;
         data.maps.load(projection);
+        data.run.HomeLatitude = 40.0F;
+        data.run.HomeLongitude = -74.0F;
+        data.stats.load();
     }
 
     PassEnd plot() {

@@ -189,6 +189,51 @@ TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
     EXPECT_EQ(program.look(), "world home plot ") << "a new colour does not recolour the map";
 }
 
+TEST(Options, AWindowClosedWithoutApplyTakesNoMarkBack) {
+    PlottedProgram program;
+    program.data->maps.inForce().filter.band.set(3, true);
+    program.data->maps.loadBoxes(Projection::Azimuthal);
+    EXPECT_TRUE(program.data->maps.inForce().filter.band.selected(0));
+    program.commands->mnuMeridian();
+    EXPECT_TRUE(program.data->run.marks.mnuMeridian);
+    EXPECT_EQ(program.takeChanges(), "Meridian=True ");
+    EXPECT_EQ(program.look(), "world home graticule plot ");
+}
+
+TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
+    PlottedProgram program;
+    program.data->ini.WriteIniValue("Globals", "Latitude", "45");
+    const auto latitude = [&program] { return program.data->run.HomeLatitude; };
+    program.commands->applyMapOptions(Projection::Azimuthal);
+    program.data->maps.loadBoxes(Projection::Azimuthal);
+    program.commands->mnuLoadADIF();
+    program.commands->mnuGreatCircle(); // it is on
+    program.commands->mnuShowMe();
+    EXPECT_EQ(latitude(), 50.0F);
+    EXPECT_EQ(program.look(), "world plot ");
+    program.commands->mnuRecreateMap();
+    EXPECT_EQ(latitude(), 45.0F);
+    EXPECT_EQ(program.look(), "world ");
+}
+
+TEST(Hover, EndsWithTheMapAndWithAPlotThatFindsNoLog) {
+    const std::function<void(PlottedProgram&)> ends[] = {
+        [](PlottedProgram& program) { program.commands->mnuClearMap(); },
+        [](PlottedProgram& program) { program.commands->mnuMiller(); },
+        [](PlottedProgram& program) { program.commands->mnuLoadADIF(); }};
+    for (const auto& end : ends) {
+        PlottedProgram program;
+        const HoverRow at = program.data->tables.HoverTable.at(0);
+        const auto tip = [&] {
+            return tipText(program.data->tables, {.call = true}, at.mapY, at.mapX);
+        };
+        EXPECT_EQ(tip(), "KH6A  ");
+        std::filesystem::remove(program.data->run.LogFileName);
+        end(program);
+        EXPECT_EQ(tip(), "");
+    }
+}
+
 TEST(SaveMap, WritesTheMapOnShowAndTellsHowItWent) {
     PlottedProgram program;
     const QImage before = program.map->Picture2.Image();

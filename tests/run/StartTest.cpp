@@ -58,7 +58,7 @@ TEST(Start, APreparedFolderServesItsCacheAndKeepsItsDictionary) {
     program.folder.write("tvadif.txt", "CALL\r\n");
     program.start();
     EXPECT_EQ(program.window.takeCalls(), "center") << "no question to a known user";
-    EXPECT_EQ(program.mapAt(40, 0), cachedColour) << "used without any test";
+    EXPECT_EQ(program.mapAt(40, 0), cachedColour) << "a plain bitmap serves";
     EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache);
     EXPECT_EQ(program.folder.read("tvadif.txt"), "CALL\r\n");
     EXPECT_EQ(program.listener.yields, 0);
@@ -111,19 +111,28 @@ TEST(Start, WhatIsNoNumberAndNoPictureGivesWayToDefaults) {
     }
 }
 
-TEST(Start, ACacheThatIsNoWholeBaseMapIsBuiltAnewAsAllIsSwitched) {
-    TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
+    QImage world(1080, 540, QImage::Format_RGB32);
+    world.fill(Qt::red);
+    TestProgram program;
+    ASSERT_TRUE(SavePicture(world, program.folder.path("world.bmp")));
+    ASSERT_TRUE(SavePicture(QImage(1, 1, QImage::Format_RGB32), program.folder.path("tiny")));
+    program.folder.write("Tovrel.ini",
+                         home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\nBaseMap=" +
+                             program.folder.path("world.bmp") + "\r\n");
     writeCache(program.folder);
     const std::string whole = program.folder.read("GCBaseMap.map");
-    ASSERT_TRUE(SavePicture(QImage(1, 1, QImage::Format_RGB32), program.folder.path("tiny")));
-    for (const std::string& cut :
-         {whole.substr(0, whole.size() / 2), whole + "x", program.folder.read("tiny")}) {
-        program.folder.write("GCBaseMap.map", cut);
+    const std::string path = program.folder.path("GCBaseMap.map");
+    ASSERT_TRUE(saveBaseMap(LoadPicture(path).image, MapHome{50.0F, -20.5F}, path));
+    for (const std::string& cached :
+         {whole.substr(0, whole.size() / 2), whole + "x", program.folder.read("tiny"),
+          program.folder.read("GCBaseMap.map")}) { // the last one is that of another home
+        program.folder.write("GCBaseMap.map", cached);
         program.restart();
         program.start();
-        EXPECT_EQ(program.folder.read("GCBaseMap.map").size(), whole.size());
+        EXPECT_EQ(loadBaseMap(path).home, (MapHome{50.0F, -20.0F}));
         EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
-        EXPECT_EQ(program.look(0x000000), "home graticule ") << "relief on the land";
+        EXPECT_EQ(program.mapAt(40, 4), 0x0000FFU) << "relief";
         EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
         EXPECT_EQ(program.listener.begun, 0);
     }

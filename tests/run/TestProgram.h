@@ -56,7 +56,10 @@ public:
         commands = std::make_unique<Commands>(*data, *map, window, listener, prompt);
         window.onCloseStats = [this] { data->stats.unload(); };
     }
-    void start() { commands->Form_Load(); }
+    void start() {
+        commands->Form_Load();
+        commands->loadLegendAtStart();
+    }
 
     /// Chooses a log with one contact in Hawaii, confirmed.
     void chooseLog() {

@@ -140,6 +140,7 @@ TEST_F(InitSettingsTest, takesTheLightCompassWhenTheKeyOfTheBoldOneIsMissing) {
     RunState later;
     MapOptionForms laterMaps(ini, later);
     InitSettings(ini, laterMaps, google, later);
+    laterMaps.LoadGCMapOptions();
     EXPECT_TRUE(!later.marks.mnuLightCompass && later.marks.mnuBoldCompass);
 }
 

@@ -46,44 +46,55 @@ TEST_F(MapOptionsTest, loadsFilterGroupsInRisingOrder) {
     }
 }
 
-TEST_F(MapOptionsTest, loadsMarksHomeAndOptionsWithTheirFallbacks) {
+TEST_F(MapOptionsTest, loadsMarksAndOptionsWithTheirFallbacks) {
     maps.LoadGCMapOptions();
     MenuMarks expected;
-    expected.mnuShowMe = expected.mnuLightCompass = true;
+    expected.mnuShowMe = expected.mnuLightCompass = expected.mnu45Degrees = true;
     EXPECT_EQ(run.marks, expected);
-    EXPECT_EQ(run.HomeLatitude, 0.0F);
     EXPECT_EQ(maps.of(Projection::Azimuthal).line, 1);
     EXPECT_EQ(maps.of(Projection::Azimuthal).marker, MarkerSize::Small);
 
     int told = 0;
     run.marksChanged = [&] { ++told; };
-    settings("[Globals]\nLatitude=51.5N\nLongitude=-0.25\n[GCMapOptions]\nTopo=true\nShowMe=False\n"
-             "Meridian=True\nShowComp=True\nCompNorm=False\nCompBold=True\n15Deg=True\n45Deg=True\n"
+    // Of marks that exclude each other the first counts.
+    settings("[Globals]\nLatitude=51.5\n[GCMapOptions]\nTopo=true\nShowMe=False\n"
+             "Meridian=True\nShowComp=True\nCompNorm=True\nCompBold=True\n15Deg=True\n45Deg=True\n"
              "Marker=Medium\nLine=3\nCall=1\nLatLong=0\nCountry=1\n"
              "[MCMapOptions]\nMarker=large\nLine=4\nLatLong=1\nTopo=False\n");
     maps.LoadGCMapOptions();
-    expected = {Projection::Azimuthal, false, true, true, true, true, false, true, true};
+    expected = {Projection::Azimuthal, false, true, true, true, true, false, true, false};
     EXPECT_EQ(run.marks, expected);
     EXPECT_EQ(told, 1);
-    EXPECT_EQ(run.HomeLatitude, 51.5F);
-    EXPECT_EQ(run.HomeLongitude, -0.25F);
+    EXPECT_EQ(run.HomeLatitude, 0.0F) << "home belongs to the base map";
     const MapOptions& azimuthal = maps.of(Projection::Azimuthal);
     EXPECT_EQ(azimuthal.marker, MarkerSize::Medium);
     EXPECT_EQ(azimuthal.line, 3);
     EXPECT_TRUE(azimuthal.chkCall && !azimuthal.chkLatLong && azimuthal.chkCountry);
 
-    // The Miller map has no compass; values that are none of the words change nothing.
+    // Looking at options loads nothing.
     const MapOptions& miller = maps.of(Projection::Miller);
+    EXPECT_FALSE(miller.chkLatLong);
+    EXPECT_EQ(run.marks, expected);
+    // The Miller map has no compass; values that are none of the words change nothing.
+    maps.LoadMCMapOptions();
     expected.mnuShowMe = true;
     expected.mnuMeridian = expected.mnuTopo = false;
     EXPECT_EQ(run.marks, expected);
     EXPECT_EQ(miller.marker, MarkerSize::Small);
     EXPECT_EQ(miller.line, 1);
     EXPECT_TRUE(!miller.chkCall && miller.chkLatLong && !miller.chkCountry);
+
+    // A window that is closed without Apply puts its boxes back, and nothing else.
+    run.marks = {};
+    maps.of(Projection::Azimuthal).line = 1;
+    maps.of(Projection::Miller).chkCall = true;
+    maps.loadBoxes(Projection::Azimuthal);
+    EXPECT_EQ(azimuthal.line, 3);
+    EXPECT_TRUE(miller.chkCall);
+    EXPECT_EQ(run.marks, MenuMarks());
 }
 
 TEST_F(MapOptionsTest, savesAllThatItLoads) {
-    run.marks = {Projection::Azimuthal, true, false, true, true, false, true, false, true};
     MapOptions& options = maps.of(Projection::Azimuthal);
     run.marks = {Projection::Azimuthal, true, false, true, true, false, true, false, true};
     options.filter.band.set(3, true);
@@ -106,22 +117,6 @@ TEST_F(MapOptionsTest, savesAllThatItLoads) {
     for (const std::string_view key : {"ShowComp", "CompBold", "CompNorm", "15Deg", "45Deg"})
         EXPECT_EQ(ini.ReadIniValue(section::miller, key), "") << key;
     EXPECT_EQ(ini.ReadIniValue(section::miller, "Topo"), "True");
-}
-
-// Saving loads options whose window was closed, and that reads the marks from the settings.
-TEST_F(MapOptionsTest, savesAMarkThatWasSetWhileTheOptionsWereNotLoaded) {
-    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        maps.of(projection);
-        maps.save(projection);
-        maps.unload(projection);
-        run.marks.mnuTopo = true;
-        run.marks.mnuShowMe = false;
-        maps.save(projection);
-        EXPECT_TRUE(run.marks.mnuTopo);
-        EXPECT_FALSE(run.marks.mnuShowMe);
-        EXPECT_EQ(ini.ReadIniValue(sectionOf(projection), "Topo"), "True");
-        EXPECT_EQ(ini.ReadIniValue(sectionOf(projection), "ShowMe"), "False");
-    }
 }
 
 TEST_F(MapOptionsTest, namesTheFilterOfTheSettings) {

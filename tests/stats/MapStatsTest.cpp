@@ -17,6 +17,8 @@ struct MapStatsTest : testing::Test {
                      "Mode2=1\r\nIOTA4=1\r\nIOTA7=1\r\n"
                      "[MCMapOptions]\r\nHeardColor=333\r\nLineColor=444\r\nLine=2\r\nBand0=0\r\n"
                      "Band1=1\r\nBand12=1\r\n");
+        data.maps.loadBoxes(Projection::Azimuthal);
+        data.maps.loadBoxes(Projection::Miller);
     }
     void fillLists() {
         stats.lists().lstConfirmed.add({"W1AW", 1, 2});
@@ -30,8 +32,10 @@ struct MapStatsTest : testing::Test {
     MapStats& stats = data.stats;
 };
 
-TEST_F(MapStatsTest, TheFirstAccessLoadsTheMapInForce) {
-    EXPECT_FALSE(stats.loaded());
+TEST_F(MapStatsTest, LoadsTheMapInForceWhenItIsToldTo) {
+    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 16711680U);
+    EXPECT_FALSE(stats.loaded()) << "looking changes nothing";
+    stats.load();
     EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 111U);
     EXPECT_TRUE(stats.loaded());
     EXPECT_EQ(run.PlotLineWidth, 3);
@@ -40,7 +44,8 @@ TEST_F(MapStatsTest, TheFirstAccessLoadsTheMapInForce) {
     EXPECT_EQ(stats.filterText(Criterion::Iota), "IOTA\r\n--------\r\nEU\r\nSA\r\n");
 }
 
-TEST_F(MapStatsTest, ClosingDropsAllAndTheNextAccessReadsTheSettings) {
+TEST_F(MapStatsTest, ClosingDropsAllAndTheNextLoadReadsTheSettings) {
+    stats.load();
     fillLists();
     stats.legend().set(LegendEntry::Heard, 999);
     stats.legend().set(LegendEntry::Worked, 999);
@@ -50,6 +55,7 @@ TEST_F(MapStatsTest, ClosingDropsAllAndTheNextAccessReadsTheSettings) {
     EXPECT_EQ(stats.lists().lstConfirmed.size(), 0U);
     EXPECT_EQ(stats.lists().lstPfxNotPlotted.size(), 0U);
     EXPECT_TRUE(stats.lists().lstStats.empty());
+    stats.load();
     EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 333U);
     EXPECT_EQ(stats.legend().colour(LegendEntry::Worked), 255U) << "a key that is empty";
     EXPECT_EQ(run.PlotLineWidth, 2);
@@ -66,6 +72,8 @@ TEST_F(MapStatsTest, AStationGetsALineFromHome) {
     } cases[] = {{Projection::Azimuthal, 0, 0, 3, 222}, {Projection::Miller, -21918, 9600, 2, 444}};
     for (const auto& c : cases) {
         run.marks.projection = c.projection;
+        run.HomeLatitude = 40.0F;
+        run.HomeLongitude = 181.0F;
         stats.unload();
         stats.load();
         stats.pickStation(station);

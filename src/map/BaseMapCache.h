@@ -1,0 +1,32 @@
+#pragma once
+
+#include "map/PictureFile.h"
+
+#include <optional>
+#include <string>
+
+namespace tovrel {
+
+/// A home position as a base map was drawn for it, in degrees.
+struct MapHome {
+    float latitude = 0.0F;
+    float longitude = 0.0F;
+
+    bool operator==(const MapHome&) const = default;
+};
+
+/// A base map in its file: a bitmap, behind whose pixels its home stands if it has one. Readers of
+/// bitmaps pass over that.
+struct CachedBaseMap {
+    LoadedPicture picture;
+    std::optional<MapHome> home; ///< of a plain bitmap it is not known
+};
+
+/// The base map of a file; Unreadable also when the bitmap is shorter or longer than it says.
+CachedBaseMap loadBaseMap(const std::string& path);
+
+/// Replaces a file by a base map.
+WriteEnd saveBaseMap(const QImage& image, const std::optional<MapHome>& home,
+                     const std::string& path);
+
+} // namespace tovrel
