@@ -12,14 +12,24 @@ namespace tovrel {
 
 namespace {
 
-/// A tip as the tool tip window takes it: a long one has to be rich text, which wraps at the width
-/// of the screen, and so has one that could be taken for it.
-QString toolTipText(const QString& tip) {
-    constexpr qsizetype line = 120;
-    if (tip.size() <= line && !Qt::mightBeRichText(tip)) {
+/// A tip as the tool tip window takes it, its lines broken between stations. One that could be
+/// taken for rich text has to be that.
+QString toolTipText(const QStringList& stations) {
+    constexpr qsizetype longestLine = 120;
+    QString tip;
+    qsizetype line = 0;
+    for (const QString& station : stations) {
+        if (line > 0 && line + station.size() > longestLine) {
+            tip += QLatin1Char('\n');
+            line = 0;
+        }
+        tip += station;
+        line += station.size();
+    }
+    if (!Qt::mightBeRichText(tip)) {
         return tip;
     }
-    return QStringLiteral("<p style=\"white-space: pre-wrap\">") + tip.toHtmlEscaped() +
+    return QStringLiteral("<p style=\"white-space: pre\">") + tip.toHtmlEscaped() +
            QStringLiteral("</p>");
 }
 
@@ -68,21 +78,22 @@ MapView::MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText
     line.changed = [this] { lneGCPlotLine_->follow(); };
 }
 
-void MapView::showMap() {
-    lneGCPlotLine_->resize(Picture2_.Image().size());
+void MapView::showMap(QPoint at) {
+    at_ = at;
+    lneGCPlotLine_->setGeometry({at, Picture2_.Image().size()});
     update();
 }
 
 void MapView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    const QRect picture(QPoint(0, 0), Picture2_.Image().size());
-    const QRect shown = event->rect() & picture;
-    painter.drawImage(shown, Picture2_.Image(), shown);
+    const QRect shown = event->rect() & QRect(at_, Picture2_.Image().size());
+    painter.drawImage(shown, Picture2_.Image(), shown.translated(-at_));
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {
-    const double mapX = Picture2_.mapX(event->position().x());
-    const double mapY = Picture2_.mapY(event->position().y());
+    const QPointF at = event->position() - at_;
+    const double mapX = Picture2_.mapX(at.x());
+    const double mapY = Picture2_.mapY(at.y());
     const QString tip = toolTipText(tipText_(mapY, mapX));
     if (tip == toolTip()) {
         return;

@@ -3,6 +3,7 @@
 #include "map/PictureSurface.h"
 #include "state/PlotLine.h"
 
+#include <QStringList>
 #include <QWidget>
 #include <functional>
 
@@ -26,20 +27,21 @@ private:
     const PlotLine& line_;
 };
 
-/// Picture2 on screen, a pixel of it a pixel of the widget, at the top left.
+/// Picture2 on screen, a pixel of it a pixel of the widget, on the window's background.
 class MapView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Text of the tool tip at a position in map units, Y and X; empty for none.
-    using TipText = std::function<QString(double mapY, double mapX)>;
+    /// Tool tip at a position in map units, Y and X, a text for each station; empty for none.
+    using TipText = std::function<QStringList(double mapY, double mapX)>;
 
     /// @param Picture2, line have to outlive the widget
     MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText,
             QWidget* parent = nullptr);
 
     /// Takes over the size of the picture and repaints it.
-    void showMap();
+    /// @param at its upper left corner in the widget
+    void showMap(QPoint at);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -47,6 +49,7 @@ protected:
 
 private:
     const PictureSurface& Picture2_;
+    QPoint at_;
     TipText tipText_;
     PlotLineView* lneGCPlotLine_;
 };

@@ -14,8 +14,8 @@ constexpr qint64 listsEvery = 100;
 
 } // namespace
 
-QtListener::QtListener(std::function<QRect()> mainWindowFrame)
-    : mainWindowFrame_(std::move(mainWindowFrame)) {
+QtListener::QtListener(QWidget& mainWindow, std::function<QRect()> mainWindowFrame)
+    : mainWindowFrame_(std::move(mainWindowFrame)), window_(&mainWindow) {
     sinceLists_.start();
 }
 

@@ -14,8 +14,9 @@ namespace tovrel {
 /// some milliseconds have gone by, so that a million records don't pay for a million repaints.
 class QtListener : public PassListener {
 public:
-    /// @param mainWindowFrame gives the outer rectangle that the progress window lies over
-    explicit QtListener(std::function<QRect()> mainWindowFrame);
+    /// @param mainWindow over which the progress window lies
+    /// @param mainWindowFrame gives its outer rectangle
+    QtListener(QWidget& mainWindow, std::function<QRect()> mainWindowFrame);
 
     void beginPass(std::string_view caption, std::string_view status, float maximum) override;
     void showStatus(std::string_view status) override;

@@ -1,7 +1,5 @@
 #include "app/frmAbout.h"
 
-#include "platform/frmControls.h"
-
 #include <QApplication>
 #include <QFrame>
 #include <QIcon>
@@ -40,7 +38,7 @@ QPixmap picture() {
 } // namespace
 
 frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
-    : QDialog(parent), prompt_(prompt) {
+    : frmDialog(parent), prompt_(prompt) {
     setUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Tovrel"), 3480, 3135);
     // The back is told, light in a dark theme as well, so what is written on it is black.
     QPalette colours = palette();
@@ -81,7 +79,6 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
         activateWindow(); // a message gives the focus back to the main window
     });
     setTabOrder(ok, info);
-    ok->setFocus();
 }
 
 void frmAbout::StartSysInfo() {

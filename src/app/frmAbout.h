@@ -1,14 +1,14 @@
 #pragma once
 
 #include "platform/UserPrompt.h"
+#include "platform/frmControls.h"
 
-#include <QDialog>
 #include <QString>
 
 namespace tovrel {
 
 /// Title, version and origin of the program.
-class frmAbout : public QDialog {
+class frmAbout : public frmDialog {
     Q_OBJECT
 
 public:

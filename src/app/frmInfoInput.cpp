@@ -46,11 +46,12 @@ frmInfoInput::frmInfoInput(iniFiles& ini, UserPrompt& prompt, QWidget* parent)
 }
 
 void frmInfoInput::loadForm() {
+    if (isVisible())
+        return;
     const StationInfo info = readStationInfo(ini_);
     txtCallSign_->setText(displayText(info.MyCall));
     txtLatitude_->setText(displayText(info.Latitude));
     txtLongitude_->setText(displayText(info.Longitude));
-    txtCallSign_->setFocus();
 }
 
 void frmInfoInput::cmdInfoApply_Click() {

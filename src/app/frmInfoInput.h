@@ -18,7 +18,7 @@ public:
     /// @param ini, prompt have to outlive the window
     frmInfoInput(iniFiles& ini, UserPrompt& prompt, QWidget* parent = nullptr);
 
-    /// Fills the boxes from the settings; to be called before the window is shown.
+    /// Fills the boxes from the settings, unless the window is open and holds what the user types.
     void loadForm();
 
 private:

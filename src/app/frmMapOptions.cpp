@@ -110,7 +110,7 @@ void frmMapOptions::setTabOrders() {
 
 void frmMapOptions::showEvent(QShowEvent* event) {
     mirror();
-    QDialog::showEvent(event);
+    frmDialog::showEvent(event);
 }
 
 void frmMapOptions::mirror() {

@@ -16,13 +16,17 @@ public:
     float Width() const override { return pictureWidth_ + 110.0F; }
     float Height() const override { return pictureHeight_; }
     float ScaleHeight() const override { return pictureHeight_; }
+    WindowArea area() const override {
+        return {Width(), Height(), pictureWidth_, pictureHeight_, false};
+    }
+    void settleSize() override {}
     void setWidth(float /*width*/) override {}
     void setHeight(float /*height*/) override {}
     void setCaption(const std::string& /*caption*/) override {}
     void setVisible(bool /*visible*/) override {}
     void CenterForm() override {}
     void followState(State /*state*/) override {}
-    void showMap() override {}
+    void showMap(const MapPlace& /*place*/) override {}
     void setWaitPointer(bool /*wait*/) override {}
     void setTimer1(bool /*enabled*/) override {}
     bool statsVisible() const override { return false; }

@@ -14,6 +14,7 @@
 #include <QGuiApplication>
 #include <QStandardPaths>
 #include <cstdio>
+#include <new>
 #include <optional>
 
 namespace {
@@ -99,6 +100,9 @@ BatchResult run(int argc, char* argv[]) {
 int main(int argc, char* argv[]) {
     try {
         return static_cast<int>(run(argc, argv));
+    } catch (const std::bad_alloc&) {
+        return static_cast<int>(
+            fail(BatchResult::FileFailed, "the memory is too small for this log"));
     } catch (const std::exception& failure) {
         return static_cast<int>(fail(BatchResult::FileFailed, failure.what()));
     }

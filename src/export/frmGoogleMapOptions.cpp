@@ -1,6 +1,7 @@
 #include "export/frmGoogleMapOptions.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
@@ -52,7 +53,9 @@ void frmGoogleMapOptions::addMarkers() {
 
 void frmGoogleMapOptions::showEvent(QShowEvent* event) {
     mirror();
-    QDialog::showEvent(event);
+    if (!event->spontaneous())
+        applied_ = Choices{options_.filter, options_.chkCall};
+    frmDialog::showEvent(event);
 }
 
 void frmGoogleMapOptions::mirror() {
@@ -65,9 +68,21 @@ void frmGoogleMapOptions::cmdApply_Click() {
     hide();
 }
 
-void frmGoogleMapOptions::done(int result) {
-    QDialog::done(result);
+void frmGoogleMapOptions::reject() {
+    if (applied_) {
+        for (const Criterion criterion : allCriteria)
+            options_.filter.group(criterion).assign(applied_->filter.group(criterion));
+        options_.chkCall = applied_->chkCall;
+        applied_.reset();
+    }
+    mirror();
+    frmDialog::reject();
+}
+
+void frmGoogleMapOptions::closeEvent(QCloseEvent* event) {
+    applied_.reset();
     options_.resetToDesign();
+    frmDialog::closeEvent(event);
 }
 
 } // namespace tovrel

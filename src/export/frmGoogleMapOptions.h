@@ -5,6 +5,7 @@
 #include "state/frmFilterBoxes.h"
 
 #include <array>
+#include <optional>
 
 class QCheckBox;
 class QRadioButton;
@@ -12,7 +13,8 @@ class QRadioButton;
 namespace tovrel {
 
 /// The option window of the export. It shows the live options and writes into them at every act of
-/// the user. Apply stores them and hides the window; closing it puts them back to the design.
+/// the user. Apply stores them and hides the window. Escape hides it and takes back what was not
+/// applied; the close box puts all back to the design.
 class frmGoogleMapOptions : public frmDialog {
     Q_OBJECT
 
@@ -21,19 +23,26 @@ public:
     frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& options, QWidget* parent = nullptr);
     ~frmGoogleMapOptions() override;
 
-    /// Every way of closing ends here; hiding does not.
-    void done(int result) override;
+    void reject() override;
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
 private:
     void addMarkers();
     void cmdApply_Click();
     void mirror();
 
+    /// What Escape goes back to: the marker is stored as soon as it is chosen, and stays.
+    struct Choices {
+        Filter filter;
+        bool chkCall;
+    };
+
     iniFiles& ini_;
     GoogleMapOptions& options_;
+    std::optional<Choices> applied_; ///< while the window is open
     frmFilterBoxes filterBoxes_;
     std::array<QRadioButton*, 3> markers_{}; ///< in the order of MarkerSize
     QCheckBox* chkCall_ = nullptr;

@@ -1,6 +1,8 @@
 #include "map/MapImage.h"
 
+#include <QFontMetricsF>
 #include <QLocale>
+#include <algorithm>
 
 namespace tovrel {
 
@@ -29,15 +31,19 @@ void composeMapImage(const PictureSurface& Picture2, Projection projection, cons
         Picture3.CurrentY = y;
         Picture3.Print(text, font);
     };
-    const QString creator = QStringLiteral("Created by Tovrel");
     const QString clock = QLocale::system().toString(now, QLocale::ShortFormat);
+    // A small map has less room for it than its told place leaves.
+    const double unitsPerPixel = mapWidth / std::max(Picture3.pixelWidth(), 1);
+    const double clockWidth = (QFontMetricsF(font).horizontalAdvance(clock) + 2.0) * unitsPerPixel;
+    const double clockLeft = std::max(std::min(rightStamp, mapEdge - clockWidth), -mapEdge);
+    const QString creator = QStringLiteral("Created by Tovrel");
     if (projection == Projection::Azimuthal) {
         print(leftEdge, upperLine, creator);
         print(leftEdge, lowerLine, creditLine);
-        print(rightStamp, lowerLine, clock);
+        print(clockLeft, lowerLine, clock);
     } else {
         print(leftEdge, upperLine, creator + QStringLiteral(" - ") + creditLine);
-        print(rightStamp, upperLine, clock);
+        print(clockLeft, upperLine, clock);
     }
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <QLockFile>
 #include <QTemporaryDir>
-#include <optional>
+#include <memory>
 #include <string>
 
 namespace tovrel {
@@ -11,13 +10,16 @@ namespace tovrel {
 /// that they can be renamed into place. It goes with this object, with all that is in it.
 ///
 /// What a run left that was killed is cleared by the next one in the same place. A folder counts as
-/// such only when it holds a lock file that belongs to this user and to no living process.
+/// such only when it holds a lock file that belongs to this user and that nobody holds, or nothing.
 class WorkFolder {
 public:
     /// @param place folder in which it is made; empty for the current one
     explicit WorkFolder(const std::string& place);
+    ~WorkFolder();
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
 
-    bool isValid() const { return folder_.isValid(); }
+    bool isValid() const { return folder_->isValid(); }
 
     /// Why it could not be made; to be asked for when it is not valid.
     std::string error() const;
@@ -26,10 +28,12 @@ public:
     std::string path(std::string_view name) const;
 
 private:
-    void clearDeadOnes(const std::string& place) const;
+    class Lock;
 
-    QTemporaryDir folder_;
-    std::optional<QLockFile> lock_; ///< released before the folder goes
+    static void clearDeadOnes(const std::string& place);
+
+    std::unique_ptr<QTemporaryDir> folder_;
+    std::unique_ptr<Lock> lock_; ///< released before the folder goes
 };
 
 } // namespace tovrel

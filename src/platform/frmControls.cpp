@@ -101,6 +101,22 @@ QFrame* addLine(QWidget& parent, const QString& name, float left, float right, f
     return line;
 }
 
+void frmDialog::bringUp() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmDialog::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    if (event->spontaneous())
+        return;
+    QWidget* first = nextInFocusChain();
+    while (first != this && !(first->focusPolicy() & Qt::TabFocus && first->isVisibleTo(this)))
+        first = first->nextInFocusChain();
+    first->setFocus();
+}
+
 void frmDialog::keyPressEvent(QKeyEvent* event) {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QDialog::keyPressEvent(event);

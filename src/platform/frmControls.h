@@ -59,13 +59,17 @@ QPushButton* addButton(QWidget& parent, const QString& name, const QString& capt
 QFrame* addLine(QWidget& parent, const QString& name, float left, float right, float top);
 
 /// A dialog in which Return presses the button that has the focus and does nothing elsewhere: it is
-/// not taken for an Apply that the user did not choose.
+/// not taken for an Apply that the user did not choose. It opens with the focus on its first field.
 class frmDialog : public QDialog {
 public:
     using QDialog::QDialog;
 
+    /// Shows the dialog, or brings the one that is open to the front as it is.
+    void bringUp();
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 };
 
 } // namespace tovrel

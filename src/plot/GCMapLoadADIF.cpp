@@ -32,6 +32,9 @@ PassEnd GCMapLoadADIF::PlotLog() {
     if (end != PassEnd::Done) {
         return end;
     }
+    if (beforeMarks) {
+        beforeMarks();
+    }
     stats_.load(); // its window may have been closed meanwhile
     const Legend& legend = stats_.legend();
     const PlotStyle style{.projection = run_.marks.projection,

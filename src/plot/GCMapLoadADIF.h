@@ -10,6 +10,7 @@
 #include "state/iniFiles.h"
 #include "stats/MapStats.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,9 @@ public:
     GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
                   PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
                   UserPrompt& prompt);
+
+    /// Called when the log was read, before anything is drawn.
+    std::function<void()> beforeMarks;
 
     /// Plots the log that the run names, on a map and with lists that were just cleared.
     PassEnd PlotLog();

@@ -119,28 +119,39 @@ std::uint32_t HoverHits::take() {
     return row;
 }
 
+std::vector<std::string> tipStations(const PlotTables& tables, TipParts parts, double mapY,
+                                     double mapX, std::size_t longest) {
+    std::vector<std::string> stations;
+    std::size_t length = 0;
+    HoverHits hits(tables.hoverIndex, mapY, mapX);
+    while (hits.left() > 0) {
+        if (length > longest) {
+            stations.push_back("... and " + std::to_string(hits.left()) + " more");
+            break;
+        }
+        const PlotRow& row = tables.plotTable.rows()[hits.take()];
+        std::string& station = stations.emplace_back();
+        if (stations.size() == 1 && parts.latLong) {
+            station += "[" + decimalText(roundHalfEven(row.latitude, tipDecimals)) + ", " +
+                       decimalText(roundHalfEven(row.longitude, tipDecimals)) + "] ";
+        }
+        if (stations.size() == 1 && parts.country) {
+            station.append(tables.plotTable.country(row)).append(": ");
+        }
+        if (!parts.call) {
+            break;
+        }
+        station.append(row.call).append("  ");
+        length += station.size();
+    }
+    return stations;
+}
+
 std::string tipText(const PlotTables& tables, TipParts parts, double mapY, double mapX,
                     std::size_t longest) {
     std::string tip;
-    HoverHits hits(tables.hoverIndex, mapY, mapX);
-    bool first = true;
-    while (hits.left() > 0) {
-        if (tip.size() > longest) {
-            return tip + "... and " + std::to_string(hits.left()) + " more";
-        }
-        const PlotRow& row = tables.plotTable.rows()[hits.take()];
-        if (first && parts.latLong) {
-            tip += "[" + decimalText(roundHalfEven(row.latitude, tipDecimals)) + ", " +
-                   decimalText(roundHalfEven(row.longitude, tipDecimals)) + "] ";
-        }
-        if (first && parts.country) {
-            tip.append(tables.plotTable.country(row)).append(": ");
-        }
-        first = false;
-        if (!parts.call) {
-            return tip;
-        }
-        tip.append(row.call).append("  ");
+    for (const std::string& station : tipStations(tables, parts, mapY, mapX, longest)) {
+        tip += station;
     }
     return tip;
 }

@@ -73,10 +73,15 @@ struct TipParts {
 
 inline constexpr std::size_t wholeTip = std::numeric_limits<std::size_t>::max();
 
-/// The tool tip at a position of the map: coordinates and country of the first QSO near it and the
-/// calls of all, in log order; bytes as the log has them. Empty when none is near.
+/// The tool tip at a position of the map, a text for each station: coordinates and country of the
+/// first QSO near it and the calls of all, in log order; bytes as the log has them, the blanks
+/// between them included. Empty when none is near.
 /// @param mapY, mapX map units
 /// @param longest a tip that would pass this length ends with the number of further stations
+std::vector<std::string> tipStations(const PlotTables& tables, TipParts parts, double mapY,
+                                     double mapX, std::size_t longest = wholeTip);
+
+/// The same as one text.
 std::string tipText(const PlotTables& tables, TipParts parts, double mapY, double mapX,
                     std::size_t longest = wholeTip);
 

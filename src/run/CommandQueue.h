@@ -20,6 +20,9 @@ public:
 
     bool busy() const { return busy_; }
 
+    /// Those that wait are dropped.
+    void dropWaiting() { waiting_.clear(); }
+
     /// No command runs any more: those that wait are dropped and new ones are not taken.
     void close();
 

@@ -33,7 +33,7 @@ Commands::Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& 
 
 void Commands::Form_Load() {
     const bool firstRun = data_.ini.state() == PrivateProfile::State::Missing;
-    InitSettings(data_.ini, data_.maps, data_.google, data_.run);
+    const bool stored = InitSettings(data_.ini, data_.maps, data_.google, data_.run);
     if (firstRun) {
         window_.askStationInfo();
     }
@@ -43,7 +43,10 @@ void Commands::Form_Load() {
                              joinPath(data_.ini.programFolder(), FieldTable::fileName),
                              created.reason});
     }
-    data_.ini.WriteIniValue(section::globals, "Version", GetVersionString());
+    // Alone in a new file it would make the next start believe that the station is known.
+    if (stored) {
+        data_.ini.WriteIniValue(section::globals, "Version", GetVersionString());
+    }
 
     data_.run.LogFileName = data_.ini.ReadIniValue(section::log, "adifile");
     if (!fileExists(data_.run.LogFileName)) {
@@ -89,7 +92,7 @@ void Commands::fitWindow() {
     setStoredSize();
     map_.SetWindowAspect();
     window_.CenterForm();
-    map_.ResetMap();
+    map_.followSize();
 }
 
 void Commands::loadLegendAtStart() {
@@ -160,9 +163,15 @@ void Commands::mnuLoadADIF() {
     }
     GCMapLoadADIF pass(data_.ini, data_.maps, data_.run, data_.stats, data_.tables, map_.Picture2,
                        listener_, prompt_);
+    // A new size shapes the picture before the marks are drawn on it; behind them it would wipe
+    // them.
+    pass.beforeMarks = [this] {
+        window_.settleSize();
+        map_.followSize();
+    };
     const PassEnd end = pass.PlotLog();
     window_.setWaitPointer(false);
-    window_.showMap();
+    map_.showMap();
     if (end == PassEnd::Done) {
         // Its next tick would wipe the marks.
         window_.setTimer1(false);

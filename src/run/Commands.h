@@ -28,8 +28,8 @@ public:
     /// The end of the start-up, when the window shows the first map: sets the colours of the key.
     void loadLegendAtStart();
 
-    /// Gives the window its stored size again and draws the map to it, now that the width of its
-    /// frame is known.
+    /// Gives the window its stored size again, now that the width of its frame is known, and draws
+    /// the map to it if that changes anything.
     void fitWindow();
 
     /// Shut-down: stores the window's size of the projection on show.

@@ -17,9 +17,6 @@ namespace {
 constexpr Colour defaultLand = 0xC0FFC0;
 constexpr Colour defaultWater = 0xFECDA5;
 
-// What a window of the map's width leaves beside the picture, in twips.
-constexpr float besidePicture = 110.0F;
-
 /// Questions with the default pointer; the wait pointer comes back when the user says yes.
 class PointerPrompt : public ForwardingPrompt {
 public:
@@ -137,7 +134,7 @@ BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
                              .water = readColour(data_.ini, section, "WaterColor", defaultWater),
                              .relief = data_.run.marks.mnuTopo ? &mapPix(custom) : nullptr};
     Picture2.Cls();
-    window_.showMap();
+    showMap();
     BaseMapEnd end =
         tovrel::drawBaseMap(Picture1, style, data_.ini.programFolder(), listener, prompt);
     if (end.reliefRefused) {
@@ -180,10 +177,14 @@ void MapRun::ResetMap() {
 void MapRun::Form_Resize() {
     const MapWindow::State state = window_.windowState();
     window_.followState(state);
-    if (state != MapWindow::State::Normal) {
+    if (state == MapWindow::State::Minimized) {
         return;
     }
-    fitPicture2();
+    if (data_.run.FormReady) {
+        fittedTo_ = window_.area();
+        place_ = MapFit(fittedTo_, data_.run.marks.projection);
+        Picture2.setSize(place_.width, place_.height);
+    }
     Picture2.StretchBlt(Picture1);
     if (data_.run.marks.mnuMeridian) {
         DrawGraticule();
@@ -192,18 +193,13 @@ void MapRun::Form_Resize() {
         DrawHomeMarker();
     }
     data_.lneGCPlotLine.hide();
-    window_.showMap();
+    showMap();
 }
 
-void MapRun::fitPicture2() {
-    const bool azimuthal = data_.run.marks.azimuthal();
-    if (azimuthal) {
-        window_.setWidth(window_.ScaleHeight());
+void MapRun::followSize() {
+    if (window_.area() != fittedTo_) {
+        Form_Resize();
     }
-    const float height = data_.run.FormReady ? window_.ScaleHeight() : Picture2.Height();
-    // The picture is square before the base map is stretched over it, so that circles are round and
-    // the marks lie where the base map has their places.
-    Picture2.setSize(azimuthal ? height : window_.Width() - besidePicture, height);
 }
 
 void MapRun::SetWindowAspect() {
@@ -226,7 +222,7 @@ void MapRun::DrawGraticule() {
     tovrel::DrawGraticule(Picture2, data_.run.marks.projection, data_.run.HomeLatitude,
                           data_.run.HomeLongitude,
                           data_.stats.legend().colour(LegendEntry::Meridian), listener_);
-    window_.showMap();
+    showMap();
 }
 
 void MapRun::DrawHomeMarker() {
@@ -240,7 +236,7 @@ void MapRun::DrawHomeMarker() {
         Picture2, homePosition(projection, data_.run.HomeLatitude, data_.run.HomeLongitude),
         dotWidths(data_.maps.inForce().marker), legend.colour(LegendEntry::PlotOutline),
         legend.colour(LegendEntry::Home));
-    window_.showMap();
+    showMap();
 }
 
 } // namespace tovrel

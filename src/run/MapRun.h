@@ -52,7 +52,17 @@ public:
     bool loadMapPix(const std::string& path);
 
     /// Fits Picture2 to the window and draws it anew from Picture1, with graticule and home mark.
+    /// Nothing happens while the window is minimized.
     void Form_Resize();
+
+    /// The same if the window has another size than the picture was fitted to.
+    void followSize();
+
+    /// The window was minimized, maximized or restored: the next followSize() draws in any case.
+    void fitAgain() { fittedTo_ = {}; }
+
+    /// What is drawn on Picture2 reaches the screen.
+    void showMap() { window_.showMap(place_); }
 
     /// Gives the window the shape of the map in force.
     void SetWindowAspect();
@@ -72,12 +82,13 @@ private:
     const QImage& mapPix(BaseMapEnd& end);
     BaseMapEnd drawBaseMap(PassListener& listener, UserPrompt& prompt);
     void cacheBaseMap(const BaseMapEnd& end);
-    void fitPicture2();
 
     RunData& data_;
     MapWindow& window_;
     PassListener& listener_;
     UserPrompt& prompt_;
+    WindowArea fittedTo_;                  ///< the window that Picture2 has its size from
+    MapPlace place_;                       ///< of Picture2 in it
     QImage baseMap_;                       ///< what Picture1 goes back to
     std::optional<std::string> customMap_; ///< path, empty for the built-in one
     QImage mapPix_;                        ///< the relief's world picture; null until it is needed

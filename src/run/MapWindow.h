@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Colour.h"
+#include "run/MapFit.h"
 
 #include <optional>
 #include <string>
@@ -16,13 +17,21 @@ public:
     virtual ~MapWindow() = default;
 
     virtual State windowState() const = 0;
+
+    /// Size of the free window: while it is maximized, that which it will have again.
     virtual float Width() const = 0;
     virtual float Height() const = 0;
     virtual void setWidth(float width) = 0;
     virtual void setHeight(float height) = 0;
 
-    /// Height of the client area, below title bar and menu.
+    /// Height of the free window's client area, below title bar and menu.
     virtual float ScaleHeight() const = 0;
+
+    /// The window as it is now, free or not.
+    virtual WindowArea area() const = 0;
+
+    /// Settles a change of size that the user has made a moment ago.
+    virtual void settleSize() = 0;
 
     virtual void setCaption(const std::string& caption) = 0;
     virtual void setVisible(bool visible) = 0;
@@ -35,7 +44,8 @@ public:
     virtual void followState(State state) = 0;
 
     /// Picture2 has changed; it reaches the screen with the next repaint.
-    virtual void showMap() = 0;
+    /// @param place of the picture in the client area
+    virtual void showMap(const MapPlace& place) = 0;
 
     /// Shows the wait pointer, or the default one.
     virtual void setWaitPointer(bool wait) = 0;

@@ -21,33 +21,33 @@ const CriterionNames& namesOf(Criterion criterion) {
 void FilterGroup::set(int member, bool on) {
     if (selected(member) == on)
         return;
-    assign(member, on);
+    switchMember(member, on);
     keepConsistent(member);
     if (changed)
         changed();
 }
 
-void FilterGroup::reset() {
-    if (selection_ == 1)
+void FilterGroup::select(std::uint16_t selection) {
+    if (selection_ == selection)
         return;
-    selection_ = 1;
+    selection_ = selection;
     if (changed)
         changed();
 }
 
-void FilterGroup::assign(int member, bool on) {
+void FilterGroup::switchMember(int member, bool on) {
     const auto bit = static_cast<std::uint16_t>(1U << member);
     selection_ = static_cast<std::uint16_t>(on ? selection_ | bit : selection_ & ~bit);
 }
 
 void FilterGroup::keepConsistent(int member) {
     if (member > 0) {
-        assign(0, false);
+        switchMember(0, false);
     } else if (selected(0)) {
         selection_ = 1;
     }
     if (selection_ == 0)
-        assign(0, true);
+        switchMember(0, true);
 }
 
 FilterGroup& Filter::group(Criterion criterion) {

@@ -39,13 +39,17 @@ public:
     void set(int member, bool on);
 
     /// Back to OFF alone.
-    void reset();
+    void reset() { select(1); }
+
+    /// Takes over the selection of another group of the same criterion.
+    void assign(const FilterGroup& other) { select(other.selection_); }
 
     /// Called behind every change with the state already consistent.
     std::function<void()> changed;
 
 private:
-    void assign(int member, bool on);
+    void select(std::uint16_t selection);
+    void switchMember(int member, bool on);
     void keepConsistent(int member);
 
     Criterion criterion_;

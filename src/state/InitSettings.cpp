@@ -152,15 +152,16 @@ private:
 
 } // namespace
 
-void InitSettings(iniFiles& ini, MapOptionForms& maps, GoogleMapOptions& google, RunState& run) {
+bool InitSettings(iniFiles& ini, MapOptionForms& maps, GoogleMapOptions& google, RunState& run) {
     const bool firstRun = ini.state() == PrivateProfile::State::Missing;
-    const iniFiles::Batch together(ini);
+    iniFiles::Batch together(ini);
     Initializer initializer(ini, maps, google, run);
     if (firstRun) {
         initializer.writeFirstRun();
     } else {
         initializer.repair();
     }
+    return together.finish();
 }
 
 } // namespace tovrel

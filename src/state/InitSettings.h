@@ -9,6 +9,7 @@ namespace tovrel {
 /// Runs once at every start. Without a settings file it writes one with all defaults; an existing
 /// one gets the keys that it lacks, and the option windows take their filters and the export's
 /// marker and chkCall from it.
-void InitSettings(iniFiles& ini, MapOptionForms& maps, GoogleMapOptions& google, RunState& run);
+/// @return whether what was written is stored
+bool InitSettings(iniFiles& ini, MapOptionForms& maps, GoogleMapOptions& google, RunState& run);
 
 } // namespace tovrel

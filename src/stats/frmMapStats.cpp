@@ -12,13 +12,14 @@
 #include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QTextDocument>
+#include <algorithm>
 #include <utility>
 
 namespace tovrel {
 
 namespace {
 
-constexpr float outerWidth = 2030.0F;
+constexpr double widthInTwips = 2030.0;
 
 enum Tab { Confirmed, Stats, Heard, Filters, Worked, Key };
 
@@ -30,7 +31,9 @@ float widthOf(const QWidget& control) { return twipsFromPixels(control.width());
 
 frmMapStats::frmMapStats(MapStats& stats, std::function<void(LegendEntry)> pickColour,
                          QWidget* parent)
-    : QWidget(parent, Qt::Window), stats_(stats), pickColour_(std::move(pickColour)) {
+    : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                          Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
+      stats_(stats), pickColour_(std::move(pickColour)) {
     setObjectName(QStringLiteral("frmMapStats"));
     setWindowTitle(QStringLiteral("Tovrel Stats"));
     setFont(windowFont());
@@ -118,9 +121,12 @@ void frmMapStats::addLegend() {
     }
 }
 
-void frmMapStats::loadForm(int outerHeightPixels, const QMargins& frame) {
-    resize(pixelsFromTwips(outerWidth) - frame.left() - frame.right(),
-           outerHeightPixels - frame.top() - frame.bottom());
+int frmMapStats::outerWidth() { return pixelsFromTwips(widthInTwips); }
+
+void frmMapStats::loadForm(const QRect& outer, const QMargins& frame) {
+    resize(outer.marginsRemoved(frame).size());
+    move(outer.topLeft());
+    tabStats_->choose(Confirmed);
 }
 
 void frmMapStats::showEvent(QShowEvent* event) {
@@ -193,8 +199,9 @@ void frmMapStats::Form_Resize() {
     place(*lstStats_, {gap, gap, W - 120.0F, H / 2.0F - 80.0F});
     const float below = gap + heightOf(*lstStats_);
     place(*lblPfxNotPlotted_, {gap, below + 80.0F, W - 120.0F, 255.0F});
+    const float listTop = below + 60.0F + 255.0F + 60.0F + 20.0F;
     place(*lstPfxNotPlotted_,
-          {gap, below + 60.0F + 255.0F + 60.0F + 20.0F, W - 120.0F, H / 2.0F - 315.0F});
+          {gap, listTop, W - 120.0F, std::min(H / 2.0F - 315.0F, H - gap - listTop)});
     float left = gap;
     for (QPlainTextEdit* box : filterBoxes_) {
         place(*box, {left, gap, (W - 240.0F) / 3.0F, H - 120.0F});

@@ -34,10 +34,13 @@ public:
     frmMapStats(const frmMapStats&) = delete;
     frmMapStats& operator=(const frmMapStats&) = delete;
 
-    /// Sizes the window as it is opened: its own width, the height of the main window.
-    /// @param outerHeightPixels height of the main window, frame included
+    /// Width of the window with its frame, in pixels.
+    static int outerWidth();
+
+    /// Puts the window in its place as it is opened, on its first tab.
+    /// @param outer rectangle, frame included
     /// @param frame what the window system puts round this window
-    void loadForm(int outerHeightPixels, const QMargins& frame);
+    void loadForm(const QRect& outer, const QMargins& frame);
 
     /// Shows what has changed in the lists since the last call; cheap when nothing has.
     void refreshLists();

@@ -27,7 +27,7 @@ class AllWindowsTest : public WindowFixture {
 protected:
     AllWindowsTest() {
         auto stats = std::make_unique<frmMapStats>(data_.stats, [](LegendEntry) {});
-        stats->loadForm(533, {1, 22, 1, 5});
+        stats->loadForm({100, 100, frmMapStats::outerWidth(), 533}, {1, 22, 1, 5});
         auto progress = std::make_unique<frmGCMapCalculations>();
         progress->begin("Plotting ADIF File", "Processing: sample.adi", 100.0, {0, 0, 440, 500});
         auto info = std::make_unique<frmInfoInput>(data_.ini, prompt_);

@@ -83,15 +83,26 @@ TEST_F(RunTest, ClosingDuringAPassAbortsItAndClosesBehindIt) {
     EXPECT_FALSE(window("frmGCMapCalculations").isVisible());
 }
 
-TEST_F(RunTest, ANewSizeDuringAPassWaitsForItsEnd) {
+TEST_F(RunTest, ClosingDropsTheCommandThatWaits) {
+    startWithLongLog();
+    plotAnd([this] {
+        pick("mnuRecreateMap");
+        main_->close();
+    });
+    EXPECT_FALSE(main_->isVisible());
+    EXPECT_FALSE(main_->findChild<QTimer*>("Timer1")->isActive());
+}
+
+TEST_F(RunTest, ANewSizeDuringAPassShapesTheMapBeforeItsMarks) {
     startWithLongLog();
     const QSize before = main_->centralWidget()->size();
     plotAnd([this] { main_->resize(main_->size() + QSize(60, 60)); });
     EXPECT_EQ(read(), longLog);
     EXPECT_EQ(data_->tables.counters.QsosPlotted, longLog);
-    // The map of the new size is the clean one.
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !plotOnMap(); }, 2000));
     EXPECT_NE(main_->centralWidget()->size(), before);
+    EXPECT_TRUE(plotOnMap());
+    QTest::qWait(300); // the answers of the window system
+    EXPECT_TRUE(plotOnMap());
 }
 
 TEST_F(RunTest, StatisticsStandLevelWithTheMainWindow) {

@@ -10,30 +10,35 @@ std::ostream& operator<<(std::ostream& out, const WindowRect& r) {
 
 namespace {
 
+constexpr int chrome = 40; // title bar, frame and menu
+
 TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
-    // The platform's numbers of the edges.
+    // The platform's numbers of the edges. The azimuthal map is square below the chrome.
     const struct {
         int edge;
         WindowRect azimuthal;
         WindowRect miller;
     } cases[] = {
-        {1, {10, 20, 310, 320}, {10, 20, 310, 170}}, {2, {10, 20, 310, 320}, {10, 20, 310, 170}},
-        {3, {10, 20, 210, 220}, {10, 20, 410, 220}}, {4, {110, 20, 310, 220}, {-90, 20, 310, 220}},
-        {5, {10, 20, 210, 220}, {10, 20, 410, 220}}, {6, {10, 20, 210, 220}, {10, 20, 410, 220}},
-        {7, {10, 20, 310, 320}, {10, 20, 310, 170}}, {8, {10, 20, 310, 320}, {10, 20, 310, 170}}};
+        {1, {10, 20, 310, 360}, {10, 20, 310, 170}}, {2, {10, 20, 310, 360}, {10, 20, 310, 170}},
+        {3, {10, 20, 170, 220}, {10, 20, 410, 220}}, {4, {150, 20, 310, 220}, {-90, 20, 310, 220}},
+        {5, {10, 20, 170, 220}, {10, 20, 410, 220}}, {6, {10, 20, 170, 220}, {10, 20, 410, 220}},
+        {7, {10, 20, 310, 360}, {10, 20, 310, 170}}, {8, {10, 20, 310, 360}, {10, 20, 310, 170}}};
     const WindowRect proposed{10, 20, 310, 220};
     for (const auto& c : cases) {
         const auto edge = static_cast<SizingEdge>(c.edge);
-        EXPECT_EQ(SizingProc(proposed, edge, Projection::Azimuthal), c.azimuthal) << c.edge;
-        EXPECT_EQ(SizingProc(proposed, edge, Projection::Miller), c.miller) << c.edge;
+        EXPECT_EQ(SizingProc(proposed, edge, Projection::Azimuthal, chrome), c.azimuthal);
+        EXPECT_EQ(SizingProc(proposed, edge, Projection::Miller, chrome), c.miller) << c.edge;
+        EXPECT_EQ(shapedWindow(proposed, c.azimuthal, Projection::Azimuthal, chrome), c.azimuthal)
+            << "nothing to be done";
     }
 }
 
 TEST(WindowShape, RoundsTheMillerHeightToAnEvenBottom) {
     const struct { int top, bottom; } cases[] = {{100, 550}, {101, 552}, {-100, 350}};
     for (const auto& c : cases) {
-        EXPECT_EQ(SizingProc({0, c.top, 901, 700}, SizingEdge::Right, Projection::Miller).bottom,
-                  c.bottom);
+        EXPECT_EQ(
+            SizingProc({0, c.top, 901, 700}, SizingEdge::Right, Projection::Miller, chrome).bottom,
+            c.bottom);
     }
 }
 

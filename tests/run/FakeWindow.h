@@ -19,11 +19,15 @@ public:
     void setWidth(float newWidth) override { width = newWidth; }
     void setHeight(float newHeight) override { height = newHeight; }
     float ScaleHeight() const override { return height - frame; }
+    WindowArea area() const override {
+        return {width, height, width, height - frame, state == State::Normal};
+    }
+    void settleSize() override { onSettle(); }
     void setCaption(const std::string& newCaption) override { caption = newCaption; }
     void setVisible(bool visible) override { calls.emplace_back(visible ? "show" : "hide"); }
     void CenterForm() override { calls.emplace_back("center"); }
     void followState(State followed) override { lastFollowed = followed; }
-    void showMap() override { ++mapsShown; }
+    void showMap(const MapPlace& place) override { lastPlace = place; }
     void setWaitPointer(bool wait) override { waitPointer = wait; }
     void setTimer1(bool enabled) override {
         timer1 = enabled;
@@ -66,7 +70,7 @@ public:
     float height = 5000.0F;
     std::string caption;
     State lastFollowed = State::Normal;
-    int mapsShown = 0;
+    MapPlace lastPlace;
     bool waitPointer = true;
     bool timer1 = false;
     bool statsShown = false;
@@ -76,6 +80,7 @@ public:
     std::optional<std::string> chosenFile;
     std::optional<Colour> chosenColour;
     std::function<void()> onAskStation = [] {};
+    std::function<void()> onSettle = [] {};
     std::function<void()> onCloseStats = [] {};
 };
 

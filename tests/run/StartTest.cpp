@@ -238,29 +238,46 @@ TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
     }
 }
 
-TEST(MapRun, OnlyANormalWindowTakesANewPicture) {
+TEST(MapRun, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     TestProgram program(home);
     program.start();
     program.data->lneGCPlotLine.show({.toX = 5});
     const QImage before = program.map->Picture2.Image();
     program.window.height = 6000;
-    for (const MapWindow::State state :
-         {MapWindow::State::Minimized, MapWindow::State::Maximized}) {
-        program.window.state = state;
-        program.map->Form_Resize();
-        EXPECT_EQ(program.window.lastFollowed, state);
-        EXPECT_EQ(program.map->Picture2.Image(), before);
-        EXPECT_TRUE(program.data->lneGCPlotLine.shape().visible);
-    }
+    program.window.state = MapWindow::State::Minimized;
+    program.map->Form_Resize();
+    EXPECT_EQ(program.window.lastFollowed, MapWindow::State::Minimized);
+    EXPECT_EQ(program.map->Picture2.Image(), before);
+    EXPECT_TRUE(program.data->lneGCPlotLine.shape().visible);
+
+    program.window.state = MapWindow::State::Maximized;
+    program.window.width = 9100;
+    program.map->Form_Resize();
+    EXPECT_EQ(program.map->Picture2.Width(), 5100.0F);
+    EXPECT_EQ(program.window.lastPlace, (MapPlace{2000, 0, 5100, 5100})) << "in the middle";
+    EXPECT_FALSE(program.data->lneGCPlotLine.shape().visible);
+    EXPECT_EQ(program.look(), "world home ");
+
     program.window.state = MapWindow::State::Normal;
     program.data->run.FormReady = false;
+    program.window.width = 6000 - FakeWindow::frame;
     program.map->Form_Resize();
-    EXPECT_EQ(program.map->Picture2.Height(), 8000.0F - FakeWindow::frame)
-        << "not ready: as it was";
+    EXPECT_EQ(program.window.lastPlace.left, 2000.0F) << "not ready: as it was";
     program.data->run.FormReady = true;
     program.map->Form_Resize();
-    EXPECT_EQ(program.map->Picture2.Height(), 6000.0F - FakeWindow::frame);
-    EXPECT_FALSE(program.data->lneGCPlotLine.shape().visible);
+    EXPECT_EQ(program.window.lastPlace, (MapPlace{0, 0, 5100, 5100}));
+}
+
+TEST(MapRun, TakesANewSizeBeforeTheMarksAreDrawn) {
+    PlottedProgram program;
+    program.window.onSettle = [&program] {
+        program.window.height = 9000;
+        program.window.width = 9000 - FakeWindow::frame;
+    };
+    program.commands->mnuLoadADIF();
+    EXPECT_EQ(program.map->Picture2.Height(), 9000 - FakeWindow::frame);
+    program.map->followSize();
+    EXPECT_EQ(program.look(), "world home plot ");
 }
 
 } // namespace

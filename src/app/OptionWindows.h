@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/QtFrame.h"
+#include "platform/UserPrompt.h"
+#include "run/RunData.h"
+
+#include <functional>
+#include <utility>
+
+namespace tovrel {
+
+class frmAbout;
+class frmGoogleMapOptions;
+class frmInfoInput;
+class frmMapOptions;
+
+/// The dialogs beside the main window. Each is a child of it, made when it is first shown: most
+/// runs open few of them. One that is open comes to the front as it is.
+class OptionWindows {
+public:
+    /// @param frame of the main window; all have to outlive this object
+    /// @param apply called when the user applies the options of a map
+    OptionWindows(const QtFrame& frame, RunData& data, UserPrompt& prompt,
+                  std::function<void(Projection)> apply)
+        : frame_(frame), data_(data), prompt_(prompt), apply_(std::move(apply)) {}
+
+    void showMapOptions();
+    void showGoogleMapOptions();
+    void showStationInfo();
+    void showAbout();
+
+    /// Shows frmInfoInput and waits until the user has closed it.
+    void askStationInfo();
+
+private:
+    frmInfoInput& stationInfo();
+
+    const QtFrame& frame_;
+    RunData& data_;
+    UserPrompt& prompt_;
+    std::function<void(Projection)> apply_;
+    frmMapOptions* gcOptions_ = nullptr;
+    frmMapOptions* mcOptions_ = nullptr;
+    frmGoogleMapOptions* googleOptions_ = nullptr;
+    frmInfoInput* infoInput_ = nullptr;
+    frmAbout* about_ = nullptr;
+};
+
+} // namespace tovrel

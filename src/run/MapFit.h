@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Projection.h"
+
+namespace tovrel {
+
+/// A window as far as the map's place in it depends on it, in twips.
+struct WindowArea {
+    float Width = 0.0F; ///< of the outer window
+    float Height = 0.0F;
+    float ScaleWidth = 0.0F; ///< of the client area below the menu
+    float ScaleHeight = 0.0F;
+    bool free = true; ///< neither maximized nor full screen
+
+    bool operator==(const WindowArea&) const = default;
+};
+
+/// The rectangle of the map within the client area, in twips.
+struct MapPlace {
+    float left = 0.0F;
+    float top = 0.0F;
+    float width = 0.0F;
+    float height = 0.0F;
+
+    bool operator==(const MapPlace&) const = default;
+};
+
+/// Where the map lies. A free window that has taken the shape of its map is filled by it, but for
+/// 110 twips that the Miller map leaves beside it. Elsewhere, where the user or the window system
+/// has the say, the map is the largest of its shape, square or twice as wide as high, in the
+/// middle.
+MapPlace MapFit(const WindowArea& window, Projection projection);
+
+} // namespace tovrel
