@@ -24,6 +24,12 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(tovrel_options INTERFACE -Wno-maybe-uninitialized -Wno-restrict)
 endif()
 
+# Clang's -Wconversion is wider than that of GCC, for which the warnings were chosen.
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    target_compile_options(tovrel_options INTERFACE
+        -Wno-sign-conversion -Wno-shorten-64-to-32 -Wno-implicit-int-float-conversion)
+endif()
+
 if(TOVREL_WERROR)
     target_compile_options(tovrel_options INTERFACE -Werror)
 endif()
@@ -31,5 +37,13 @@ endif()
 if(TOVREL_SANITIZE)
     target_compile_options(tovrel_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(tovrel_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(TOVREL_FUZZ)
+    # The library tells the fuzzer what an input reaches; the fuzzer itself belongs to the targets.
+    target_compile_options(tovrel_options INTERFACE
+        -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+        -fno-omit-frame-pointer)
     target_link_options(tovrel_options INTERFACE -fsanitize=address,undefined)
 endif()

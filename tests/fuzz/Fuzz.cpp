@@ -1,0 +1,16 @@
+#include "fuzz/Fuzz.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+void tovrel::require(bool holds, const char* what) {
+    if (holds)
+        return;
+    std::fprintf(stderr, "Does not hold: %s\n", what);
+    std::abort();
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    tovrel::tryInput(tovrel::Input({reinterpret_cast<const char*>(data), size}));
+    return 0;
+}

@@ -1,0 +1,37 @@
+#include "fuzz/Fuzz.h"
+#include "map/BaseMapCache.h"
+#include "map/TopoOverlay.h"
+#include "platform/TestFolder.h"
+#include "run/TestDoubles.h"
+
+namespace tovrel {
+
+/// A file that is taken for a base map from the cache and for the relief's picture of the world.
+void tryInput(Input input) {
+    static const TestFolder folder;
+    const std::string path = folder.write("picture", input.rest());
+    const CachedBaseMap cached = loadBaseMap(path);
+    const QImage image = LoadPicture(path).image;
+    require(!cached.picture || cached.picture.image == image, "a cached map is a picture");
+    if (image.isNull())
+        return;
+    require(image.sizeInBytes() <= 512 << 20 && image.format() == QImage::Format_RGB32, "it fits");
+    PictureSurface Picture1(600.0F, 600.0F);
+    PictureSurface Picture2(450.0F, 300.0F);
+    Picture1.setPicture(image);
+    Picture2.StretchBlt(Picture1);
+
+    if (image.width() * image.height() > 10000)
+        return; // each pixel takes its time
+    SilentListener listener;
+    ScriptedPrompt prompt;
+    GreatCircle greatCircle(homePosition(Projection::Azimuthal, 50.0F, 10.0F));
+    for (const Projection projection : {Projection::Azimuthal, Projection::Miller})
+        TopoOverlay(Picture2, image, projection, greatCircle, listener, prompt);
+    const MapHome home = cached.home.value_or(MapHome{50.0F, 10.0F});
+    require(bool(saveBaseMap(image, home, folder.path("cache"))), "it can be saved");
+    const CachedBaseMap again = loadBaseMap(folder.path("cache"));
+    require(again.picture.image == image && again.home == home, "it comes back from the cache");
+}
+
+} // namespace tovrel
