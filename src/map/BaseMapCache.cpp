@@ -9,8 +9,8 @@ namespace tovrel {
 namespace {
 
 constexpr std::string_view homeMark = "\nTovrel home ";
-constexpr std::size_t longestNote = 100;
-constexpr std::size_t lengthOffset = 2; // of the file's length in the header of a bitmap
+constexpr std::size_t longestNote = 128; // a single takes up to 49 bytes
+constexpr std::size_t lengthOffset = 2;  // of the file's length in the header of a bitmap
 
 std::optional<MapHome> homeIn(std::string_view bytes) {
     bytes.remove_prefix(bytes.size() - std::min(bytes.size(), longestNote));

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <cstdlib>
 #include <utility>
 
 namespace tovrel {
@@ -42,11 +43,17 @@ LoadedPicture decodePicture(const FileContent& file) {
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMebibytes);
     QImageReader reader(&buffer);
-    const QSize size = reader.size();
+    QSize size = reader.size();
+    size = {std::abs(size.width()), std::abs(size.height())}; // a bitmap may count downward
     if (qint64{4} * size.width() * size.height() > qint64{mostMebibytes} << 20U)
         return unreadable(tooLarge);
-    QImage image = reader.read();
-    if (image.isNull())
+    QImage image;
+    if (reader.format() == "bmp") {
+        // What a bitmap lacks at its end is left as it was: black, and not what the memory held.
+        image = QImage(size, reader.imageFormat());
+        image.fill(0);
+    }
+    if (!reader.read(&image))
         return unreadable(byteText(reader.errorString()));
     return {ReadEnd::Content, withoutAlpha(std::move(image)), {}};
 }

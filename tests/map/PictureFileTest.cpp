@@ -53,8 +53,9 @@ TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
     EXPECT_EQ(LoadPicture("").end, ReadEnd::Missing);
     EXPECT_EQ(LoadPicture(folder.path()).reason, "Is a directory");
 
-    // A decoder shows the missing part of a bitmap in black.
+    // The missing part of a bitmap is black.
     const std::string partly = folder.write("part.bmp", bitmap.substr(0, bitmap.size() - 1));
+    EXPECT_EQ(LoadPicture(partly).image.pixel(8, 0), qRgb(0, 0, 0));
     EXPECT_EQ(loadBaseMap(partly).picture.end, ReadEnd::Unreadable);
     const std::string longer = folder.write("long.bmp", bitmap + "x");
     EXPECT_EQ(loadBaseMap(longer).picture.end, ReadEnd::Unreadable);
@@ -64,8 +65,8 @@ TEST(BaseMapCache, KeepsTheHomeBehindThePicture) {
     const TestFolder folder;
     const std::string path = folder.path("GCBaseMap.map");
     EXPECT_FALSE(loadBaseMap(path).home);
-    for (const MapHome& home :
-         {MapHome{-33.87F, 151.2F}, MapHome{0.0F, 0.0F}, MapHome{1e-7F, -0.1F}}) {
+    for (const MapHome& home : {MapHome{-33.87F, 151.2F}, MapHome{0.0F, 0.0F},
+                                MapHome{1e-7F, -0.1F}, MapHome{-1.1754944e-38F, -1.1754944e-38F}}) {
         ASSERT_TRUE(saveBaseMap(checkered(), home, path));
         const CachedBaseMap back = loadBaseMap(path);
         EXPECT_EQ(back.home, home);
