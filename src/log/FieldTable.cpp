@@ -146,8 +146,13 @@ WriteEnd FieldTable::CreateFieldDictionary(const std::string& folder) {
 }
 
 ReadEnd FieldTable::LoadFieldDictionary(const std::string& folder, bool defaultServes) {
+    // Of a longer one nobody made a list; one that is made to be slow could be.
+    constexpr std::int64_t longest = std::int64_t{256} << 10U;
     const std::string path = filePath(folder, fileName);
-    FileContent file = readFile(path);
+    FileContent file = readFile(path, longest + 1);
+    if (file && static_cast<std::int64_t>(file.bytes.size()) > longest) {
+        file = FileContent::unreadable("The file is longer than a list of tags can be");
+    }
     if (file && file.bytes.empty()) {
         file.end = ReadEnd::Missing;
     }

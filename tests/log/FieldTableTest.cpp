@@ -222,6 +222,8 @@ TEST(FieldTable, createsTheDictionaryOnlyWhereThereIsNone) {
 
     EXPECT_EQ(FieldTable::CreateFieldDictionary(folder.path("missing")).reason,
               "No such file or directory");
+    folder.write("TVADIF.txt", std::string(300'000, 'A'));
+    EXPECT_EQ(table.LoadFieldDictionary(folder.path()), ReadEnd::Unreadable);
     std::filesystem::create_directory(folder.path("sub"));
     std::filesystem::create_directory(folder.path("sub/TVADIF.txt"));
     EXPECT_TRUE(FieldTable::CreateFieldDictionary(folder.path("sub")));
