@@ -1,0 +1,71 @@
+#!/usr/bin/env python3
+"""A walk through the real windows, under a window manager, with keyboard and mouse.
+
+    tests/gui/walk.py PROGRAMS [--only TEXT]
+
+PROGRAMS is the folder that holds the built program and its data files. Each check starts a program
+of its own. Ends with 1 if a check failed.
+"""
+
+import argparse
+import pathlib
+import sys
+import tempfile
+import time
+
+import commands
+import maximised
+import sizes
+from desktop import Desktop, Failed
+
+
+class Bench:
+    """What all checks share."""
+
+    def __init__(self, programs, shown_on, root):
+        self.programs = programs
+        self.desktop = shown_on
+        self.root = root
+        self._folders = 0
+
+    def new_folder(self):
+        """A path for a folder that does not exist yet."""
+        self._folders += 1
+        return self.root / f"run{self._folders}"
+
+
+def walk(bench, only):
+    """Runs the checks and gives the number of those that failed, and of all."""
+    checks = [(name, check) for group in (sizes, maximised, commands)
+              for name, check in group.CHECKS.items() if only in name]
+    failed = 0
+    for name, check in checks:
+        start = time.monotonic()
+        try:
+            check(bench)
+            outcome = f"ok      {name}"
+        except Failed as failure:
+            failed += 1
+            outcome = f"FAILED  {name}: {failure}"
+        print(f"{outcome} ({time.monotonic() - start:.1f} s)", flush=True)
+    return failed, len(checks)
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("programs", type=pathlib.Path)
+    parser.add_argument("--only", default="", metavar="TEXT",
+                        help="only the checks whose name holds a text")
+    arguments = parser.parse_args()
+    with tempfile.TemporaryDirectory(prefix="tovrel_gui_") as folder:
+        root = pathlib.Path(folder)
+        with Desktop(root) as shown_on:
+            failed, checks = walk(Bench(arguments.programs.resolve(), shown_on, root),
+                                  arguments.only)
+    print(f"{checks - failed} of {checks} checks held")
+    # Nothing tried is nothing proved.
+    return 1 if failed or not checks else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
