@@ -69,12 +69,13 @@ void QtMapWindow::CenterForm() {
 }
 
 void QtMapWindow::followState(State state) {
-    if (!statsVisible() || state == State::Maximized) {
-        return;
-    }
-    const bool minimize = state == State::Minimized;
-    if (minimize != stats_->isMinimized()) {
-        stats_->setWindowState(minimize ? Qt::WindowMinimized : Qt::WindowNoState);
+    // The statistics window has no button to minimize it, and some window managers then won't at
+    // all.
+    if (state == State::Minimized && statsVisible()) {
+        stats_->hide();
+        statsAway_ = true;
+    } else if (state != State::Minimized && std::exchange(statsAway_, false)) {
+        stats_->show();
     }
 }
 
@@ -108,6 +109,7 @@ void QtMapWindow::setTimer1(bool enabled) {
 bool QtMapWindow::statsVisible() const { return stats_ && stats_->isVisible(); }
 
 void QtMapWindow::hideStats() {
+    statsAway_ = false;
     if (stats_) {
         stats_->hide();
     }

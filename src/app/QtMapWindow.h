@@ -71,6 +71,7 @@ private:
     Acts acts_;
     MapView* view_ = nullptr;
     std::unique_ptr<frmMapStats> stats_; ///< made when it is first opened
+    bool statsAway_ = false;             ///< hidden for as long as the main window is minimized
     bool waitPointer_ = false;
 };
 
