@@ -159,24 +159,5 @@ TEST(LogBook, takesValuesLongerThanItsBuffer) {
                                "   <description>Stations heard by </description>\r\n"));
 }
 
-TEST(LogBook, noticesADocumentThatCannotBeWritten) {
-    const TestFolder folder;
-    std::filesystem::create_directory(folder.path("folder.kml"));
-    for (const char* name : {"missing/log.kml", "folder.kml"}) {
-        LogBook book;
-        EXPECT_FALSE(book.WriteKmlHead(folder.path(name), "", "1"));
-        EXPECT_FALSE(book.error().empty());
-    }
-    EXPECT_TRUE(std::filesystem::exists(folder.path("folder.kml")));
-#ifdef __linux__
-    std::filesystem::create_symlink("/dev/full", folder.path("log.kml"));
-    LogBook book;
-    ASSERT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "1"));
-    EXPECT_FALSE(book.failed()) << "nothing was written yet";
-    EXPECT_FALSE(book.close());
-    EXPECT_EQ(book.error(), "No space left on device");
-#endif
-}
-
 } // namespace
 } // namespace tovrel

@@ -79,19 +79,5 @@ TEST(BaseMapCache, KeepsTheHomeBehindThePicture) {
     EXPECT_FALSE(loadBaseMap(path).home);
 }
 
-TEST(PictureFile, AFailedSaveLeavesTheOldFileAlone) {
-    const TestFolder folder;
-    folder.write("map.bmp", "old");
-    EXPECT_FALSE(SavePicture(checkered(), folder.path("map.bmp"), "NONE"));
-    EXPECT_FALSE(SavePicture(QImage(), folder.path("map.bmp")));
-    EXPECT_FALSE(SavePicture(checkered(), folder.path("missing/map.bmp")));
-    {
-        const ReadOnlyFolder locked(folder);
-        EXPECT_FALSE(SavePicture(checkered(), folder.path("map.bmp")));
-    }
-    EXPECT_EQ(folder.read("map.bmp"), "old");
-    EXPECT_EQ(folder.names(), "map.bmp ");
-}
-
 } // namespace
 } // namespace tovrel

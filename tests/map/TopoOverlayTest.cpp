@@ -136,16 +136,6 @@ TEST(TopoOverlay, ReportsAtEvery5000thSourcePixel) {
     EXPECT_EQ(overlay.listener.progress, (std::vector<float>{0, 15000, 30000}));
 }
 
-TEST(TopoOverlay, PicturesOfOddSizeDoNoHarm) {
-    for (const QSize& size : {QSize{1, 1}, {3, 2}, {1, 500}, {500, 1}, {0, 0}}) {
-        for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-            Overlay overlay(7, water);
-            EXPECT_TRUE(overlay.with(plainImage(size.width(), size.height()), projection));
-            EXPECT_EQ(inkOver(overlay.surface, water).count, 0);
-        }
-    }
-}
-
 TEST(WorldImage, ShowsTheWorldTheRightWayUp) {
     const QImage world = builtInWorld();
     ASSERT_EQ(world.size(), QSize(1800, 900));

@@ -144,15 +144,5 @@ TEST_F(InitSettingsTest, takesTheLightCompassWhenTheKeyOfTheBoldOneIsMissing) {
     EXPECT_TRUE(!later.marks.mnuLightCompass && later.marks.mnuBoldCompass);
 }
 
-#ifdef __unix__
-TEST_F(InitSettingsTest, startsInAFolderThatCannotBeWritten) {
-    const ReadOnlyFolder readOnly(folder);
-    start();
-    EXPECT_TRUE(azimuthal.band.selected(0));
-    EXPECT_TRUE(google.chkCall);
-    EXPECT_EQ(folder.names(), "");
-}
-#endif
-
 } // namespace
 } // namespace tovrel

@@ -10,26 +10,6 @@ namespace {
 constexpr auto azimuthal = Projection::Azimuthal;
 constexpr auto miller = Projection::Miller;
 
-TEST(Legend, EntriesHaveTheirNamesAndDefaultColours) {
-    const std::pair<const char*, Colour> entries[] = {
-        {"cmdConfirmed lblConfirmed Confirmed ConfirmedColor", 4259584},
-        {"cmdWorked lblWorked Worked WorkedColor", 255},
-        {"cmdHeard lblHeard Heard HeardColor", 16711680},
-        {"cmdHome lblHome Home QTH QTHColor", 65535},
-        {"cmdPlotOutline lblPlotOutline Plot Outline OutlineColor", 0},
-        {"cmdLine lblPlotLine Plot Line LineColor", 255},
-        {"cmdMeridian lblMeridian Meridian Line MeridianColor", 8421504}};
-    ASSERT_EQ(std::size(entries), allLegendEntries.size());
-    for (std::size_t i = 0; i < std::size(entries); ++i) {
-        const LegendNames& names = namesOf(allLegendEntries[i]);
-        std::string text;
-        for (const auto name : {names.button, names.label, names.caption, names.key})
-            text.append(text.empty() ? "" : " ").append(name);
-        EXPECT_EQ(text, entries[i].first);
-        EXPECT_EQ(Legend().colour(allLegendEntries[i]), entries[i].second);
-    }
-}
-
 TEST(Legend, LoadsWhatASectionHoldsAndKeepsTheRest) {
     const TestFolder folder;
     folder.write("x.ini", "[GCMapOptions]\r\nHeardColor=12345\r\nWorkedColor=\r\nQTHColor=red\r\n"
