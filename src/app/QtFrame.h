@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/FramedWindow.h"
+#include "app/MapFrame.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
@@ -11,19 +11,17 @@ namespace tovrel {
 /// The main window by its frame, of which the window system tells some time after it was shown.
 struct QtFrame : FramedWindow {
     explicit QtFrame(QMainWindow& mainWindow) : window(mainWindow) {}
-
     /// @return whether the widths of the frame are known
     bool learnMargins() {
         if (window.windowHandle() != nullptr && !window.windowHandle()->frameMargins().isNull())
             margins = window.windowHandle()->frameMargins();
         return !margins.isNull();
     }
-    bool isFree() const override {
-        return !window.isMinimized() && !window.isMaximized() && !window.isFullScreen();
-    }
+    bool isFree() const override { return !(window.windowState() & ~Qt::WindowActive); }
     QRect outer() const override { return window.geometry().marginsAdded(margins); }
     int menuHeight() const { return window.menuBar()->heightForWidth(window.width()); }
-    int chrome() const override { return margins.top() + margins.bottom() + menuHeight(); }
+    /// What its height has beside the map: title bar, frame and menu.
+    int chrome() const { return margins.top() + margins.bottom() + menuHeight(); }
     void request(const QRect& wanted) override {
         const QRect inner = wanted.marginsRemoved(margins);
         // A place that is not asked for is the window system's affair.

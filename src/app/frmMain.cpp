@@ -2,6 +2,7 @@
 
 #include "app/MainMenu.h"
 #include "app/MapView.h"
+#include "map/WindowShape.h"
 #include "platform/ByteText.h"
 
 #include <QApplication>
@@ -20,7 +21,10 @@ constexpr int timerInterval = 60000; // milliseconds
 
 frmMain::frmMain(RunData& runData)
     : data_(runData), prompt_(this), outer_(*this),
-      frame_(outer_, [&runData] { return runData.run.marks.projection; }),
+      frame_(outer_,
+             [this](const QRect& before, const QRect& after) {
+                 return shapedWindow(before, after, data_.run.marks.projection, outer_.chrome());
+             }),
       windows_(outer_, runData, prompt_,
                [this](Projection map) { commands_.applyMapOptions(map); }),
       window_(outer_, frame_, runData.stats, Timer1_,
@@ -175,7 +179,7 @@ void frmMain::fitToFrame(int attempt) {
     }
     commands_.loadLegendAtStart();
     shown_ = true;
-    frame_.start();
+    frame_.watch(true);
 }
 
 void frmMain::followSize() {
@@ -224,7 +228,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     queue_.close();
     Timer1_.stop();
-    frame_.stop();
+    frame_.watch(false);
     commands_.Form_Unload();
     window_.setWaitPointer(false);
     tellSettingsFailure();

@@ -6,36 +6,36 @@
 
 namespace tovrel {
 
-WindowRect SizingProc(WindowRect proposed, SizingEdge edge, Projection projection, int chrome) {
+QRect SizingProc(QRect proposed, SizingEdge edge, Projection projection, int chrome) {
     const bool azimuthal = projection == Projection::Azimuthal;
-    const int width = proposed.right - proposed.left;
-    const int height = proposed.bottom - proposed.top;
-    const int wide = azimuthal ? height - chrome : 2 * height;
+    const int wide = azimuthal ? proposed.height() - chrome : 2 * proposed.height();
     switch (edge) {
     case SizingEdge::Left:
     case SizingEdge::Right:
     case SizingEdge::BottomLeft:
     case SizingEdge::BottomRight:
-        proposed.bottom =
-            azimuthal ? proposed.top + width + chrome : roundToInt(proposed.top + width / 2.0);
+        // The bottom edge is what is rounded.
+        proposed.setHeight(azimuthal
+                               ? proposed.width() + chrome
+                               : roundToInt(proposed.y() + proposed.width() / 2.0) - proposed.y());
         break;
     case SizingEdge::Top:
     case SizingEdge::TopRight:
     case SizingEdge::Bottom:
-        proposed.right = proposed.left + wide;
+        proposed.setWidth(wide);
         break;
     case SizingEdge::TopLeft:
-        proposed.left = proposed.right - wide;
+        proposed.setLeft(proposed.x() + proposed.width() - wide);
         break;
     }
     return proposed;
 }
 
-SizingEdge draggedEdge(const WindowRect& before, const WindowRect& after) {
-    const bool wider = after.right - after.left != before.right - before.left;
-    const bool higher = after.bottom - after.top != before.bottom - before.top;
-    const bool left = wider && after.left != before.left;
-    const bool top = higher && after.top != before.top;
+SizingEdge draggedEdge(const QRect& before, const QRect& after) {
+    const bool wider = after.width() != before.width();
+    const bool higher = after.height() != before.height();
+    const bool left = wider && after.left() != before.left();
+    const bool top = higher && after.top() != before.top();
     if (wider && higher) {
         if (top)
             return left ? SizingEdge::TopLeft : SizingEdge::TopRight;
@@ -48,12 +48,10 @@ SizingEdge draggedEdge(const WindowRect& before, const WindowRect& after) {
     return SizingEdge::BottomRight;
 }
 
-WindowRect shapedWindow(const WindowRect& before, const WindowRect& after, Projection projection,
-                        int chrome) {
-    const int width = after.right - after.left;
-    const int height = after.bottom - after.top;
-    const bool hasShape = projection == Projection::Azimuthal ? width == height - chrome
-                                                              : std::abs(2 * height - width) <= 1;
+QRect shapedWindow(const QRect& before, const QRect& after, Projection projection, int chrome) {
+    const bool hasShape = projection == Projection::Azimuthal
+                              ? after.width() == after.height() - chrome
+                              : std::abs(2 * after.height() - after.width()) <= 1;
     return hasShape ? after : SizingProc(after, draggedEdge(before, after), projection, chrome);
 }
 

@@ -1,42 +1,15 @@
 #include "app/MainMenu.h"
 
 #include <QAccessible>
-#include <QActionGroup>
 #include <QMenu>
 #include <gtest/gtest.h>
 #include <set>
-#include <string>
 
 namespace tovrel {
 namespace {
 
-/// The tree: a menu's items in braces, "?" behind one to check, "*" behind one of a pair.
-const char* const tree =
-    "File{Your Information|Open ADIF File|Save Map}|Load ADIF|Map{Clear Map|Hide Plot Line|-|"
-    "Appearance{Show Home Location?|Show Meridian Lines?|Color Topogographic Overlay?|-|"
-    "Compass{Show Compass?|-|Bold characters*|Normal characters*|-|"
-    "Show every 15°*|Show every 45°*}}|Change Base Map{Load Custom Map|"
-    "Change Base Colors{Land Color|Water Color|Reset to Default}}|-|"
-    "Projection{Azimuthal Equidistant projection*|Miller Cylindrical projection*}|-|"
-    "Create Google File|Google Map Options|-|Recreate map}|"
-    "View Statistics|Plot Options|Abort Function|Help{Help|About}";
-
 /// The caption as the user reads it.
 QString plain(QString caption) { return caption.remove(QLatin1Char('&')); }
-
-std::string treeOf(const QWidget& owner) {
-    std::string text;
-    for (const QAction* action : owner.actions()) {
-        text += (text.empty() ? "" : "|") + plain(action->text()).toStdString();
-        EXPECT_EQ(action->isSeparator(), action->text() == "-");
-        EXPECT_TRUE(action->isEnabled() && !action->isChecked()) << text;
-        if (action->menu())
-            text += '{' + treeOf(*action->menu()) + '}';
-        else if (action->isCheckable())
-            text += action->actionGroup() ? '*' : '?';
-    }
-    return text;
-}
 
 void expectOwnLetters(const QWidget& owner) {
     std::set<QString> letters;
@@ -75,8 +48,6 @@ protected:
     MainMenuTest() { buildMainMenu(bar_); }
     QMenuBar bar_;
 };
-
-TEST_F(MainMenuTest, HasItsItemsInTheirOrder) { EXPECT_EQ(treeOf(bar_), tree); }
 
 TEST_F(MainMenuTest, EachItemHasALetterThatNoOtherOfItsMenuHas) { expectOwnLetters(bar_); }
 

@@ -1,5 +1,7 @@
 #include "app/MapFrame.h"
 
+#include "map/WindowShape.h"
+
 #include <QTest>
 #include <gtest/gtest.h>
 #include <optional>
@@ -11,7 +13,6 @@ namespace {
 struct PretendedWindow : FramedWindow {
     bool isFree() const override { return free; }
     QRect outer() const override { return rect; }
-    int chrome() const override { return 40; }
     void request(const QRect& wanted) override {
         asked.push_back(wanted);
         rect = wanted; // as Qt has it until the manager answers
@@ -38,7 +39,7 @@ struct PretendedWindow : FramedWindow {
 struct MapFrameTest : testing::Test {
     MapFrameTest() {
         window.frame = &frame;
-        frame.start();
+        frame.watch(true);
     }
     /// The user drags an edge, pauses, and lets the manager answer until nothing changes any more.
     void drag(const QRect& to, int rounds = 10) {
@@ -52,7 +53,9 @@ struct MapFrameTest : testing::Test {
 
     PretendedWindow window;
     Projection projection = Projection::Azimuthal;
-    MapFrame frame{window, [this] { return projection; }};
+    MapFrame frame{window, [this](const QRect& before, const QRect& after) {
+                       return shapedWindow(before, after, projection, 40);
+                   }};
 };
 
 TEST_F(MapFrameTest, AsksOnceForTheShapeWhenTheUserHasPaused) {
@@ -118,7 +121,7 @@ TEST_F(MapFrameTest, KeepsTheFreeSizeWhileTheWindowIsMaximized) {
     window.free = true;
     drag({100, 100, 400, 200});
     EXPECT_EQ(window.asked.size(), 1U) << "restored to its size, nothing is asked for";
-    frame.stop();
+    frame.watch(false);
     drag({100, 100, 900, 200});
     EXPECT_EQ(window.asked.size(), 1U);
 }

@@ -107,5 +107,50 @@ TEST_F(OptionWindowsTest, BelongToTheMapInForceAndLeaveTheMainWindowInUse) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
+TEST_F(OptionWindowsTest, EscapeLeavesWhatWasAppliedForTheExportAndTheCloseBoxDoesNot) {
+    const auto exportedBand9 = [this] { return data_->google.filter.band.selected(9); };
+    pick("mnuGoogleMapOptions");
+    QWidget& options = window("frmGoogleMapOptions");
+    click(options, "chkBand(9)");
+    click(options, "cmdApply");
+    pick("mnuGoogleMapOptions");
+    click(options, "chkBand(3)");
+    QTest::keyClick(&options, Qt::Key_Escape);
+    EXPECT_FALSE(options.isVisible());
+    EXPECT_TRUE(exportedBand9() && !data_->google.filter.band.selected(3));
+    pick("mnuGoogleMapOptions");
+    options.close();
+    EXPECT_FALSE(exportedBand9());
+}
+
+TEST_F(OptionWindowsTest, OpenWithTheFocusOnTheirFirstFieldAndComeBackAsTheyAre) {
+    const struct {
+        const char *item, *window, *first;
+    } rows[] = {{"mnuPlotOptions", "frmGCMapOptions", "chkBand(0)"},
+                {"mnuGoogleMapOptions", "frmGoogleMapOptions", "chkBand(0)"},
+                {"mnuInfo", "frmInfoInput", "txtCallSign"},
+                {"mnuAbout", "frmAbout", "cmdOK"}};
+    for (const auto& row : rows) {
+        for (int opened = 0; opened < 2; ++opened) {
+            pick(row.item);
+            QWidget& dialog = window(row.window);
+            ASSERT_TRUE(dialog.focusWidget()) << row.window;
+            EXPECT_EQ(dialog.focusWidget()->objectName(), row.first) << row.window;
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+            pick(row.item);
+            EXPECT_NE(dialog.focusWidget()->objectName(), row.first) << "open, it is left alone";
+            dialog.close();
+        }
+    }
+    pick("mnuInfo");
+    auto& call = control<QLineEdit>(window("frmInfoInput"), "txtCallSign");
+    call.setText("half typed");
+    pick("mnuInfo");
+    EXPECT_EQ(call.text(), "half typed");
+    window("frmInfoInput").close();
+    pick("mnuInfo");
+    EXPECT_EQ(call.text(), "W1TVR") << "closed, it is dropped";
+}
+
 } // namespace
 } // namespace tovrel

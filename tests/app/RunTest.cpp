@@ -46,6 +46,16 @@ TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
     EXPECT_GT(pixels(QColor(0xA5, 0xCD, 0xFE)), 1000) << "water";
 }
 
+TEST_F(RunTest, AStartOnTheMillerMapDrawsTheHomeMarkInThatMapsColour) {
+    furnish();
+    folder_.write("Tovrel.ini", "[Globals]\r\nDisplay=Miller\r\n[GCMapOptions]\r\n"
+                                "QTHColor=1193046\r\n[MCMapOptions]\r\nQTHColor=6636321\r\n");
+    start();
+    EXPECT_GT(pixels(QColor(0x21, 0x43, 0x65)), 0);
+    EXPECT_EQ(pixels(QColor(0x56, 0x34, 0x12)), 0);
+    EXPECT_EQ(data_->stats.legend().colour(LegendEntry::Home), 0x123456U);
+}
+
 TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnce) {
     startWithLongLog();
     const bool before = data_->run.marks.mnuMeridian;

@@ -16,13 +16,5 @@ TEST(StationInfo, JudgesACoordinateByItsForm) {
         EXPECT_EQ(coordinateFault(none), CoordinateFault::NoNumber) << none;
 }
 
-TEST(StationInfo, WordsItsMessages) {
-    EXPECT_EQ(coordinateMessage("Latitude", CoordinateFault::Blank),
-              "Latitude Data Error\r\nPlease do not use a space as a delimiter.");
-    EXPECT_EQ(coordinateMessage("Longitude", CoordinateFault::NoNumber),
-              "Longitude Data Error\r\n"
-              "Please enter a decimal number such as 41.5, with a point as decimal mark.");
-}
-
 } // namespace
 } // namespace tovrel

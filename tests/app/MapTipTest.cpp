@@ -1,0 +1,92 @@
+#include "app/MainFixture.h"
+
+#include <QToolTip>
+
+namespace tovrel {
+namespace {
+
+/// The tool tip, from the pointer on the map to the text on the screen.
+class MapTipTest : public MainFixture {
+protected:
+    /// A log of contacts in one place, which lies off the diagonals of both maps.
+    void startWith(const std::vector<std::string>& calls) {
+        furnish();
+        std::string log = "<EOH>\r\n";
+        for (const std::string& call : calls) {
+            log += "<CALL:" + std::to_string(call.size()) + ">" + call +
+                   "<BAND:3>20M <MODE:2>CW <QSL_RCVD:1>Y <COUNTRY:10>R&D &lt;b>"
+                   "<APP_LOGGER32_LAT:4>15.5 <APP_LOGGER32_LNG:3>-20 <EOR>\r\n";
+        }
+        folder_.write("log.adi", log);
+        folder_.write("Tovrel.ini", folder_.read("Tovrel.ini") + "[GCMapOptions]\r\nCall=1\r\n"
+                                                                 "[MCMapOptions]\r\nCall=1\r\n");
+        start();
+        pick("mnuLoadADIF");
+    }
+    /// Puts the pointer on the dot of the plot.
+    void point() {
+        const QImage image = map();
+        QPoint sum;
+        int count = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y) == confirmed) {
+                    sum += {x, y};
+                    ++count;
+                }
+            }
+        }
+        ASSERT_GT(count, 0);
+        pointAt(sum / count);
+    }
+    void pointAt(QPoint place) {
+        QMouseEvent move(QEvent::MouseMove, place, main_->centralWidget()->mapToGlobal(place),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(main_->centralWidget(), &move);
+    }
+    QString tip() { return main_->centralWidget()->toolTip(); }
+    void tick(const char* window, const char* box) {
+        pick("mnuPlotOptions");
+        click(this->window(window), box);
+        click(this->window(window), "cmdApply");
+    }
+};
+
+TEST_F(MapTipTest, NamesTheStationsUnderThePointerOnBothMaps) {
+    startWith({"K1AB", "&lt;i>"});
+    for (const char* projection : {"mnuGreatCircle", "mnuMiller"}) {
+        pick(projection);
+        point();
+        EXPECT_EQ(tip(), "<p style=\"white-space: pre\">K1AB  &amp;lt;i&gt;  </p>") << projection;
+        pointAt({3, 3});
+        EXPECT_EQ(tip(), "") << projection;
+    }
+    tick("frmMCMapOptions", "chkLatLong");
+    point();
+    EXPECT_TRUE(tip().contains(">[15.5, 20] K1AB")) << tip().toStdString();
+    tick("frmMCMapOptions", "chkCountry");
+    point();
+    EXPECT_TRUE(tip().contains(">[15.5, 20] R&amp;D &amp;lt;b&gt;: K1AB")) << tip().toStdString();
+}
+
+TEST_F(MapTipTest, BreaksBetweenStationsAndEndsWithTheNumberOfFurtherOnes) {
+    startWith(std::vector<std::string>(400, "DL/W1AW"));
+    point();
+    EXPECT_EQ(tip().section('\n', 0, 0), QStringLiteral("DL/W1AW  ").repeated(13));
+    EXPECT_TRUE(tip().endsWith("DL/W1AW  ... and 233 more")) << tip().toStdString();
+}
+
+TEST_F(MapTipTest, ATipOnTheScreenGoesAtOnceWhenThePlotDoes) {
+    startWith({"K1AB"});
+    point();
+    QToolTip::showText({100, 100}, tip(), main_->centralWidget());
+    ASSERT_TRUE(QToolTip::isVisible());
+    pick("mnuClearMap");
+    pointAt({200, 200});
+    EXPECT_EQ(tip(), "");
+    for (const QWidget* shown : QApplication::topLevelWidgets())
+        EXPECT_FALSE(shown->isVisible() && shown->windowType() == Qt::ToolTip);
+}
+
+} // namespace
+} // namespace tovrel

@@ -1,0 +1,70 @@
+#include "app/QtListener.h"
+
+#include "app/WindowFixture.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QTimer>
+
+namespace tovrel {
+namespace {
+
+class QtListenerTest : public WindowFixture {
+protected:
+    QWidget& progress() {
+        for (QWidget* child : main_.findChildren<QWidget*>("frmGCMapCalculations"))
+            return *child;
+        throw std::runtime_error("no progress window");
+    }
+    int bar() { return control<QProgressBar>(progress(), "ProgressBar1").value(); }
+    QString status() { return control<QLabel>(progress(), "Label1").text(); }
+
+    QWidget main_;
+    QtListener listener_{main_, [] { return QRect(10, 20, 500, 400); }};
+};
+
+TEST_F(QtListenerTest, ShowsAPassFromItsBeginningToItsEnd) {
+    listener_.beginPass("Plotting", "Processing: caf\xE9.adi", 200.0F);
+    EXPECT_TRUE(progress().isVisible());
+    EXPECT_EQ(progress().frameGeometry().bottom(), 419);
+    EXPECT_EQ(progress().windowTitle() + '|' + status(),
+              QString("Plotting|Processing: caf\u00E9.adi"));
+    listener_.showProgress(50.0F);
+    listener_.yield();
+    EXPECT_EQ(bar(), 50);
+    listener_.showProgress(120.0F);
+    EXPECT_EQ(bar(), 50) << "shown by the next yield that lets events run";
+    listener_.showStatus("Sorting");
+    EXPECT_EQ(std::pair(status(), bar()), std::pair(QString("Sorting"), 120));
+    listener_.endPass();
+    EXPECT_FALSE(progress().isVisible());
+    listener_.beginPass("Again", "", 10.0F);
+    EXPECT_EQ(bar(), 0);
+    listener_.closeWindow(); // what follows an abort
+    EXPECT_FALSE(progress().isVisible());
+}
+
+TEST_F(QtListenerTest, LetsEventsRunAtTheFirstYieldAndThenNowAndAgain) {
+    int ran = 0;
+    int refreshed = 0;
+    listener_.refreshLists = [&] { ++refreshed; };
+    QTimer timer;
+    timer.callOnTimeout([&] { ++ran; });
+    timer.start(0);
+    listener_.beginPass("", "", 1.0F);
+    listener_.yield();
+    EXPECT_EQ(ran, 1);
+    QElapsedTimer time;
+    time.start();
+    long yields = 0;
+    for (; !time.hasExpired(350); ++yields)
+        listener_.yield();
+    EXPECT_GT(ran, 3) << "the user is heard";
+    EXPECT_LE(ran, 37);
+    EXPECT_GT(yields, 1000) << "most records go on at once";
+    EXPECT_GE(refreshed, 1);
+    EXPECT_LE(refreshed, 4);
+}
+
+} // namespace
+} // namespace tovrel
