@@ -37,7 +37,7 @@ void MapFrame::changed() {
 void MapFrame::settle(bool edgeIsFree) {
     // While an edge is held, window managers put the size back that the pointer tells; others have
     // sizes of their own and answer each wish with a new one.
-    constexpr int mostAsked = 3;
+    constexpr int mostAsked = 6;
     if (!window_.isFree() || !watching_)
         return;
     settles_.stop();
