@@ -1,6 +1,6 @@
 // Drawing: each beside a loop that does nothing but the work that can't be spared.
 
-#include "map/GreatCircle.h"
+#include "map/AzimuthalMap.h"
 #include "map/Overlays.h"
 #include "map/PictureSurface.h"
 #include "map/TopoOverlay.h"
@@ -39,17 +39,14 @@ const std::vector<Place>& places() {
     return all;
 }
 
-const HomePosition home = homePosition(Projection::Azimuthal, 41.7F, -72.7F);
+const AzimuthalMap map(41.7F, -72.7F);
+const HomePosition home = map.home();
 
 /// Where the contacts lie on the azimuthal map.
 std::vector<MapPoint> positions() {
-    GreatCircle greatCircle(home);
     std::vector<MapPoint> points;
-    for (const Place& place : places()) {
-        int mode = 0;
-        greatCircle.ProjectAzimuthal(place.latitude, place.longitude, mode);
-        points.push_back({greatCircle.ProjX, greatCircle.ProjY});
-    }
+    for (const Place& place : places())
+        points.push_back(pointOr(map.position(place.latitude, place.longitude), {}));
     return points;
 }
 
@@ -96,13 +93,11 @@ void marksYardstick(benchmark::State& state) {
 BENCHMARK(marksYardstick)->Unit(benchmark::kMillisecond);
 
 void projection(benchmark::State& state) {
-    GreatCircle greatCircle(home);
     for (auto _ : state) {
         double sum = 0.0;
         for (const Place& place : places()) {
-            int mode = 0;
-            greatCircle.ProjectAzimuthal(place.latitude, place.longitude, mode);
-            sum += greatCircle.ProjX + greatCircle.ProjY;
+            const MapPoint at = pointOr(map.position(place.latitude, place.longitude), {});
+            sum += at.x + at.y;
         }
         benchmark::DoNotOptimize(sum);
     }
@@ -162,8 +157,7 @@ void relief(benchmark::State& state) {
     AgreeingPrompt prompt;
     for (auto _ : state) {
         PictureSurface surface = bareLand();
-        GreatCircle greatCircle(home);
-        TopoOverlay(surface, world, Projection::Azimuthal, greatCircle, listener, prompt);
+        TopoOverlay(surface, world, map, 0xC0FFC0, {}, listener, prompt);
         benchmark::DoNotOptimize(surface.Image().constBits());
     }
 }

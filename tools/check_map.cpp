@@ -4,6 +4,7 @@
 #include "check_map_homes.h"
 
 #include "map/BaseMap.h"
+#include "state/MapColours.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -57,14 +58,16 @@ public:
     bool check(const char* title, const std::vector<Home>& homes, Projection projection) {
         Tally tally;
         for (const Home& home : homes) {
-            BaseMapStyle style;
-            style.projection = projection;
-            style.HomeLatitude = static_cast<float>(home.place.latitude);
-            style.HomeLongitude = static_cast<float>(home.place.longitude);
+            const std::unique_ptr<const WorldMap> map =
+                worldMap(projection, static_cast<float>(home.place.latitude),
+                         static_cast<float>(home.place.longitude));
+            const BaseMapStyle style{.map = map.get(),
+                                     .land = keyOf(MapColour::Land).byDefault,
+                                     .water = keyOf(MapColour::Water).byDefault};
             drawBaseMap(surface_, style, dataFolder_, listener_, prompt_);
             if (prompt_.any)
                 return false;
-            const MapResult result = compareMap(surface_, style, world_, reach_);
+            const MapResult result = compareMap(surface_, style, home.place, world_, reach_);
             tally.add(result);
             report(home, result);
         }

@@ -1,6 +1,6 @@
 #include "check_map_compare.h"
 
-#include "map/GreatCircle.h"
+#include "map/WorldMap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,6 +12,10 @@ namespace tovrel {
 namespace {
 
 constexpr double earthRadius = 6371.29; // kilometres, as the map draws it
+// Map units of the cylindrical map for a degree.
+constexpr double millerUnitsPerLatitude = 240.0;
+constexpr double millerUnitsPerLongitude = 122.0;
+
 constexpr double degree = std::numbers::pi / 180.0;
 constexpr double unitsPerPixel = 66.0;
 constexpr int floodPixels = 300;
@@ -22,10 +26,8 @@ constexpr Colour white = 0xFFFFFF;
 /// The exact projections and their inverses, in double precision and without the program's limits.
 class ExactMap {
 public:
-    ExactMap(const BaseMapStyle& style, double reach)
-        : reach_(reach),
-          miller_(style.projection == Projection::Miller), home_{style.HomeLatitude,
-                                                                 style.HomeLongitude},
+    ExactMap(const WorldMap& map, Place home, double reach)
+        : reach_(reach), miller_(!map.centredOnHome()), home_(home),
           sinHome_(std::sin(home_.latitude * degree)), cosHome_(std::cos(home_.latitude * degree)) {
     }
 
@@ -156,9 +158,9 @@ private:
 
 } // namespace
 
-MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world,
-                     double reach) {
-    const ExactMap exact(style, reach);
+MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, Place home,
+                     const TrueWorld& world, double reach) {
+    const ExactMap exact(*style.map, home, reach);
     const PictureSurface coast = drawTrueCoast(exact, world);
     const int width = map.pixelWidth();
     const int height = map.pixelHeight();

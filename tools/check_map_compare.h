@@ -40,8 +40,9 @@ private:
 inline constexpr double shownReach = 19731.0;
 
 /// Compares a finished base map, drawn in the style's colours, with the world.
+/// @param home in degrees, as the azimuthal map has it in single precision
 /// @param reach kilometres from home up to which pixels of the azimuthal map count
-MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, const TrueWorld& world,
-                     double reach);
+MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, Place home,
+                     const TrueWorld& world, double reach);
 
 } // namespace tovrel

@@ -128,9 +128,9 @@ void showMarks(const QMenuBar& menuBar, const MenuMarks& marks) {
     check("mnuLightCompass", marks.mnuLightCompass);
     check("mnu15Degrees", marks.mnu15Degrees);
     check("mnu45Degrees", marks.mnu45Degrees);
-    check("mnuGreatCircle", marks.azimuthal());
-    check("mnuMiller", !marks.azimuthal());
-    menuItem(menuBar, "mnuCompass").setEnabled(marks.azimuthal());
+    check("mnuGreatCircle", marks.projection == Projection::Azimuthal);
+    check("mnuMiller", marks.projection == Projection::Miller);
+    menuItem(menuBar, "mnuCompass").setEnabled(namesOf(marks.projection).compass);
 }
 
 } // namespace tovrel

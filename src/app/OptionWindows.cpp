@@ -28,7 +28,7 @@ Window& made(Window*& window, Arguments&&... arguments) {
 
 void OptionWindows::showMapOptions() {
     const Projection projection = data_.run.marks.projection;
-    frmMapOptions*& window = data_.run.marks.azimuthal() ? gcOptions_ : mcOptions_;
+    frmMapOptions*& window = mapOptions_[static_cast<std::size_t>(projection)];
     const auto apply = [this, projection, &window] {
         apply_(projection);
         window->hide();

@@ -4,6 +4,7 @@
 #include "platform/UserPrompt.h"
 #include "run/RunData.h"
 
+#include <array>
 #include <functional>
 #include <utility>
 
@@ -39,8 +40,7 @@ private:
     RunData& data_;
     UserPrompt& prompt_;
     std::function<void(Projection)> apply_;
-    frmMapOptions* gcOptions_ = nullptr;
-    frmMapOptions* mcOptions_ = nullptr;
+    std::array<frmMapOptions*, allProjections.size()> mapOptions_{};
     frmGoogleMapOptions* googleOptions_ = nullptr;
     frmInfoInput* infoInput_ = nullptr;
     frmAbout* about_ = nullptr;

@@ -130,7 +130,7 @@ void QtMapWindow::mnuView_Stats() {
     }
     if (!stats_) {
         stats_ = std::make_unique<frmMapStats>(
-            content_, [this](LegendEntry entry) { acts_.pickColour(entry); });
+            content_, [this](MapColour entry) { acts_.pickColour(entry); });
     }
     outer_.learnMargins();
     const PairPlaces places = sideBySide(outer_.outer(), stats_->outerWidth(),

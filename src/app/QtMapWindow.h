@@ -21,7 +21,7 @@ public:
     /// What the window asks of others.
     struct Acts {
         std::function<void()> askStationInfo;
-        std::function<void(LegendEntry)> pickColour;
+        std::function<void(MapColour)> pickColour;
     };
 
     /// @param outer, frame, stats, Timer1 have to outlive this object

@@ -23,13 +23,13 @@ frmMain::frmMain(RunData& runData)
     : data_(runData), prompt_(this), outer_(*this),
       frame_(outer_,
              [this](const QRect& before, const QRect& after) {
-                 return shapedWindow(before, after, data_.run.marks.projection, outer_.chrome());
+                 return shapedWindow(before, after, data_.map()->shape(), outer_.chrome());
              }),
       windows_(outer_, runData, prompt_,
                [this](Projection map) { commands_.applyMapOptions(map); }),
       window_(outer_, frame_, runData.stats, Timer1_,
               {[this] { windows_.askStationInfo(); },
-               [this](LegendEntry entry) { pickLegendColour(entry); }}),
+               [this](MapColour entry) { pickLegendColour(entry); }}),
       listener_(*this, [this] { return outer_.outer(); }),
       map_(runData, window_, listener_, prompt_),
       commands_(runData, map_, window_, listener_, prompt_),
@@ -141,7 +141,7 @@ QStringList frmMain::hoverTip(double mapY, double mapX) const {
     return stations;
 }
 
-void frmMain::pickLegendColour(LegendEntry entry) {
+void frmMain::pickLegendColour(MapColour entry) {
     if (commands_.pickLegendColour(entry)) {
         queue_.run("RebuildBaseMap", [this] { map_.RebuildBaseMap(); });
     }
@@ -153,15 +153,14 @@ void frmMain::tellSettingsFailure() {
     }
 }
 
-/// The smallest window of a map's shape has its menu in one line and the map 240 pixels high, the
-/// Miller map as wide.
+/// The smallest window of a map's shape has its menu in one line and the map 240 pixels wide.
 void frmMain::holdAboveSmallest() {
     constexpr int smallestMap = 240;
     const QMargins& frame = outer_.margins;
     const int width = std::max(menuBar()->sizeHint().width(), smallestMap);
     const int outerWidth = width + frame.left() + frame.right();
-    const int outerHeight =
-        data_.run.marks.azimuthal() ? outerWidth + outer_.chrome() : outerWidth / 2;
+    const MapShape shape = data_.map()->shape();
+    const int outerHeight = outerWidth / shape.widthPerHeight + shape.beside(outer_.chrome());
     setMinimumSize(width, outerHeight - frame.top() - frame.bottom());
 }
 

@@ -43,7 +43,7 @@ private:
     void onCommand(const char* name, void (Commands::*command)());
     void onAct(const char* name, std::function<void()> act);
     QStringList hoverTip(double mapY, double mapX) const;
-    void pickLegendColour(LegendEntry entry);
+    void pickLegendColour(MapColour entry);
     void tellSettingsFailure();
 
     void fitToFrame(int attempt);

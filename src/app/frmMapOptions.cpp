@@ -1,5 +1,7 @@
 #include "app/frmMapOptions.h"
 
+#include "platform/ByteText.h"
+
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QPushButton>
@@ -37,12 +39,9 @@ frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
                              std::function<void()> cmdApply_Click, QWidget* parent)
     : frmDialog(parent), projection_(projection), forms_(forms), options_(forms.of(projection)),
       filterBoxes_(*this, {.headingLeft = 2400, .offWidth = 735}) {
-    const bool azimuthal = projection == Projection::Azimuthal;
-    setUpDialog(*this,
-                azimuthal ? QStringLiteral("frmGCMapOptions") : QStringLiteral("frmMCMapOptions"),
-                azimuthal ? QStringLiteral("Azimuthal Equidistant Projection Map Options")
-                          : QStringLiteral("Miller Cylindrical Projection Map Options"),
-                6150, 6810);
+    const MapNames& names = namesOf(projection);
+    setUpDialog(*this, displayText(names.dialog),
+                displayText(names.caption) + QStringLiteral(" Map Options"), 6150, 6810);
     addMarkers();
     addLines();
     addTipBoxes();

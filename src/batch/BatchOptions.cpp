@@ -17,7 +17,7 @@ namespace {
 using Value = const std::string&;
 
 /// A plain decimal number that takes up the whole of a text.
-std::optional<double> wholeNumber(std::string_view text) {
+std::optional<double> plainDecimal(std::string_view text) {
     const bool plain = !text.empty() && coordinateFault(text) == CoordinateFault::None;
     return plain ? leadingNumber(text) : std::nullopt;
 }
@@ -28,8 +28,8 @@ std::optional<std::pair<double, double>> numberPair(std::string_view text) {
     if (comma == std::string_view::npos) {
         return std::nullopt;
     }
-    const std::optional<double> first = wholeNumber(text.substr(0, comma));
-    const std::optional<double> second = wholeNumber(text.substr(comma + 1));
+    const std::optional<double> first = plainDecimal(text.substr(0, comma));
+    const std::optional<double> second = plainDecimal(text.substr(comma + 1));
     return first && second ? std::optional(std::pair(*first, *second)) : std::nullopt;
 }
 
@@ -97,8 +97,13 @@ bool takeMarker(BatchOptions& options, Value value) {
 }
 
 bool takeProjection(BatchOptions& options, Value value) {
-    options.projection = value == "miller" ? Projection::Miller : Projection::Azimuthal;
-    return value == "miller" || value == "azimuthal";
+    for (const Projection projection : allProjections) {
+        if (value == namesOf(projection).word) {
+            options.projection = projection;
+            return true;
+        }
+    }
+    return false;
 }
 
 bool takeHome(BatchOptions& options, Value value) {
@@ -121,7 +126,7 @@ bool takeCompass(BatchOptions& options, Value value) {
 bool takeSize(BatchOptions& options, Value value) {
     constexpr double least = 200.0;
     constexpr double most = 8000.0;
-    const std::optional<double> width = wholeNumber(value);
+    const std::optional<double> width = plainDecimal(value);
     if (!width || *width < least || *width > most || *width != roundHalfEven(*width)) {
         return false;
     }

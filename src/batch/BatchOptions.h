@@ -18,7 +18,7 @@ struct Home {
 };
 
 /// A position of the map, in map units.
-struct MapPosition {
+struct TipPlace {
     double mapY = 0.0;
     double mapX = 0.0;
 };
@@ -49,7 +49,7 @@ struct BatchOptions {
     int size = 800;      ///< width of the picture, pixels
     std::string image;   ///< empty: none; "-" for standard output, as PNG
     std::string baseMap; ///< likewise
-    std::vector<MapPosition> tips;
+    std::vector<TipPlace> tips;
     std::optional<TipParts> tipParts;
 
     // Of kmz.

@@ -9,6 +9,7 @@
 #include "platform/Twips.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/MapRun.h"
+#include "state/StationInfo.h"
 
 #include <QFontInfo>
 #include <algorithm>
@@ -17,18 +18,18 @@ namespace tovrel {
 
 namespace {
 
-QImage stampedMap(const MapRun& map, Projection projection) {
+QImage stampedMap(const RunData& data, const MapRun& map) {
     PictureSurface Picture3(map.Picture2.Width(), map.Picture2.Height());
-    composeMapImage(map.Picture2, projection, QDateTime::currentDateTime(), Picture3);
+    composeMapImage(map.Picture2, *data.map(), QDateTime::currentDateTime(), Picture3);
     return Picture3.Image();
 }
 
 /// The tool tips asked for, a line each.
-std::string tipLines(RunData& data, const std::vector<MapPosition>& positions) {
+std::string tipLines(RunData& data, const std::vector<TipPlace>& positions) {
     const MapOptions& map = data.maps.inForce();
     const TipParts parts{.latLong = map.chkLatLong, .country = map.chkCountry, .call = map.chkCall};
     std::string lines;
-    for (const MapPosition& at : positions) {
+    for (const TipPlace& at : positions) {
         std::string tip = utf8Text(tipText(data.tables, parts, at.mapY, at.mapX));
         // A value of the log may hold a line end.
         std::replace_if(
@@ -58,11 +59,10 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (!applyOptions(data, options, console)) {
         return BatchResult::FileFailed;
     }
-    const Projection projection = data.run.marks.projection;
     const float width = twipsFromPixels(options.size);
-    BatchWindow window(width, projection == Projection::Azimuthal ? width : width / 2.0F);
+    BatchWindow window(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
     MapRun map(data, window, console, console);
-    map.readHome();
+    readHome(data.ini, data.run);
     const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
     if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {
         console.showFailure();
@@ -81,7 +81,7 @@ BatchResult batchPlot(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
     const bool written =
-        (options.image.empty() || writePicture(options.image, stampedMap(map, projection))) &&
+        (options.image.empty() || writePicture(options.image, stampedMap(data, map))) &&
         (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
         (options.report.empty() ||
          writeResult(options.report, plotReport(data, console.messages())));

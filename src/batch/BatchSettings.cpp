@@ -58,12 +58,10 @@ void applyPlotOptions(RunData& data, const BatchOptions& options) {
         data.ini.WriteIniValue(section::globals, "Latitude", decimalText(options.home->latitude));
         data.ini.WriteIniValue(section::globals, "Longitude", decimalText(options.home->longitude));
     }
-    const std::string display = data.ini.ReadIniValue(section::globals, "Display");
-    const Projection fromSettings =
-        display.empty() || display == "Azimuthal" ? Projection::Azimuthal : Projection::Miller;
-    const Projection projection = options.projection.value_or(fromSettings);
+    const Projection projection = options.projection.value_or(
+        projectionShown(data.ini.ReadIniValue(section::globals, "Display")));
     data.run.marks.projection = projection;
-    writeMapOptions(data.ini, sectionOf(projection), options);
+    writeMapOptions(data.ini, namesOf(projection).section, options);
     data.maps.load(projection);
     MapOptions& map = data.maps.inForce();
     if (!options.tipParts && !map.chkCall && !map.chkLatLong && !map.chkCountry) {

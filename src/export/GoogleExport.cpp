@@ -193,8 +193,8 @@ void GoogleExport::takeRecord(std::string_view line, QsoStatus folder, std::size
         folderOfRecord_.push_back(folderFor(fields_));
     }
     const FieldRows& rows = fields_.rows();
-    if (PassesGoogleFilter(layout::google, options_.filter, fields_.trimmed(rows.RowBand),
-                           fields_.trimmed(rows.RowMode), fields_.trimmed(rows.RowIota))) {
+    if (passesFilter(options_.filter, fields_.trimmed(rows.RowBand), fields_.trimmed(rows.RowMode),
+                     fields_.trimmed(rows.RowIota))) {
         book_.WritePlacemark(fields_, options_.chkCall);
     }
 }

@@ -2,7 +2,6 @@
 
 #include "map/Coastline.h"
 #include "map/ColourFill.h"
-#include "map/GreatCircle.h"
 #include "map/TopoOverlay.h"
 #include "platform/Files.h"
 
@@ -70,53 +69,37 @@ std::vector<CoastRecord> readCoastline(DataFiles& files) {
     return records;
 }
 
-/// Whitens the land round the south pole.
-void whitenAntarctica(PictureSurface& surface, Projection projection, GreatCircle& greatCircle) {
-    if (projection == Projection::Miller) {
-        FillRegion(centrePixel, 660.0, white, surface);
-        return;
-    }
-    int mode = 0;
-    greatCircle.ProjectAzimuthal(-80.0F, 40.0F, mode);
-    FillRegion(centrePixel + greatCircle.ProjX / unitsPerPixel,
-               centrePixel - greatCircle.ProjY / unitsPerPixel, white, surface);
-}
-
 } // namespace
-
-std::string_view baseMapCacheName(Projection projection) {
-    return projection == Projection::Azimuthal ? "GCBaseMap.map" : "MillerBaseMap.map";
-}
 
 BaseMapEnd drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
                        const std::string& programFolder, PassListener& listener,
                        UserPrompt& prompt) {
     BaseMapEnd end;
     DataFiles files(programFolder, prompt, end);
-    const bool azimuthal = style.projection == Projection::Azimuthal;
+    const WorldMap& map = *style.map;
     Picture1.ForeColor = 0x000000;
     Picture1.BackColor = white;
     Picture1.Cls();
-    if (azimuthal) {
+    if (map.hasFrame()) {
         Picture1.Circle(0.0, 0.0, MapRadius * outerCircleFactor);
         Picture1.Circle(0.0, 0.0, MapRadius);
     }
     FillRegion(centrePixel, centrePixel, style.land, Picture1);
 
-    GreatCircle greatCircle(
-        homePosition(Projection::Azimuthal, style.HomeLatitude, style.HomeLongitude));
-    Coastline coastline(Picture1, greatCircle, listener);
-    coastline.DrawCoastline(readCoastline(files), style.projection);
-    if (azimuthal)
-        coastline.SealAntipodeRing();
+    Coastline coastline(Picture1, map, listener);
+    coastline.DrawCoastline(readCoastline(files));
+    coastline.SealAntipodeRing();
+    MapPoint last = coastline.lastPoint();
     if (const std::optional<std::string> seeds = files.read("paintma.txt", "paintma.txt"))
-        PaintWater(*seeds, style.projection, style.water, greatCircle, Picture1);
+        PaintWater(*seeds, map, style.water, last, Picture1);
 
-    whitenAntarctica(Picture1, style.projection, greatCircle);
+    last = pointOr(map.antarctica(), last);
+    FillRegion(centrePixel + last.x / unitsPerPixel, centrePixel - last.y / unitsPerPixel, white,
+               Picture1);
     end.reliefRefused =
         style.relief != nullptr &&
-        !TopoOverlay(Picture1, *style.relief, style.projection, greatCircle, listener, prompt);
-    if (azimuthal)
+        !TopoOverlay(Picture1, *style.relief, map, style.reliefLand, last, listener, prompt);
+    if (map.hasFrame())
         FillRegion(1.0, 1.0, outerGrey, Picture1);
     return end;
 }

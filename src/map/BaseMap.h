@@ -1,13 +1,12 @@
 #pragma once
 
 #include "map/PictureSurface.h"
+#include "map/WorldMap.h"
 #include "platform/PassListener.h"
-#include "platform/Projection.h"
 #include "platform/UserPrompt.h"
 
 #include <QImage>
 #include <string>
-#include <string_view>
 
 namespace tovrel {
 
@@ -17,16 +16,12 @@ inline constexpr float baseMapSize = 10000.0F;
 
 /// What a base map depends on besides its data files.
 struct BaseMapStyle {
-    Projection projection = Projection::Azimuthal;
-    float HomeLatitude = 0.0F;  ///< degrees
-    float HomeLongitude = 0.0F; ///< degrees
-    Colour land = 0xC0FFC0;
-    Colour water = 0xFECDA5;
+    const WorldMap* map; ///< never null
+    Colour land;
+    Colour water;
     const QImage* relief = nullptr; ///< world picture for the land, see TopoOverlay; null for none
+    Colour reliefLand = 0;          ///< the land colour that it covers
 };
-
-/// Name of the file in which the base map of a projection is cached.
-std::string_view baseMapCacheName(Projection projection);
 
 /// What became of a base map.
 struct BaseMapEnd {

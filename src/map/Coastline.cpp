@@ -11,9 +11,6 @@ namespace {
 constexpr std::size_t recordSize = 6;
 constexpr double minutesPerDegree = 60.0;
 
-// Where a stroke that crosses the date line leaves the surface, and enters it on the other side.
-constexpr double beyondEdge = 23000.0;
-
 } // namespace
 
 std::vector<CoastRecord> readCoastRecords(std::string_view bytes) {
@@ -33,70 +30,34 @@ std::vector<CoastRecord> readCoastRecords(std::string_view bytes) {
     return result;
 }
 
-Coastline::Coastline(PictureSurface& surface, GreatCircle& greatCircle, PassListener& listener)
-    : surface_(surface), greatCircle_(greatCircle), listener_(listener) {}
+Coastline::Coastline(PictureSurface& surface, const WorldMap& map, PassListener& listener)
+    : surface_(surface), listener_(listener),
+      pen_(surface, map, MapLine::Coast, surface.ForeColor) {}
 
-void Coastline::DrawCoastline(const std::vector<CoastRecord>& records, Projection projection) {
+void Coastline::DrawCoastline(const std::vector<CoastRecord>& records) {
     for (const CoastRecord& record : records) {
         if (startsStroke(record)) {
-            greatCircle_.PenUp = 1;
+            pen_.lift();
             strokeCut_ = strokeShown_ = false;
             listener_.yield();
         }
-        if (projection == Projection::Azimuthal) {
-            drawAzimuthal(record);
-        } else {
-            drawMiller(record);
-        }
+        draw(record);
     }
 }
 
-void Coastline::drawAzimuthal(const CoastRecord& record) {
-    const MapPoint before{greatCircle_.ProjX, greatCircle_.ProjY};
-    int mode = 0;
-    greatCircle_.ProjectAzimuthal(toSingle(record.latitude / minutesPerDegree),
-                                  toSingle(record.longitude / minutesPerDegree), mode);
-    if (mode >= 900) {
-        if (!greatCircle_.cutAtAntipode())
-            return;
-        if (strokeShown_)
-            cutEnds_.push_back(before);
-        strokeShown_ = false;
-        strokeCut_ = true;
+void Coastline::draw(const CoastRecord& record) {
+    const MapPoint before = pen_.point();
+    const MapPosition to =
+        pen_.moveTo(record.latitude / minutesPerDegree, record.longitude / minutesPerDegree);
+    if (std::holds_alternative<NotShown>(to))
         return;
-    }
-    if (strokeCut_)
-        cutEnds_.push_back({greatCircle_.ProjX, greatCircle_.ProjY});
-    strokeCut_ = false;
-    strokeShown_ = true;
-    PlotCoastPoint();
-}
-
-void Coastline::drawMiller(const CoastRecord& record) {
-    const double y = record.latitude / minutesPerDegree * millerUnitsPerLatitude;
-    double x = record.longitude / minutesPerDegree * millerUnitsPerLongitude;
-    if (x >= mapEdge)
-        x -= mapWidth;
-    if (greatCircle_.PenUp != 1 && std::abs(x - PreviousCoastX_) > mapEdge) {
-        // The stroke runs off the near edge at its old latitude and starts again at the far one.
-        greatCircle_.ProjX = PreviousCoastX_ > 0 ? beyondEdge : -beyondEdge;
-        PlotCoastPoint();
-        greatCircle_.PenUp = 1;
-        x = roundToInt(x) > 0 ? beyondEdge : -beyondEdge;
-    }
-    greatCircle_.ProjX = x;
-    greatCircle_.ProjY = y;
-    PlotCoastPoint();
-    PreviousCoastX_ = roundToInt(x);
-}
-
-void Coastline::PlotCoastPoint() {
-    if (greatCircle_.PenUp == 1) {
-        greatCircle_.PenUp = 0;
-        surface_.PSet(greatCircle_.ProjX, greatCircle_.ProjY);
-    } else {
-        surface_.Line(greatCircle_.ProjX, greatCircle_.ProjY);
-    }
+    const bool cut = std::holds_alternative<CutOff>(to);
+    if (cut && strokeShown_)
+        cutEnds_.push_back(before);
+    if (!cut && strokeCut_)
+        cutEnds_.push_back(pen_.point());
+    strokeCut_ = cut;
+    strokeShown_ = !cut;
 }
 
 void Coastline::SealAntipodeRing() {

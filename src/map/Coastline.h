@@ -1,7 +1,6 @@
 #pragma once
 
-#include "map/GreatCircle.h"
-#include "map/PictureSurface.h"
+#include "map/MapPen.h"
 #include "platform/PassListener.h"
 
 #include <cstdint>
@@ -28,29 +27,29 @@ std::vector<CoastRecord> readCoastRecords(std::string_view bytes);
 /// Draws coastlines on a surface.
 class Coastline {
 public:
-    /// @param greatCircle projection of the azimuthal map, whose pen state the strokes share
-    Coastline(PictureSurface& surface, GreatCircle& greatCircle, PassListener& listener);
+    /// @param surface, map, listener have to outlive it
+    Coastline(PictureSurface& surface, const WorldMap& map, PassListener& listener);
 
     /// Draws all records in ForeColor, letting events run at each stroke start.
-    void DrawCoastline(const std::vector<CoastRecord>& records, Projection projection);
+    void DrawCoastline(const std::vector<CoastRecord>& records);
 
-    /// Azimuthal map: carries each stroke that was cut off near the antipode straight outward to
-    /// the inner circle, and likewise from where it comes back. Without it the sea would run round
-    /// through the gap between the coast's last point and the circle, and flood a continent.
+    /// Carries each stroke that was cut off near the antipode straight outward to the inner circle,
+    /// and likewise from where it comes back. Without it the sea would run round through the gap
+    /// between the coast's last point and the circle, and flood a continent.
     void SealAntipodeRing();
 
+    /// The last point that was shown; (0, 0) before the first.
+    MapPoint lastPoint() const { return pen_.point(); }
+
 private:
-    void drawAzimuthal(const CoastRecord& record);
-    void drawMiller(const CoastRecord& record);
-    void PlotCoastPoint();
+    void draw(const CoastRecord& record);
 
     PictureSurface& surface_;
-    GreatCircle& greatCircle_;
     PassListener& listener_;
-    std::int32_t PreviousCoastX_ = 0; ///< map units, of the Miller map's last point
-    bool strokeCut_ = false;          ///< the record before, in this stroke, was cut off
-    bool strokeShown_ = false;        ///< the record before, in this stroke, was drawn
-    std::vector<MapPoint> cutEnds_;   ///< where strokes were cut off or came back
+    MapPen pen_;
+    bool strokeCut_ = false;        ///< the record before, in this stroke, was cut off
+    bool strokeShown_ = false;      ///< the record before, in this stroke, was drawn
+    std::vector<MapPoint> cutEnds_; ///< where strokes were cut off or came back
 };
 
 } // namespace tovrel

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "map/GreatCircle.h"
 #include "map/PictureSurface.h"
+#include "map/WorldMap.h"
 
 #include <string_view>
 
@@ -12,10 +12,10 @@ namespace tovrel {
 void FillRegion(double x, double y, Colour colour, PictureSurface& surface);
 
 /// Paints the sea: a fill in the water colour from each seed point.
-/// @param seeds lines of "latitude,longitude" in degrees; a line without a comma is passed over. On
-///        the azimuthal map a line whose two texts are no numbers ends the painting, on the Miller
-///        map such a text counts as 0.
-void PaintWater(std::string_view seeds, Projection projection, Colour water,
-                GreatCircle& greatCircle, PictureSurface& surface);
+/// @param seeds lines of "latitude,longitude" in degrees; a line without a comma is passed over,
+///        one that the map can't take ends the painting
+/// @param last the position that a seed counts for which is not shown; that of the last seed then
+void PaintWater(std::string_view seeds, const WorldMap& map, Colour water, MapPoint& last,
+                PictureSurface& surface);
 
 } // namespace tovrel

@@ -17,7 +17,7 @@ constexpr double lowerLine = -20500.0;
 
 } // namespace
 
-void composeMapImage(const PictureSurface& Picture2, Projection projection, const QDateTime& now,
+void composeMapImage(const PictureSurface& Picture2, const WorldMap& map, const QDateTime& now,
                      PictureSurface& Picture3) {
     Picture3.setSize(Picture2.Width(), Picture2.Height());
     Picture3.StretchBlt(Picture2);
@@ -37,7 +37,7 @@ void composeMapImage(const PictureSurface& Picture2, Projection projection, cons
     const double clockWidth = (QFontMetricsF(font).horizontalAdvance(clock) + 2.0) * unitsPerPixel;
     const double clockLeft = std::max(std::min(rightStamp, mapEdge - clockWidth), -mapEdge);
     const QString creator = QStringLiteral("Created by Tovrel");
-    if (projection == Projection::Azimuthal) {
+    if (map.hasFrame()) {
         print(leftEdge, upperLine, creator);
         print(leftEdge, lowerLine, creditLine);
         print(clockLeft, lowerLine, clock);
@@ -48,8 +48,8 @@ void composeMapImage(const PictureSurface& Picture2, Projection projection, cons
 }
 
 std::string mapImageName(Projection projection, const QDateTime& now) {
-    const char* prefix = projection == Projection::Azimuthal ? "TovrelAP_" : "TovrelMP_";
-    return prefix + now.toString(QStringLiteral("yyyyMMdd-HHmmss")).toStdString();
+    return std::string(namesOf(projection).savedPrefix) +
+           now.toString(QStringLiteral("yyyyMMdd-HHmmss")).toStdString();
 }
 
 } // namespace tovrel

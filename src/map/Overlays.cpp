@@ -1,5 +1,7 @@
 #include "map/Overlays.h"
 
+#include "map/GreatCircle.h"
+#include "map/MapPen.h"
 #include "map/mRotatedText.h"
 #include "platform/Numbers.h"
 #include "platform/Twips.h"
@@ -12,7 +14,6 @@ namespace {
 
 constexpr double labelRadius = 21700.0;
 constexpr double labelCircle = 136345.0; // whole map units round a circle of labelRadius
-constexpr int modeGraticule = -3;
 
 MapPoint onCircle(double degrees, double radius) {
     const double angle = degrees * radiansPerDegree;
@@ -38,46 +39,6 @@ void DrawCompassLabel(PictureSurface& surface, int degrees, int weight) {
     RotatedPrint(text, {.weight = weight}, degrees * -10, surface);
 }
 
-/// Draws a stroke of the graticule point by point.
-class GraticulePen {
-public:
-    GraticulePen(PictureSurface& surface, Projection projection, HomePosition home, Colour colour)
-        : surface_(surface), projection_(projection), greatCircle_(home), colour_(colour) {}
-
-    void lift() { greatCircle_.PenUp = 1; }
-
-    void moveTo(float latitude, float longitude) {
-        if (projection_ == Projection::Azimuthal) {
-            int mode = modeGraticule;
-            greatCircle_.ProjectAzimuthal(latitude, longitude, mode);
-            if (mode >= 900)
-                return;
-        } else {
-            float x = toSingle(longitude * millerUnitsPerLongitude);
-            if (x >= mapEdge)
-                x = toSingle(x - mapWidth);
-            greatCircle_.ProjX = x;
-            greatCircle_.ProjY = toSingle(latitude * millerUnitsPerLatitude);
-        }
-        PlotGraticulePoint();
-    }
-
-private:
-    void PlotGraticulePoint() {
-        if (greatCircle_.PenUp == 1) {
-            greatCircle_.PenUp = 0;
-            surface_.PSet(greatCircle_.ProjX, greatCircle_.ProjY, colour_);
-        } else {
-            surface_.Line(greatCircle_.ProjX, greatCircle_.ProjY, colour_);
-        }
-    }
-
-    PictureSurface& surface_;
-    Projection projection_;
-    GreatCircle greatCircle_;
-    Colour colour_;
-};
-
 } // namespace
 
 void drawMark(PictureSurface& surface, MapPoint at, DotWidths widths, Colour outline,
@@ -98,21 +59,20 @@ void DrawCompass(PictureSurface& Picture1, CompassStyle style) {
     }
 }
 
-void DrawGraticule(PictureSurface& Picture2, Projection projection, float homeLatitude,
-                   float homeLongitude, Colour colour, PassListener& listener) {
-    const HomePosition home = homePosition(Projection::Azimuthal, homeLatitude, homeLongitude);
-    GraticulePen pen(Picture2, projection, home, colour);
+void DrawGraticule(PictureSurface& Picture2, const WorldMap& map, Colour colour,
+                   PassListener& listener) {
+    MapPen pen(Picture2, map, MapLine::Graticule, colour);
     for (int longitude = -160; longitude <= 180; longitude += 20) {
         pen.lift();
         for (int latitude = -85; latitude <= 85; ++latitude) {
-            pen.moveTo(static_cast<float>(latitude), static_cast<float>(longitude));
+            pen.moveTo(latitude, longitude);
         }
         listener.yield();
     }
     for (int latitude = -75; latitude <= 75; latitude += 15) {
         pen.lift();
         for (int longitude = -180; longitude <= 181; ++longitude) {
-            pen.moveTo(static_cast<float>(latitude), static_cast<float>(longitude));
+            pen.moveTo(latitude, longitude);
         }
     }
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "map/GreatCircle.h"
 #include "map/PictureSurface.h"
+#include "map/WorldMap.h"
 #include "platform/PassListener.h"
 
 namespace tovrel {
@@ -25,12 +25,10 @@ struct CompassStyle {
 void DrawCompass(PictureSurface& Picture1, CompassStyle style);
 
 /// Draws meridians and parallels, letting events run after each meridian.
-/// @param homeLatitude, homeLongitude degrees, for the azimuthal map
-void DrawGraticule(PictureSurface& Picture2, Projection projection, float homeLatitude,
-                   float homeLongitude, Colour colour, PassListener& listener);
+void DrawGraticule(PictureSurface& Picture2, const WorldMap& map, Colour colour,
+                   PassListener& listener);
 
-/// Draws the home station's mark. On the azimuthal map home is in radians, a few map units from the
-/// centre, which is within a pixel of it.
+/// Draws the home station's mark.
 void DrawHomeMarker(PictureSurface& Picture2, HomePosition home, DotWidths widths, Colour outline,
                     Colour inner);
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "map/GreatCircle.h"
+#include "map/MapUnits.h"
 #include "platform/Colour.h"
 #include "platform/Numbers.h"
 #include "platform/Twips.h"

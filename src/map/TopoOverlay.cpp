@@ -3,6 +3,7 @@
 #include "platform/Numbers.h"
 #include "platform/Twips.h"
 
+#include <QLocale>
 #include <QPoint>
 #include <cstdint>
 #include <string>
@@ -14,16 +15,11 @@ namespace {
 
 constexpr int calculationsPerPixel = 3; // as they are counted to the user
 constexpr int yieldEvery = 5000;
-constexpr Colour defaultLand = 0xC0FFC0;
 constexpr Colour white = 0xFFFFFF;
 
 /// Decimal digits in groups of three, as in "4,860,000".
 std::string groupedText(std::int64_t number) {
-    std::string text = std::to_string(number);
-    for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > 0; at -= 3) {
-        text.insert(static_cast<std::size_t>(at), 1, ',');
-    }
-    return text;
+    return QLocale(QLocale::English).toString(number).toStdString();
 }
 
 bool askUser(const std::string& total, UserPrompt& prompt) {
@@ -44,38 +40,37 @@ bool askUser(const std::string& total, UserPrompt& prompt) {
 /// row or column is worked out once.
 class TargetPixels {
 public:
-    TargetPixels(const PictureSurface& surface, QSize source, Projection projection,
-                 GreatCircle& greatCircle)
-        : projection_(projection), greatCircle_(greatCircle),
+    TargetPixels(const PictureSurface& surface, QSize source, const WorldMap& map, MapPoint last)
+        : map_(map), isPlateCarree_(map.isPlateCarree()), last_(last),
           pixelsPerDegree_(toSingle(source.width() / 360.0)), sourceWidth_(source.width()),
           width_(surface.Width()), height_(surface.Height()) {
         for (int y = 0; y < source.height(); ++y) {
             latitudes_.push_back(-toSingle(y / pixelsPerDegree_ - 90.0));
-            millerRows_.push_back(
+            stretchedRows_.push_back(
                 roundToInt(y / static_cast<double>(source.height()) * (height_ / twipsPerPixel)));
         }
     }
 
     void beginColumn(int x) {
         longitude_ = toSingle(x / pixelsPerDegree_ - 180.0);
-        millerColumn_ = roundToInt(x / sourceWidth_ * (width_ / twipsPerPixel));
+        stretchedColumn_ = roundToInt(x / sourceWidth_ * (width_ / twipsPerPixel));
     }
 
     /// Target of a pixel of the column, nearest whole pixel, perhaps off the surface.
     QPoint target(int y) {
         const auto row = static_cast<std::size_t>(y);
-        if (projection_ == Projection::Miller)
-            return {millerColumn_, millerRows_[row]};
-        int mode = 0;
-        greatCircle_.ProjectAzimuthal(latitudes_[row], longitude_, mode);
-        const double left = greatCircle_.ProjX / unitsPerTwipX_ + width_ / 2.0;
-        const double top = greatCircle_.ProjY / unitsPerTwipY_ + height_ / 2.0;
+        if (isPlateCarree_)
+            return {stretchedColumn_, stretchedRows_[row]};
+        last_ = pointOr(map_.position(latitudes_[row], longitude_), last_);
+        const double left = last_.x / unitsPerTwipX_ + width_ / 2.0;
+        const double top = last_.y / unitsPerTwipY_ + height_ / 2.0;
         return {roundToInt(left / twipsPerPixel), roundToInt(top / twipsPerPixel)};
     }
 
 private:
-    Projection projection_;
-    GreatCircle& greatCircle_;
+    const WorldMap& map_;
+    bool isPlateCarree_;
+    MapPoint last_;
     double pixelsPerDegree_; // of single precision
     double sourceWidth_;
     double width_; // twips
@@ -83,15 +78,15 @@ private:
     double unitsPerTwipX_ = mapWidth / width_;
     double unitsPerTwipY_ = -mapWidth / height_; // Y grows upward
     std::vector<float> latitudes_;               // of each row, degrees
-    std::vector<int> millerRows_;
+    std::vector<int> stretchedRows_;
     float longitude_ = 0.0F;
-    int millerColumn_ = 0;
+    int stretchedColumn_ = 0;
 };
 
 } // namespace
 
-bool TopoOverlay(PictureSurface& Picture1, const QImage& mapPix, Projection projection,
-                 GreatCircle& greatCircle, PassListener& listener, UserPrompt& prompt) {
+bool TopoOverlay(PictureSurface& Picture1, const QImage& mapPix, const WorldMap& map, Colour land,
+                 MapPoint last, PassListener& listener, UserPrompt& prompt) {
     const float total =
         toSingle(static_cast<double>(mapPix.height()) * mapPix.width() * calculationsPerPixel);
     const std::string totalText = groupedText(static_cast<std::int64_t>(total));
@@ -100,7 +95,7 @@ bool TopoOverlay(PictureSurface& Picture1, const QImage& mapPix, Projection proj
 
     listener.beginPass("Colored Topographical Calculations", "", total);
     const QImage source = mapPix.convertToFormat(QImage::Format_RGB32);
-    TargetPixels targets(Picture1, source.size(), projection, greatCircle);
+    TargetPixels targets(Picture1, source.size(), map, last);
     std::int64_t counter = 0;
     for (int x = 0; x < source.width(); ++x) {
         targets.beginColumn(x);
@@ -113,7 +108,7 @@ bool TopoOverlay(PictureSurface& Picture1, const QImage& mapPix, Projection proj
             }
             const QPoint target = targets.target(y);
             const Colour found = Picture1.GetPixel(target.x(), target.y());
-            if (found == defaultLand || found == white) {
+            if (found == land || found == white) {
                 const auto* line = reinterpret_cast<const QRgb*>(source.constScanLine(y));
                 Picture1.SetPixel(target.x(), target.y(), colourOfImage(line[x]));
             }

@@ -6,18 +6,18 @@
 
 namespace tovrel {
 
-QRect SizingProc(QRect proposed, SizingEdge edge, Projection projection, int chrome) {
-    const bool azimuthal = projection == Projection::Azimuthal;
-    const int wide = azimuthal ? proposed.height() - chrome : 2 * proposed.height();
+QRect SizingProc(QRect proposed, SizingEdge edge, MapShape shape, int chrome) {
+    const int beside = shape.beside(chrome);
+    const int wide = shape.widthPerHeight * (proposed.height() - beside);
     switch (edge) {
     case SizingEdge::Left:
     case SizingEdge::Right:
     case SizingEdge::BottomLeft:
     case SizingEdge::BottomRight:
         // The bottom edge is what is rounded.
-        proposed.setHeight(azimuthal
-                               ? proposed.width() + chrome
-                               : roundToInt(proposed.y() + proposed.width() / 2.0) - proposed.y());
+        proposed.setHeight(roundToInt(proposed.y() + proposed.width() / static_cast<double>(
+                                                                            shape.widthPerHeight)) -
+                           proposed.y() + beside);
         break;
     case SizingEdge::Top:
     case SizingEdge::TopRight:
@@ -48,11 +48,11 @@ SizingEdge draggedEdge(const QRect& before, const QRect& after) {
     return SizingEdge::BottomRight;
 }
 
-QRect shapedWindow(const QRect& before, const QRect& after, Projection projection, int chrome) {
-    const bool hasShape = projection == Projection::Azimuthal
-                              ? after.width() == after.height() - chrome
-                              : std::abs(2 * after.height() - after.width()) <= 1;
-    return hasShape ? after : SizingProc(after, draggedEdge(before, after), projection, chrome);
+QRect shapedWindow(const QRect& before, const QRect& after, MapShape shape, int chrome) {
+    const int tooWide =
+        after.width() - shape.widthPerHeight * (after.height() - shape.beside(chrome));
+    const bool hasShape = std::abs(tooWide) < shape.widthPerHeight;
+    return hasShape ? after : SizingProc(after, draggedEdge(before, after), shape, chrome);
 }
 
 } // namespace tovrel

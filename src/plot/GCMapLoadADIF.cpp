@@ -3,9 +3,11 @@
 #include "log/QsoFilter.h"
 #include "log/RecordReader.h"
 #include "map/Overlays.h"
+#include "map/WorldMap.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "plot/PlotRendering.h"
+#include "state/StationInfo.h"
 
 namespace tovrel {
 
@@ -21,9 +23,8 @@ PassEnd GCMapLoadADIF::PlotLog() {
     const std::string status = std::string("Processing: ").append(splitPath(run_.shownLog()).name);
     listener_.beginPass("Plotting ADIF File", status, fullBar);
     run_.MapPlotted = true;
-    if (!run_.marks.azimuthal()) {
-        run_.HomeLatitude = toSingle(ini_.readNumber(section::globals, "Latitude"));
-        run_.HomeLongitude = toSingle(ini_.readNumber(section::globals, "Longitude"));
+    if (!worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude)->centredOnHome()) {
+        readHome(ini_, run_);
     }
     tables_.clear();
     progress_ = 0.0F;
@@ -37,16 +38,13 @@ PassEnd GCMapLoadADIF::PlotLog() {
     }
     stats_.load(); // its window may have been closed meanwhile
     const Legend& legend = stats_.legend();
-    const PlotStyle style{.projection = run_.marks.projection,
-                          .HomeLatitude = run_.HomeLatitude,
-                          .HomeLongitude = run_.HomeLongitude,
-                          .marker = maps_.inForce().marker};
-    DrawPlottedQsos(tables_, style, legend, stats_.lists(), Picture2_, prompt_);
+    const std::unique_ptr<const WorldMap> map =
+        worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude);
+    const DotWidths widths = dotWidths(maps_.inForce().marker);
+    DrawPlottedQsos(tables_, *map, widths, legend, stats_.lists(), Picture2_, prompt_);
     if (run_.marks.mnuShowMe) {
-        DrawHomeMarker(Picture2_,
-                       homePosition(style.projection, style.HomeLatitude, style.HomeLongitude),
-                       dotWidths(style.marker), legend.colour(LegendEntry::PlotOutline),
-                       legend.colour(LegendEntry::Home));
+        DrawHomeMarker(Picture2_, map->home(), widths, legend.colour(MapColour::PlotOutline),
+                       legend.colour(MapColour::Home));
     }
     listener_.showProgress(progress_);
     listener_.endPass();
@@ -129,9 +127,8 @@ void GCMapLoadADIF::takeRecord(std::string_view line) {
 
 bool GCMapLoadADIF::passesFilter() {
     const FieldRows& rows = fields_.rows();
-    const auto passes = run_.marks.azimuthal() ? PassesAzimuthalFilter : PassesMillerFilter;
-    return passes(maps_.inForce().filter, field(rows.RowBand), field(rows.RowMode),
-                  field(rows.RowIota));
+    return tovrel::passesFilter(maps_.inForce().filter, field(rows.RowBand), field(rows.RowMode),
+                                field(rows.RowIota));
 }
 
 /// @param north, west degrees; 0 for a coordinate that can't place a QSO, since it begins with no

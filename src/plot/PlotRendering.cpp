@@ -17,14 +17,14 @@ struct Layer {
     QsoStatus status;
     std::int32_t PassCounters::*counter;
     SortedList<Station> StatusLists::*list;
-    LegendEntry colour;
+    MapColour colour;
 };
 
 constexpr std::array<Layer, 3> layers = {
-    {{QsoStatus::Heard, &PassCounters::QsosHeard, &StatusLists::lstHeard, LegendEntry::Heard},
-     {QsoStatus::Worked, &PassCounters::QsosWorked, &StatusLists::lstWorked, LegendEntry::Worked},
+    {{QsoStatus::Heard, &PassCounters::QsosHeard, &StatusLists::lstHeard, MapColour::Heard},
+     {QsoStatus::Worked, &PassCounters::QsosWorked, &StatusLists::lstWorked, MapColour::Worked},
      {QsoStatus::Confirmed, &PassCounters::QsosConfirmed, &StatusLists::lstConfirmed,
-      LegendEntry::Confirmed}}};
+      MapColour::Confirmed}}};
 
 void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
     if (!tables.LogHasCoordinates) {
@@ -39,19 +39,14 @@ void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
     }
 }
 
-void fillHoverTable(PlotTables& tables, const PlotStyle& style) {
+void fillHoverTable(PlotTables& tables, const WorldMap& map) {
     constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
-    ContactProjector projector(style.projection, style.HomeLatitude, style.HomeLongitude);
     tables.HoverTable.clear();
     tables.HoverTable.reserve(tables.plotTable.size());
     for (const PlotRow& row : tables.plotTable.rows()) {
-        MapPoint at;
-        if (projector.project(row.latitude, row.longitude, at)) {
-            tables.HoverTable.push_back(
-                {roundHalfEven(at.y, listDecimals), roundHalfEven(at.x, listDecimals)});
-        } else {
-            tables.HoverTable.push_back({nowhere, nowhere});
-        }
+        const MapPoint at = pointOr(map.position(row.latitude, row.longitude), {nowhere, nowhere});
+        tables.HoverTable.push_back(
+            {roundHalfEven(at.y, listDecimals), roundHalfEven(at.x, listDecimals)});
     }
     tables.hoverIndex.build(tables.HoverTable);
 }
@@ -70,16 +65,16 @@ DotWidths dotWidths(MarkerSize size) {
     return {.outer = 9, .inner = 7};
 }
 
-void DrawPlottedQsos(PlotTables& tables, const PlotStyle& style, const Legend& legend,
-                     StatusLists& lists, PictureSurface& Picture2, UserPrompt& prompt) {
+void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, DotWidths widths,
+                     const Legend& legend, StatusLists& lists, PictureSurface& Picture2,
+                     UserPrompt& prompt) {
     if (tables.counters.QsosPlotted < 1) {
         tellNothingPlotted(tables, prompt);
         return;
     }
-    fillHoverTable(tables, style);
+    fillHoverTable(tables, map);
     lists.holdTexts(tables.plotTable.texts());
-    const DotWidths widths = dotWidths(style.marker);
-    const Colour outline = legend.colour(LegendEntry::PlotOutline);
+    const Colour outline = legend.colour(MapColour::PlotOutline);
     const std::vector<PlotRow>& rows = tables.plotTable.rows();
     for (const Layer& layer : layers) {
         const Colour colour = legend.colour(layer.colour);

@@ -8,21 +8,14 @@
 #include "platform/Numbers.h"
 #include "plot/GCMapLoadADIF.h"
 #include "state/InitSettings.h"
+#include "state/MapColours.h"
+#include "state/StationInfo.h"
 
 #include <array>
 #include <optional>
 #include <utility>
 
 namespace tovrel {
-
-namespace {
-
-constexpr float defaultGCHeight = 8000.0F;
-constexpr float defaultMlWidth = 7000.0F;
-constexpr Colour landWhenEmpty = 0xC0FFC0;
-constexpr Colour waterWhenEmpty = 0xFECDA5;
-
-} // namespace
 
 std::string_view GetVersionString() { return TOVREL_VERSION; }
 
@@ -52,11 +45,9 @@ void Commands::Form_Load() {
     if (!fileExists(data_.run.LogFileName)) {
         data_.run.LogFileName.clear();
     }
-    map_.readHome();
-    const std::string display = data_.ini.ReadIniValue(section::globals, "Display");
-    const bool azimuthal = display.empty() || display == "Azimuthal";
-    setProjection(azimuthal ? Projection::Azimuthal : Projection::Miller);
-    for (const Projection map : {Projection::Azimuthal, Projection::Miller}) {
+    readHome(data_.ini, data_.run);
+    setProjection(projectionShown(data_.ini.ReadIniValue(section::globals, "Display")));
+    for (const Projection map : allProjections) {
         data_.maps.loadBoxes(map);
     }
     data_.maps.load(data_.run.marks.projection);
@@ -72,19 +63,18 @@ void Commands::Form_Load() {
 void Commands::setProjection(Projection projection) {
     data_.run.marks.projection = projection;
     data_.run.tellMarksChanged();
-    window_.setCaption(projection == Projection::Azimuthal
-                           ? "Tovrel - Azimuthal Equidistant Projection"
-                           : "Tovrel - Miller Cylindrical Projection");
+    window_.setCaption("Tovrel - " + std::string(data_.mapNames().caption));
     setStoredSize();
 }
 
 void Commands::setStoredSize() {
-    if (data_.run.marks.azimuthal()) {
-        window_.setHeight(
-            toSingle(data_.ini.readNumber(section::globals, "GCHeight", defaultGCHeight)));
+    const MapNames& names = data_.mapNames();
+    const float size =
+        toSingle(data_.ini.readNumber(section::globals, names.sizeKey, names.defaultSize));
+    if (data_.map()->shape().ofClientArea) {
+        window_.setHeight(size);
     } else {
-        window_.setWidth(
-            toSingle(data_.ini.readNumber(section::globals, "MlWidth", defaultMlWidth)));
+        window_.setWidth(size);
     }
 }
 
@@ -98,19 +88,15 @@ void Commands::fitWindow() {
 void Commands::loadLegendAtStart() {
     // Whichever map is shown first, with marks in its own colours, these six go on with the palette
     // of the azimuthal one; the meridians keep the colour of the map in force.
-    for (const LegendEntry entry :
-         {LegendEntry::Confirmed, LegendEntry::Worked, LegendEntry::Heard, LegendEntry::Home,
-          LegendEntry::PlotOutline, LegendEntry::Line}) {
+    for (const MapColour entry : {MapColour::Confirmed, MapColour::Worked, MapColour::Heard,
+                                  MapColour::Home, MapColour::PlotOutline, MapColour::Line}) {
         data_.stats.legend().load(data_.ini, Projection::Azimuthal, entry);
     }
 }
 
 void Commands::Form_Unload() {
-    if (data_.run.marks.azimuthal()) {
-        data_.ini.WriteIniValue(section::globals, "GCHeight", decimalText(window_.Height()));
-    } else {
-        data_.ini.WriteIniValue(section::globals, "MlWidth", decimalText(window_.Width()));
-    }
+    const float size = data_.map()->shape().ofClientArea ? window_.Height() : window_.Width();
+    data_.ini.WriteIniValue(section::globals, data_.mapNames().sizeKey, decimalText(size));
     data_.run.FormReady = false;
 }
 
@@ -128,7 +114,7 @@ void Commands::mnuOpenADIFFile() {
 void Commands::mnuSaveMap() {
     const Projection projection = data_.run.marks.projection;
     PictureSurface Picture3(map_.Picture2.Width(), map_.Picture2.Height());
-    composeMapImage(map_.Picture2, projection, clock_(), Picture3);
+    composeMapImage(map_.Picture2, *data_.map(), clock_(), Picture3);
     const std::string name = mapImageName(projection, clock_()) + ".bmp";
     const std::string path = joinPath(data_.ini.programFolder(), name);
     if (const WriteEnd saved = SavePicture(Picture3.Image(), path); !saved) {
@@ -274,14 +260,13 @@ void Commands::switchProjection(Projection projection) {
     data_.maps.load(projection);
     if (data_.run.marks.projection != projection) {
         data_.tables.clearHover();
-        map_.readHome();
+        readHome(data_.ini, data_.run);
         setProjection(projection);
         map_.SetWindowAspect();
         map_.LoadBaseMap();
         map_.ResetMap();
         data_.maps.save(projection);
-        data_.ini.WriteIniValue(section::globals, "Display",
-                                projection == Projection::Azimuthal ? "Azimuthal" : "Miller");
+        data_.ini.WriteIniValue(section::globals, "Display", data_.mapNames().display);
     }
     window_.setVisible(true);
     if (StatsWereVisible) {
@@ -292,7 +277,7 @@ void Commands::switchProjection(Projection projection) {
 }
 
 void Commands::mnuRecreateMap() {
-    map_.readHome();
+    readHome(data_.ini, data_.run);
     window_.setWaitPointer(true);
     window_.setTimer1(false);
     map_.BuildBaseMap();
@@ -303,40 +288,34 @@ void Commands::mnuRecreateMap() {
 }
 
 void Commands::mnuLoadCustomMap() {
-    const bool azimuthal = data_.run.marks.azimuthal();
     const std::optional<std::string> chosen = window_.openFile(
-        azimuthal ? "Select Base Map for Azimuthal Equidistant Projection"
-                  : "Select Base Map for Miller Projection",
+        "Select Base Map for " + std::string(data_.mapNames().shortCaption),
         data_.ini.programFolder(), "JPG Files (*.JPG)|*.JPG|BMP Files (*.BMP)|*.BMP");
     if (!chosen) {
         return;
     }
     map_.loadMapPix(*chosen);
-    data_.ini.WriteIniValue(sectionOf(data_.run.marks.projection), "BaseMap", *chosen);
+    data_.ini.WriteIniValue(data_.mapNames().section, "BaseMap", *chosen);
     mnuRecreateMap();
 }
 
-void Commands::changeBaseColour(std::string_view key, Colour whenEmpty) {
-    const std::string_view section = sectionOf(data_.run.marks.projection);
-    const Colour start = readColour(data_.ini, section, key, whenEmpty);
+void Commands::changeBaseColour(MapColour which) {
+    const Projection projection = data_.run.marks.projection;
+    const Colour start = readColour(data_.ini, projection, which, keyOf(which).byDefault);
     const std::optional<Colour> chosen = window_.chooseColour(start);
     if (!chosen) {
         return;
     }
-    data_.ini.WriteIniValue(section, key, std::to_string(*chosen));
+    writeColour(data_.ini, projection, which, *chosen);
     if (*chosen != start) {
         mnuRecreateMap();
     }
 }
 
-void Commands::mnuChangeLandColor() { changeBaseColour("LandColor", landWhenEmpty); }
-
-void Commands::mnuChangeWaterColor() { changeBaseColour("WaterColor", waterWhenEmpty); }
-
 void Commands::mnuResetBaseColors() {
-    const std::string_view section = sectionOf(data_.run.marks.projection);
-    data_.ini.WriteIniValue(section, "LandColor", std::to_string(landWhenEmpty));
-    data_.ini.WriteIniValue(section, "WaterColor", std::to_string(waterWhenEmpty));
+    for (const MapColour which : {MapColour::Land, MapColour::Water}) {
+        writeColour(data_.ini, data_.run.marks.projection, which, keyOf(which).byDefault);
+    }
     mnuRecreateMap();
 }
 
@@ -354,13 +333,13 @@ void Commands::applyMapOptions(Projection projection) {
     data_.stats.showFilter(projection);
 }
 
-bool Commands::pickLegendColour(LegendEntry entry) {
+bool Commands::pickLegendColour(MapColour entry) {
     data_.stats.load();
     const Colour before = data_.stats.legend().colour(entry);
     // Cancelling keeps the colour that the dialog began with.
     const Colour chosen = window_.chooseColour(before).value_or(before);
     data_.stats.pickColour(entry, chosen);
-    return entry == LegendEntry::Meridian && chosen != before;
+    return entry == MapColour::Meridian && chosen != before;
 }
 
 } // namespace tovrel

@@ -53,8 +53,8 @@ public:
     void mnuMiller() { switchProjection(Projection::Miller); }
     void mnuRecreateMap();
     void mnuLoadCustomMap();
-    void mnuChangeLandColor();
-    void mnuChangeWaterColor();
+    void mnuChangeLandColor() { changeBaseColour(MapColour::Land); }
+    void mnuChangeWaterColor() { changeBaseColour(MapColour::Water); }
     void mnuResetBaseColors();
     /// Opens the user's guide. Nothing happens when it is missing; where no program shows it, the
     /// user is told.
@@ -67,7 +67,7 @@ public:
 
     /// Lets the user choose a colour of the key.
     /// @return whether the base map has to be rebuilt, since the meridians have a new colour
-    bool pickLegendColour(LegendEntry entry);
+    bool pickLegendColour(MapColour entry);
 
 private:
     bool logChosen() const;
@@ -81,7 +81,7 @@ private:
     void switchProjection(Projection projection);
     void toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(), bool MenuMarks::*otherMark,
                        void (MapRun::*drawOther)());
-    void changeBaseColour(std::string_view key, Colour whenEmpty);
+    void changeBaseColour(MapColour which);
 
     RunData& data_;
     MapRun& map_;

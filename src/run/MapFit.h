@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Projection.h"
+#include "map/MapUnits.h"
 
 namespace tovrel {
 
@@ -26,9 +26,8 @@ struct MapPlace {
 };
 
 /// Where the map lies. A free window that has taken the shape of its map is filled by it, but for
-/// 110 twips that the Miller map leaves beside it. Elsewhere, where the user or the window system
-/// has the say, the map is the largest of its shape, square or twice as wide as high, in the
-/// middle.
-MapPlace MapFit(const WindowArea& window, Projection projection);
+/// 110 twips beside a map that has its shape with the frame. Elsewhere, where the user or the
+/// window system has the say, the map is the largest of its shape, in the middle.
+MapPlace MapFit(const WindowArea& window, MapShape shape);
 
 } // namespace tovrel

@@ -6,6 +6,8 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "plot/PlotRendering.h"
+#include "state/MapColours.h"
+#include "state/StationInfo.h"
 
 #include <optional>
 #include <utility>
@@ -13,9 +15,6 @@
 namespace tovrel {
 
 namespace {
-
-constexpr Colour defaultLand = 0xC0FFC0;
-constexpr Colour defaultWater = 0xFECDA5;
 
 /// Questions with the default pointer; the wait pointer comes back when the user says yes.
 class PointerPrompt : public ForwardingPrompt {
@@ -49,19 +48,19 @@ MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPro
       listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapRun::cachePath() const {
-    return filePath(data_.ini.programFolder(), baseMapCacheName(data_.run.marks.projection));
+    return filePath(data_.ini.programFolder(), data_.mapNames().cacheFile);
 }
 
-/// What the base map in force depends on its home for; nothing on the Miller map.
+/// The home that the base map in force was drawn for; nothing where it does not depend on one.
 std::optional<MapHome> MapRun::mapHome() const {
-    return data_.run.marks.azimuthal()
+    return data_.map()->centredOnHome()
                ? std::optional(MapHome{data_.run.HomeLatitude, data_.run.HomeLongitude})
                : std::nullopt;
 }
 
 void MapRun::noteCustomMap() {
     if (!customMap_) {
-        customMap_ = data_.ini.ReadIniValue(sectionOf(data_.run.marks.projection), "BaseMap");
+        customMap_ = data_.ini.ReadIniValue(data_.mapNames().section, "BaseMap");
     }
 }
 
@@ -125,14 +124,16 @@ BaseMapEnd MapRun::drawBaseMapInMemory() {
 BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
     noteCustomMap();
     const Projection projection = data_.run.marks.projection;
-    const std::string_view section = sectionOf(projection);
+    const auto colour = [this, projection](MapColour which) {
+        return readColour(data_.ini, projection, which, keyOf(which).byDefault);
+    };
+    const std::unique_ptr<const WorldMap> map = data_.map();
     BaseMapEnd custom;
-    const BaseMapStyle style{.projection = projection,
-                             .HomeLatitude = data_.run.HomeLatitude,
-                             .HomeLongitude = data_.run.HomeLongitude,
-                             .land = readColour(data_.ini, section, "LandColor", defaultLand),
-                             .water = readColour(data_.ini, section, "WaterColor", defaultWater),
-                             .relief = data_.run.marks.mnuTopo ? &mapPix(custom) : nullptr};
+    const BaseMapStyle style{.map = map.get(),
+                             .land = colour(MapColour::Land),
+                             .water = colour(MapColour::Water),
+                             .relief = data_.run.marks.mnuTopo ? &mapPix(custom) : nullptr,
+                             .reliefLand = keyOf(MapColour::Land).byDefault};
     Picture2.Cls();
     showMap();
     BaseMapEnd end =
@@ -168,7 +169,7 @@ void MapRun::ResetMap() {
     data_.lneGCPlotLine.hide();
     Picture1.setPicture(baseMap_);
     const MenuMarks& marks = data_.run.marks;
-    if (marks.azimuthal() && marks.mnuShowCompass) {
+    if (data_.mapNames().compass && marks.mnuShowCompass) {
         DrawCompass(Picture1, {.step = marks.mnu15Degrees ? 15 : 45, .bold = marks.mnuBoldCompass});
     }
     Form_Resize();
@@ -182,7 +183,7 @@ void MapRun::Form_Resize() {
     }
     if (data_.run.FormReady) {
         fittedTo_ = window_.area();
-        place_ = MapFit(fittedTo_, data_.run.marks.projection);
+        place_ = MapFit(fittedTo_, data_.map()->shape());
         Picture2.setSize(place_.width, place_.height);
     }
     Picture2.StretchBlt(Picture1);
@@ -204,38 +205,32 @@ void MapRun::followSize() {
 
 void MapRun::SetWindowAspect() {
     data_.run.FormReady = false;
-    if (data_.run.marks.azimuthal()) {
-        window_.setWidth(window_.ScaleHeight());
+    const MapShape shape = data_.map()->shape();
+    const auto widthPerHeight = static_cast<float>(shape.widthPerHeight);
+    if (shape.ofClientArea) {
+        window_.setWidth(window_.ScaleHeight() * widthPerHeight);
     } else {
-        window_.setHeight(window_.Width() / 2.0F);
+        window_.setHeight(window_.Width() / widthPerHeight);
     }
     data_.run.FormReady = true;
 }
 
-void MapRun::readHome() {
-    data_.run.HomeLatitude = toSingle(data_.ini.readNumber(section::globals, "Latitude"));
-    data_.run.HomeLongitude = toSingle(data_.ini.readNumber(section::globals, "Longitude"));
-}
-
 void MapRun::DrawGraticule() {
     data_.stats.load();
-    tovrel::DrawGraticule(Picture2, data_.run.marks.projection, data_.run.HomeLatitude,
-                          data_.run.HomeLongitude,
-                          data_.stats.legend().colour(LegendEntry::Meridian), listener_);
+    tovrel::DrawGraticule(Picture2, *data_.map(), data_.stats.legend().colour(MapColour::Meridian),
+                          listener_);
     showMap();
 }
 
 void MapRun::DrawHomeMarker() {
-    const Projection projection = data_.run.marks.projection;
-    if (projection == Projection::Miller) {
-        readHome();
+    // Where the map does not depend on it, the home of this moment counts.
+    if (!data_.map()->centredOnHome()) {
+        readHome(data_.ini, data_.run);
     }
     data_.stats.load();
     const Legend& legend = data_.stats.legend();
-    tovrel::DrawHomeMarker(
-        Picture2, homePosition(projection, data_.run.HomeLatitude, data_.run.HomeLongitude),
-        dotWidths(data_.maps.inForce().marker), legend.colour(LegendEntry::PlotOutline),
-        legend.colour(LegendEntry::Home));
+    tovrel::DrawHomeMarker(Picture2, data_.map()->home(), dotWidths(data_.maps.inForce().marker),
+                           legend.colour(MapColour::PlotOutline), legend.colour(MapColour::Home));
     showMap();
 }
 

@@ -67,9 +67,6 @@ public:
     /// Gives the window the shape of the map in force.
     void SetWindowAspect();
 
-    /// Reads the home station's position from the settings.
-    void readHome();
-
     void DrawGraticule();
     void DrawHomeMarker();
 

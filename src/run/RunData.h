@@ -1,5 +1,6 @@
 #pragma once
 
+#include "map/WorldMap.h"
 #include "plot/PlotTables.h"
 #include "state/GoogleMapOptions.h"
 #include "state/MapOptions.h"
@@ -8,6 +9,7 @@
 #include "state/iniFiles.h"
 #include "stats/MapStats.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,6 +26,13 @@ struct RunData {
         : ini(std::move(programFolder), IniFileName, storage) {}
     RunData(const RunData&) = delete;
     RunData& operator=(const RunData&) = delete;
+
+    /// The map in force, for the home in force.
+    std::unique_ptr<const WorldMap> map() const {
+        return worldMap(run.marks.projection, run.HomeLatitude, run.HomeLongitude);
+    }
+    /// What that map is called.
+    const MapNames& mapNames() const { return namesOf(run.marks.projection); }
 
     iniFiles ini;
     RunState run;

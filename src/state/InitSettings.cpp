@@ -1,5 +1,8 @@
 #include "state/InitSettings.h"
 
+#include "platform/Numbers.h"
+#include "state/MapColours.h"
+
 #include <array>
 
 namespace tovrel {
@@ -13,27 +16,18 @@ struct Default {
     std::string_view repair; ///< empty: the key may be missing
 };
 
-constexpr std::array<Default, 5> globalDefaults = {{{"MyCall", "", ""},
-                                                    {"Latitude", "0", "0"},
-                                                    {"Longitude", "0", "0"},
-                                                    {"GCHeight", "8000", "8000"},
-                                                    {"MlWidth", "7000", "7000"}}};
+constexpr std::array<Default, 3> globalDefaults = {
+    {{"MyCall", "", ""}, {"Latitude", "0", "0"}, {"Longitude", "0", "0"}}};
 
-// The compass belongs to the azimuthal map alone.
 constexpr std::array<Default, 4> compassDefaults = {{{"ShowComp", "True", "True"},
                                                      {"15Deg", "True", "True"},
                                                      {"45Deg", "False", "False"},
                                                      {"CompassBold", "False", "False"}}};
 
-constexpr std::array<Default, 9> mapDefaults = {{{"Marker", "Large", "Large"},
-                                                 {"WorkedColor", "255", "255"},
-                                                 {"ConfirmedColor", "4259584", "4259584"},
-                                                 {"HeardColor", "16711680", "16711680"},
-                                                 {"QTHColor", "65535", "65535"},
-                                                 {"OutlineColor", "0", "0"},
-                                                 {"MeridianColor", "8421504", "8421504"},
-                                                 {"LineColor", "255", "255"},
-                                                 {"Line", "1", "1"}}};
+// In the order in which they stand in a new file. Land and water are written when they are chosen.
+constexpr std::array<MapColour, 7> writtenColours = {
+    MapColour::Worked,      MapColour::Confirmed, MapColour::Heard, MapColour::Home,
+    MapColour::PlotOutline, MapColour::Meridian,  MapColour::Line};
 
 class Initializer {
 public:
@@ -42,41 +36,49 @@ public:
 
     void writeFirstRun() {
         writeAll(section::globals, globalDefaults);
+        for (const Projection map : allProjections)
+            ini_.WriteIniValue(section::globals, namesOf(map).sizeKey, sizeText(map));
         ini_.WriteIniValue(section::log, "ADIFile", "");
         ini_.WriteIniValue(section::google, "Map", "1");
         writeGroups(section::google);
         ini_.WriteIniValue(section::google, "Marker", "Large");
         ini_.WriteIniValue(section::google, "Call", "1");
-        writeGroups(section::azimuthal);
-        writeAll(section::azimuthal, compassDefaults);
-        // The Miller section gets its ShowMe at the next start: a file older than the key and a new
-        // one then take the same road.
-        ini_.WriteIniValue(section::azimuthal, "ShowMe", "True");
-        writeAll(section::azimuthal, mapDefaults);
-        writeGroups(section::miller);
-        writeAll(section::miller, mapDefaults);
+        for (const Projection map : allProjections) {
+            const MapNames& names = namesOf(map);
+            writeGroups(names.section);
+            if (names.compass) {
+                writeAll(names.section, compassDefaults);
+                // A map without a compass gets its ShowMe at the next start: a file older than the
+                // key and a new one then take the same road.
+                ini_.WriteIniValue(names.section, "ShowMe", "True");
+            }
+            ini_.WriteIniValue(names.section, "Marker", "Large");
+            for (const MapColour colour : writtenColours)
+                writeColour(ini_, map, colour, keyOf(colour).byDefault);
+            ini_.WriteIniValue(names.section, "Line", "1");
+        }
     }
 
     void repair() {
         repairAll(section::globals, globalDefaults);
+        for (const Projection map : allProjections)
+            repairKey(section::globals, namesOf(map).sizeKey, sizeText(map));
         repairGroups(section::google, google_.filter);
-        repairGroups(section::azimuthal, maps_.of(Projection::Azimuthal).filter);
-        repairGroups(section::miller, maps_.of(Projection::Miller).filter);
+        for (const Projection map : allProjections)
+            repairGroups(namesOf(map).section, maps_.of(map).filter);
         repairGoogle();
 
-        const bool boldUnknown = isEmpty(section::azimuthal, "CompassBold");
-        repairAll(section::azimuthal, compassDefaults);
-        if (boldUnknown) {
-            run_.marks.mnuLightCompass = true;
-            run_.marks.mnuBoldCompass = false;
+        for (const Projection map : allProjections) {
+            if (namesOf(map).compass)
+                repairCompass(namesOf(map).section);
         }
-        for (const std::string_view section : {section::azimuthal, section::miller}) {
-            repairKey(section, "ShowMe", "True");
-            repairAll(section, mapDefaults);
-        }
+        for (const Projection map : allProjections)
+            repairMap(map);
     }
 
 private:
+    static std::string sizeText(Projection map) { return decimalText(namesOf(map).defaultSize); }
+
     bool isEmpty(std::string_view section, std::string_view key) const {
         return ini_.ReadIniValue(section, key).empty();
     }
@@ -84,6 +86,24 @@ private:
     void repairKey(std::string_view section, std::string_view key, std::string_view value) {
         if (isEmpty(section, key))
             ini_.WriteIniValue(section, key, value);
+    }
+
+    void repairCompass(std::string_view section) {
+        const bool boldUnknown = isEmpty(section, "CompassBold");
+        repairAll(section, compassDefaults);
+        if (boldUnknown) {
+            run_.marks.mnuLightCompass = true;
+            run_.marks.mnuBoldCompass = false;
+        }
+    }
+
+    void repairMap(Projection map) {
+        const std::string_view section = namesOf(map).section;
+        repairKey(section, "ShowMe", "True");
+        repairKey(section, "Marker", "Large");
+        for (const MapColour colour : writtenColours)
+            repairKey(section, keyOf(colour).key, std::to_string(keyOf(colour).byDefault));
+        repairKey(section, "Line", "1");
     }
 
     template <std::size_t n>

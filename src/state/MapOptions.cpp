@@ -19,10 +19,6 @@ void readMarkerWord(std::string_view word, MarkerSize& size) {
     }
 }
 
-std::string_view sectionOf(Projection projection) {
-    return projection == Projection::Azimuthal ? section::azimuthal : section::miller;
-}
-
 std::string filterText(const iniFiles& ini, std::string_view section, Criterion criterion) {
     const CriterionNames& names = namesOf(criterion);
     std::string text = std::string(names.heading).append("\r\n--------\r\n");
@@ -57,12 +53,12 @@ void MapOptionForms::loadBoxes(Projection projection) {
 }
 
 void MapOptionForms::loadMarks(Projection projection) {
-    const std::string_view section = sectionOf(projection);
+    const std::string_view section = namesOf(projection).section;
     MenuMarks& marks = run_.marks;
     marks.mnuTopo = ini_.readBoolean(section, "Topo");
     marks.mnuShowMe = ini_.readBoolean(section, "ShowMe", true);
     marks.mnuMeridian = ini_.readBoolean(section, "Meridian");
-    if (projection == Projection::Azimuthal) {
+    if (namesOf(projection).compass) {
         marks.mnuShowCompass = ini_.readBoolean(section, "ShowComp");
         marks.mnuBoldCompass = ini_.readBoolean(section, "CompBold");
         marks.mnuLightCompass = !marks.mnuBoldCompass;
@@ -72,7 +68,7 @@ void MapOptionForms::loadMarks(Projection projection) {
 }
 
 void MapOptionForms::readBoxes(Projection projection) {
-    const std::string_view section = sectionOf(projection);
+    const std::string_view section = namesOf(projection).section;
     MapOptions& options = of(projection);
     for (const Criterion criterion : allCriteria) {
         loadGroup(ini_, section, options.filter.group(criterion));
@@ -111,12 +107,12 @@ void MapOptionForms::saveFilter(iniFiles& ini, std::string_view section, const F
 
 void MapOptionForms::save(Projection projection) {
     const iniFiles::Batch together(ini_);
-    const std::string_view section = sectionOf(projection);
+    const std::string_view section = namesOf(projection).section;
     const MenuMarks& marks = run_.marks;
     ini_.writeBoolean(section, "Topo", marks.mnuTopo);
     ini_.writeBoolean(section, "ShowMe", marks.mnuShowMe);
     ini_.writeBoolean(section, "Meridian", marks.mnuMeridian);
-    if (projection == Projection::Azimuthal) {
+    if (namesOf(projection).compass) {
         ini_.writeBoolean(section, "ShowComp", marks.mnuShowCompass);
         ini_.writeBoolean(section, "CompBold", marks.mnuBoldCompass);
         ini_.writeBoolean(section, "CompNorm", marks.mnuLightCompass);

@@ -40,11 +40,9 @@ public:
     MapOptionForms(iniFiles& ini, RunState& run);
 
     const MapOptions& of(Projection projection) const {
-        return projection == Projection::Azimuthal ? gc_ : mc_;
+        return options_[static_cast<std::size_t>(projection)];
     }
-    MapOptions& of(Projection projection) {
-        return projection == Projection::Azimuthal ? gc_ : mc_;
-    }
+    MapOptions& of(Projection projection) { return options_[static_cast<std::size_t>(projection)]; }
     const MapOptions& inForce() const { return of(run_.marks.projection); }
     MapOptions& inForce() { return of(run_.marks.projection); }
 
@@ -59,6 +57,7 @@ public:
 
     void SaveGCMapOptions() { save(Projection::Azimuthal); }
     void SaveMCMapOptions() { save(Projection::Miller); }
+    /// Stores a map's options and the menu's marks.
     void save(Projection projection);
     void saveInForce() { save(run_.marks.projection); }
 
@@ -73,12 +72,8 @@ private:
 
     iniFiles& ini_;
     RunState& run_;
-    MapOptions gc_;
-    MapOptions mc_;
+    std::array<MapOptions, allProjections.size()> options_;
 };
-
-/// Settings section of a map's options.
-std::string_view sectionOf(Projection projection);
 
 /// Text of a filter box of the statistics window: heading, rule, and the captions of the members
 /// that the section's settings select, each followed by CR LF.

@@ -20,7 +20,6 @@ struct MenuMarks {
     bool mnu15Degrees = false;
     bool mnu45Degrees = false;
 
-    bool azimuthal() const { return projection == Projection::Azimuthal; }
     bool operator==(const MenuMarks&) const = default;
 };
 

@@ -1,5 +1,7 @@
 #include "state/StationInfo.h"
 
+#include "platform/Numbers.h"
+
 #include <algorithm>
 
 namespace tovrel {
@@ -25,6 +27,11 @@ StationInfo readStationInfo(const iniFiles& ini) {
     return {ini.ReadIniValue(section::globals, "MyCall"),
             ini.ReadIniValue(section::globals, "Latitude"),
             ini.ReadIniValue(section::globals, "Longitude")};
+}
+
+void readHome(const iniFiles& ini, RunState& run) {
+    run.HomeLatitude = toSingle(ini.readNumber(section::globals, "Latitude"));
+    run.HomeLongitude = toSingle(ini.readNumber(section::globals, "Longitude"));
 }
 
 void writeStationInfo(iniFiles& ini, const StationInfo& info) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "state/RunState.h"
 #include "state/iniFiles.h"
 
 #include <string>
@@ -18,6 +19,10 @@ StationInfo readStationInfo(const iniFiles& ini);
 
 /// Stores the three texts as they stand.
 void writeStationInfo(iniFiles& ini, const StationInfo& info);
+
+/// Takes the home station's position from the settings, as single-precision degrees; 0 for what is
+/// no number.
+void readHome(const iniFiles& ini, RunState& run);
 
 /// What is wrong with the text of a coordinate.
 enum class CoordinateFault {

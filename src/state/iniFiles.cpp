@@ -77,13 +77,6 @@ void iniFiles::writeCheck(std::string_view section, std::string_view key, bool v
     WriteIniValue(section, key, value ? "1" : "0");
 }
 
-Colour readColour(const iniFiles& ini, std::string_view section, std::string_view key,
-                  Colour fallback) {
-    const double number = ini.readNumber(section, key, -1.0);
-    const bool isColour = number >= 0.0 && number <= 0xFFFFFF;
-    return isColour ? static_cast<Colour>(number) : fallback;
-}
-
 std::string memberKey(std::string_view group, int member) {
     return std::string(group).append(std::to_string(member));
 }

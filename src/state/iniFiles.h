@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Colour.h"
 #include "platform/PrivateProfile.h"
 #include "platform/UserPrompt.h"
 
@@ -86,18 +85,12 @@ private:
     std::optional<FileFailure> untold_;
 };
 
-/// Sections of the settings file.
+/// Sections of the settings file, besides that of each map.
 namespace section {
 inline constexpr std::string_view globals = "Globals";
 inline constexpr std::string_view log = "Log";
 inline constexpr std::string_view google = "GoogleMapOptions";
-inline constexpr std::string_view azimuthal = "GCMapOptions";
-inline constexpr std::string_view miller = "MCMapOptions";
 } // namespace section
-
-/// Colour that a key holds as decimal text; `fallback` when it is empty, no number, or no colour.
-Colour readColour(const iniFiles& ini, std::string_view section, std::string_view key,
-                  Colour fallback);
 
 /// Key of a member of a filter group, for example "Band12".
 std::string memberKey(std::string_view group, int member);

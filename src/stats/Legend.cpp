@@ -1,43 +1,41 @@
 #include "stats/Legend.h"
 
-#include "state/MapOptions.h"
-
 namespace tovrel {
 
-const LegendNames& namesOf(LegendEntry entry) {
+const LegendNames& namesOf(MapColour entry) {
     static constexpr std::array<LegendNames, 7> names = {{
-        {"cmdConfirmed", "lblConfirmed", "Confirmed", "ConfirmedColor"},
-        {"cmdWorked", "lblWorked", "Worked", "WorkedColor"},
-        {"cmdHeard", "lblHeard", "Heard", "HeardColor"},
-        {"cmdHome", "lblHome", "Home QTH", "QTHColor"},
-        {"cmdPlotOutline", "lblPlotOutline", "Plot Outline", "OutlineColor"},
-        {"cmdLine", "lblPlotLine", "Plot Line", "LineColor"},
-        {"cmdMeridian", "lblMeridian", "Meridian Line", "MeridianColor"},
+        {"cmdConfirmed", "lblConfirmed", "Confirmed"},
+        {"cmdWorked", "lblWorked", "Worked"},
+        {"cmdHeard", "lblHeard", "Heard"},
+        {"cmdHome", "lblHome", "Home QTH"},
+        {"cmdPlotOutline", "lblPlotOutline", "Plot Outline"},
+        {"cmdLine", "lblPlotLine", "Plot Line"},
+        {"cmdMeridian", "lblMeridian", "Meridian Line"},
     }};
     return names[static_cast<std::size_t>(entry)];
 }
 
-void Legend::set(LegendEntry entry, Colour colour) {
+void Legend::set(MapColour entry, Colour colour) {
     colours_[index(entry)] = colour;
     if (changed)
         changed();
 }
 
 void Legend::load(const iniFiles& ini, Projection projection) {
-    for (const LegendEntry entry : allLegendEntries)
+    for (const MapColour entry : legendColours)
         load(ini, projection, entry);
 }
 
-void Legend::load(const iniFiles& ini, Projection projection, LegendEntry entry) {
-    set(entry, readColour(ini, sectionOf(projection), namesOf(entry).key, colour(entry)));
+void Legend::load(const iniFiles& ini, Projection projection, MapColour entry) {
+    set(entry, readColour(ini, projection, entry, colour(entry)));
 }
 
-void Legend::save(iniFiles& ini, Projection projection, LegendEntry entry) const {
-    ini.WriteIniValue(sectionOf(projection), namesOf(entry).key, std::to_string(colour(entry)));
+void Legend::save(iniFiles& ini, Projection projection, MapColour entry) const {
+    writeColour(ini, projection, entry, colour(entry));
 }
 
 void Legend::resetToDesign() {
-    colours_ = design;
+    colours_ = design();
     if (changed)
         changed();
 }

@@ -1,6 +1,6 @@
 #include "stats/MapStats.h"
 
-#include "map/GreatCircle.h"
+#include "map/WorldMap.h"
 
 namespace tovrel {
 
@@ -31,12 +31,12 @@ void MapStats::showFilter(Projection projection) {
     load();
     for (const Criterion criterion : allCriteria) {
         filterTexts_[static_cast<std::size_t>(criterion)] =
-            tovrel::filterText(ini_, sectionOf(projection), criterion);
+            tovrel::filterText(ini_, namesOf(projection).section, criterion);
     }
     tellChanged();
 }
 
-void MapStats::pickColour(LegendEntry entry, Colour colour) {
+void MapStats::pickColour(MapColour entry, Colour colour) {
     load();
     legend_.set(entry, colour);
     legend_.save(ini_, run_.marks.projection, entry);
@@ -48,17 +48,15 @@ void MapStats::pickStation(const Station& station) {
         return;
     }
     load();
+    const MapPoint start =
+        worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude)->lineStart();
     PlotLine::Shape line;
-    if (!run_.marks.azimuthal()) {
-        const HomePosition home =
-            homePosition(Projection::Miller, run_.HomeLatitude, run_.HomeLongitude);
-        line.fromX = home.HomeX;
-        line.fromY = home.HomeY;
-    }
+    line.fromX = start.x;
+    line.fromY = start.y;
     line.toX = station.mapX;
     line.toY = station.mapY;
     line.width = run_.PlotLineWidth;
-    line.colour = legend_.colour(LegendEntry::Line);
+    line.colour = legend_.colour(MapColour::Line);
     lneGCPlotLine_.show(line);
 }
 

@@ -36,7 +36,7 @@ public:
     void showFilter(Projection projection);
 
     /// Takes a colour that the user chose: the legend and the settings of the map in force get it.
-    void pickColour(LegendEntry entry, Colour colour);
+    void pickColour(MapColour entry, Colour colour);
 
     /// Draws the line to a station that was picked in a list; for one that can't be shown the line
     /// goes away.

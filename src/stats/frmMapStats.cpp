@@ -29,7 +29,7 @@ float widthOf(const QWidget& control) { return twipsFromPixels(control.width());
 
 } // namespace
 
-frmMapStats::frmMapStats(MapStats& stats, std::function<void(LegendEntry)> pickColour,
+frmMapStats::frmMapStats(MapStats& stats, std::function<void(MapColour)> pickColour,
                          QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                           Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
@@ -102,12 +102,12 @@ void frmMapStats::addLegend() {
     area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto* entries = new QWidget;
     entries->resize(pixelsFromTwips(480.0F + 1005.0F),
-                    pixelsFromTwips(firstTop + step * static_cast<float>(allLegendEntries.size())));
+                    pixelsFromTwips(firstTop + step * static_cast<float>(legendColours.size())));
     area->setWidget(entries);
     area->viewport()->setAutoFillBackground(false);
     entries->setAutoFillBackground(false);
-    for (std::size_t i = 0; i < allLegendEntries.size(); ++i) {
-        const LegendEntry entry = allLegendEntries[i];
+    for (std::size_t i = 0; i < legendColours.size(); ++i) {
+        const MapColour entry = legendColours[i];
         const LegendNames& names = namesOf(entry);
         const float top = firstTop + step * static_cast<float>(i);
         auto* button = new frmColourButton(entries);
@@ -230,8 +230,8 @@ void frmMapStats::mirrorFilters() {
 }
 
 void frmMapStats::mirrorColours() {
-    for (std::size_t i = 0; i < allLegendEntries.size(); ++i)
-        colourButtons_[i]->setColour(stats_.legend().colour(allLegendEntries[i]));
+    for (std::size_t i = 0; i < legendColours.size(); ++i)
+        colourButtons_[i]->setColour(stats_.legend().colour(legendColours[i]));
 }
 
 } // namespace tovrel

@@ -28,7 +28,7 @@ class frmMapStats : public QWidget {
 public:
     /// @param stats has to outlive the window
     /// @param pickColour called when the user clicks a colour of the key
-    frmMapStats(MapStats& stats, std::function<void(LegendEntry)> pickColour,
+    frmMapStats(MapStats& stats, std::function<void(MapColour)> pickColour,
                 QWidget* parent = nullptr);
     ~frmMapStats() override;
     frmMapStats(const frmMapStats&) = delete;
@@ -62,7 +62,7 @@ private:
     void mirrorColours();
 
     MapStats& stats_;
-    std::function<void(LegendEntry)> pickColour_;
+    std::function<void(MapColour)> pickColour_;
     frmTabStrip* tabStats_;
     std::array<QFrame*, 6> fraTab_{};
     frmItemList* lstConfirmed_ = nullptr;

@@ -26,7 +26,7 @@ namespace {
 class AllWindowsTest : public WindowFixture {
 protected:
     AllWindowsTest() {
-        auto stats = std::make_unique<frmMapStats>(data_.stats, [](LegendEntry) {});
+        auto stats = std::make_unique<frmMapStats>(data_.stats, [](MapColour) {});
         stats->loadForm({100, 100, frmMapStats::outerWidth(), 533}, {1, 22, 1, 5});
         auto progress = std::make_unique<frmGCMapCalculations>();
         progress->begin("Plotting ADIF File", "Processing: sample.adi", 100.0, {0, 0, 440, 500});

@@ -52,9 +52,11 @@ struct MapFrameTest : testing::Test {
     }
 
     PretendedWindow window;
-    Projection projection = Projection::Azimuthal;
+    static constexpr MapShape square{.widthPerHeight = 1, .ofClientArea = true};
+    static constexpr MapShape twoToOne{.widthPerHeight = 2, .ofClientArea = false};
+    MapShape shape = square;
     MapFrame frame{window, [this](const QRect& before, const QRect& after) {
-                       return shapedWindow(before, after, projection, 40);
+                       return shapedWindow(before, after, shape, 40);
                    }};
 };
 
@@ -67,7 +69,7 @@ TEST_F(MapFrameTest, AsksOnceForTheShapeWhenTheUserHasPaused) {
     drag({80, 90, 340, 370}); // the top left corner
     EXPECT_EQ(window.rect, QRect(90, 90, 330, 370));
     EXPECT_EQ(window.asked.size(), 2U);
-    projection = Projection::Miller;
+    shape = twoToOne;
     drag({90, 90, 401, 370});
     EXPECT_EQ(window.rect, QRect(90, 90, 401, 200));
 }
@@ -112,7 +114,7 @@ TEST_F(MapFrameTest, KeepsTheFreeSizeWhileTheWindowIsMaximized) {
     frame.ask({400, 200}); // the other map's
     EXPECT_TRUE(window.asked.empty());
     EXPECT_EQ(frame.size(), QSize(400, 200));
-    projection = Projection::Miller;
+    shape = twoToOne;
     window.free = true;
     drag({100, 100, 300, 340}); // restored
     EXPECT_EQ(window.rect, QRect(100, 100, 400, 200));

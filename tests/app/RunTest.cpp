@@ -53,7 +53,7 @@ TEST_F(RunTest, AStartOnTheMillerMapDrawsTheHomeMarkInThatMapsColour) {
     start();
     EXPECT_GT(pixels(QColor(0x21, 0x43, 0x65)), 0);
     EXPECT_EQ(pixels(QColor(0x56, 0x34, 0x12)), 0);
-    EXPECT_EQ(data_->stats.legend().colour(LegendEntry::Home), 0x123456U);
+    EXPECT_EQ(data_->stats.legend().colour(MapColour::Home), 0x123456U);
 }
 
 TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnce) {

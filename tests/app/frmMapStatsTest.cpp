@@ -29,8 +29,8 @@ protected:
                           view.visualRect(view.model()->index(row, 0)).topLeft() + QPoint(5, 5));
     }
 
-    std::vector<LegendEntry> picked_;
-    frmMapStats window_{data_.stats, [this](LegendEntry entry) { picked_.push_back(entry); }};
+    std::vector<MapColour> picked_;
+    frmMapStats window_{data_.stats, [this](MapColour entry) { picked_.push_back(entry); }};
 };
 
 TEST_F(frmMapStatsTest, LaysOutByItsRuleAtTheDefaultSize) {
@@ -145,13 +145,13 @@ TEST_F(frmMapStatsTest, ColourButtonsShowAndTellTheLegend) {
     auto& home = control<QAbstractButton>(window_, "cmdHome");
     EXPECT_EQ(home.accessibleName(), "Home QTH colour");
     EXPECT_EQ(home.geometry(), QRect(8, 88, 17, 17));
-    data_.stats.legend().set(LegendEntry::Home, 0x332211);
+    data_.stats.legend().set(MapColour::Home, 0x332211);
     EXPECT_EQ(home.accessibleDescription(), "#112233");
     EXPECT_EQ(home.grab().toImage().pixelColor(8, 8), QColor(0x11, 0x22, 0x33));
     click(home);
-    EXPECT_EQ(picked_, std::vector<LegendEntry>({LegendEntry::Home}));
+    EXPECT_EQ(picked_, std::vector<MapColour>({MapColour::Home}));
     window_.hide();
-    data_.stats.legend().set(LegendEntry::Home, 0x0000FF);
+    data_.stats.legend().set(MapColour::Home, 0x0000FF);
     window_.show();
     EXPECT_EQ(home.accessibleDescription(), "#ff0000");
 }

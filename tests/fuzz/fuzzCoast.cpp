@@ -12,10 +12,9 @@ void tryInput(Input input) {
     const int pixels = input.choice(64) == 1 ? 340 : 60;
     QImage world(36, 18, QImage::Format_RGB32);
     world.fill(Qt::red);
-    BaseMapStyle style;
-    style.projection = input.choice(2) == 0 ? Projection::Azimuthal : Projection::Miller;
-    style.relief = input.choice(2) == 0 ? &world : nullptr;
-    style.HomeLatitude = static_cast<float>(input.choice(181) - 90);
+    const Projection projection = input.choice(2) == 0 ? Projection::Azimuthal : Projection::Miller;
+    const QImage* const relief = input.choice(2) == 0 ? &world : nullptr;
+    const auto latitude = static_cast<float>(input.choice(181) - 90);
     const std::string_view all = input.rest();
     while (!input.line().empty()) {
     }
@@ -25,6 +24,12 @@ void tryInput(Input input) {
     PictureSurface Picture1(twipsFromPixels(pixels), twipsFromPixels(pixels));
     SilentListener listener;
     ScriptedPrompt prompt;
+    const std::unique_ptr<const WorldMap> map = worldMap(projection, latitude, 0.0F);
+    const BaseMapStyle style{.map = map.get(),
+                             .land = 0xC0FFC0,
+                             .water = 0xFECDA5,
+                             .relief = relief,
+                             .reliefLand = 0xC0FFC0};
     const BaseMapEnd end = drawBaseMap(Picture1, style, folder.path(), listener, prompt);
     require(!end.dataMissing && !end.reliefRefused, "both files are there");
     require(end.dataUnreadable != prompt.told.empty(), "a damaged coast is told");

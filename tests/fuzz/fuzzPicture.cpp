@@ -25,9 +25,10 @@ void tryInput(Input input) {
         return; // each pixel takes its time
     SilentListener listener;
     ScriptedPrompt prompt;
-    GreatCircle greatCircle(homePosition(Projection::Azimuthal, 50.0F, 10.0F));
-    for (const Projection projection : {Projection::Azimuthal, Projection::Miller})
-        TopoOverlay(Picture2, image, projection, greatCircle, listener, prompt);
+    for (const Projection projection : allProjections) {
+        TopoOverlay(Picture2, image, *worldMap(projection, 50.0F, 10.0F), 0xC0FFC0, {}, listener,
+                    prompt);
+    }
     const MapHome home = cached.home.value_or(MapHome{50.0F, 10.0F});
     require(bool(saveBaseMap(image, home, folder.path("cache"))), "it can be saved");
     const CachedBaseMap again = loadBaseMap(folder.path("cache"));

@@ -8,7 +8,7 @@ namespace tovrel {
 
 namespace {
 
-constexpr std::string_view sections[] = {section::globals, section::google, section::azimuthal};
+constexpr std::string_view sections[] = {section::globals, section::google, "GCMapOptions"};
 constexpr std::string_view keys[] = {"Latitude", "Band0", "Marker", "BAND12", "ConfirmedColor"};
 
 /// The values of some keys, LF for one that is missing.

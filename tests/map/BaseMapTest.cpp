@@ -1,7 +1,6 @@
 #include "map/BaseMap.h"
 
 #include "map/CoastFile.h"
-#include "map/GreatCircle.h"
 #include "map/MapColours.h"
 #include "map/Pixels.h"
 #include "platform/TestFolder.h"
@@ -14,10 +13,13 @@ constexpr Colour outside = 0xE0E0E0;
 
 /// Draws a base map from the files of a folder.
 struct Drawn {
-    Drawn(const std::string& folder, const BaseMapStyle& style) {
-        surface.DrawWidth = 1;
-        drawBaseMap(surface, style, folder, listener, prompt);
+    Drawn(const std::string& folder, Projection projection, float latitude = 0.0F,
+          float longitude = 0.0F)
+        : map(worldMap(projection, latitude, longitude)) {
+        drawBaseMap(surface, {.map = map.get(), .land = land, .water = water}, folder, listener,
+                    prompt);
     }
+    std::unique_ptr<const WorldMap> map;
     PictureSurface surface{baseMapSize, baseMapSize};
     ScriptedListener listener;
     ScriptedPrompt prompt;
@@ -33,7 +35,7 @@ TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
     } cases[] = {{Projection::Azimuthal, 0, 6000, 0, 0, 0, -14000},
                  {Projection::Miller, 0, 18000, 0, 0, 0, -18000}};
     for (const auto& c : cases) {
-        const Drawn map(folder.path(), {.projection = c.projection, .HomeLatitude = 30.0F});
+        const Drawn map(folder.path(), c.projection, 30.0F);
         EXPECT_TRUE(map.prompt.told.empty()) << "found in any case";
         EXPECT_EQ(map.listener.yields, 2);
         EXPECT_EQ(colourAt(map.surface, c.northX, c.northY), land);
@@ -55,7 +57,7 @@ TEST(BaseMap, TheSeaDoesNotRunRoundACoastThatIsCutAtTheAntipode) {
     const TestFolder folder;
     folder.write("mapper.pnt", coastAlong(0, -180, 180));
     folder.write("paintma.txt", "10,0\r\n");
-    const Drawn map(folder.path(), {.projection = Projection::Azimuthal});
+    const Drawn map(folder.path(), Projection::Azimuthal);
     EXPECT_EQ(colourAt(map.surface, 0, 10000), water);
     EXPECT_EQ(colourAt(map.surface, 0, -10000), white) << "the southern half, whitened";
     EXPECT_EQ(colourAt(map.surface, -19850, 600), water);
@@ -70,7 +72,7 @@ TEST(BaseMap, GarbageInItsFilesIsDrawnOrPassedOver) {
     folder.write("mapper.pnt", garbage);
     folder.write("paintma.txt", garbage + ",,,\n91,1e99\n-1e99,5\n");
     for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        const Drawn map(folder.path(), {.projection = projection});
+        const Drawn map(folder.path(), projection);
         EXPECT_TRUE(map.prompt.told.empty());
         EXPECT_GT(inkOf(map.surface, black).count, 1000);
     }
@@ -83,14 +85,11 @@ TEST(BaseMap, TheSuppliedFilesMakeAWorld) {
     } cases[] = {{45, 90, false}, {-20, 130, false}, {0, 25, false},  {40, -100, false},
                  {0, -30, true},  {30, -150, true},  {-40, 80, true}, {-10, -60, false}};
     for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        const Drawn map(TOVREL_DATA_DIR,
-                        {.projection = projection, .HomeLatitude = 50.0F, .HomeLongitude = 10.0F});
+        const Drawn map(TOVREL_DATA_DIR, projection, 50.0F, 10.0F);
         EXPECT_TRUE(map.prompt.told.empty());
         for (const auto& c : cases) {
-            ContactProjector projector(projection, 50.0F, 10.0F);
-            MapPoint at;
-            ASSERT_TRUE(projector.project(static_cast<float>(c.latitude),
-                                          static_cast<float>(c.longitude), at));
+            const MapPoint at = std::get<MapPoint>(
+                map.map->position(static_cast<float>(c.latitude), static_cast<float>(c.longitude)));
             EXPECT_EQ(colourAt(map.surface, at.x, at.y), c.sea ? water : land)
                 << c.latitude << ", " << c.longitude;
         }

@@ -14,15 +14,14 @@ namespace {
 struct CoastDrawing {
     CoastDrawing(const std::string& bytes, Projection projection, float homeLatitude = 0.0F,
                  float homeLongitude = 0.0F, int size = 1000)
-        : surface(whiteSurface(size, size)),
-          circle(homePosition(Projection::Azimuthal, homeLatitude, homeLongitude)),
-          coast(surface, circle, listener) {
-        coast.DrawCoastline(readCoastRecords(bytes), projection);
+        : surface(whiteSurface(size, size)), map(worldMap(projection, homeLatitude, homeLongitude)),
+          coast(surface, *map, listener) {
+        coast.DrawCoastline(readCoastRecords(bytes));
     }
     Ink ink() const { return inkOf(surface, black); }
 
     PictureSurface surface;
-    GreatCircle circle;
+    std::unique_ptr<const WorldMap> map;
     ScriptedListener listener;
     Coastline coast;
 };

@@ -38,8 +38,8 @@ public:
         }
     }
     int paint(const std::string& seeds, Projection projection) {
-        GreatCircle circle(homePosition(Projection::Azimuthal, 40.0F, -74.0F));
-        PaintWater(seeds, projection, water, circle, surface);
+        MapPoint last;
+        PaintWater(seeds, *worldMap(projection, 40.0F, -74.0F), water, last, surface);
         return inkOf(surface, water).count / 81;
     }
     bool wet(int x, int y) const { return surface.GetPixel(x, y) == water; }
@@ -64,8 +64,8 @@ TEST(PaintWater, ScalesSeedsByTheirOwnRule) {
         const int y = static_cast<int>(std::lround(c.y));
         for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
             surface.SetPixel(x + dx, y + dy, 0); // a lake of one pixel
-        GreatCircle circle(homePosition(Projection::Azimuthal, 40.0F, -74.0F));
-        PaintWater(c.seed, c.projection, water, circle, surface);
+        MapPoint last;
+        PaintWater(c.seed, *worldMap(c.projection, 40.0F, -74.0F), water, last, surface);
         EXPECT_EQ(inkOf(surface, water).count, 1) << c.seed;
         EXPECT_EQ(surface.GetPixel(x, y), water) << c.seed;
     }

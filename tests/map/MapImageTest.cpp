@@ -31,8 +31,8 @@ TEST(MapImage, StampsTheLowerCornersOfACopy) {
         Picture2.BackColor = sea;
         Picture2.Cls();
         PictureSurface Picture3 = whiteSurface(10, 10);
-        composeMapImage(Picture2, projection, QDateTime(QDate(2011, 3, 2), QTime(7, 5, 9)),
-                        Picture3);
+        composeMapImage(Picture2, *worldMap(projection, 0.0F, 0.0F),
+                        QDateTime(QDate(2011, 3, 2), QTime(7, 5, 9)), Picture3);
 
         EXPECT_EQ(inkOver(Picture2, sea).count, 0) << "the map on screen stays";
         EXPECT_EQ(Picture3.Image().size(), Picture2.Image().size());

@@ -71,7 +71,7 @@ TEST(Compass, LabelsStandCentredOverTheirTicksAndTurnWithThem) {
 TEST(Graticule, StopsAtItsCutRoundTheAntipode) {
     PictureSurface surface = whiteSurface(667, 667);
     ScriptedListener listener;
-    DrawGraticule(surface, Projection::Azimuthal, 10.0F, 20.0F, grey, listener);
+    DrawGraticule(surface, *worldMap(Projection::Azimuthal, 10.0F, 20.0F), grey, listener);
     EXPECT_EQ(listener.yields, 18) << "once behind each meridian";
     const auto reach = [&](Colour colour, double from, double to) {
         return inkWhere(surface,
@@ -93,7 +93,7 @@ TEST(Graticule, StopsAtItsCutRoundTheAntipode) {
 TEST(Graticule, OnTheMillerMapIsAGridOfStraightLines) {
     PictureSurface surface = whiteSurface(1100, 550);
     ScriptedListener listener;
-    DrawGraticule(surface, Projection::Miller, 10.0F, 20.0F, grey, listener);
+    DrawGraticule(surface, *worldMap(Projection::Miller, 10.0F, 20.0F), grey, listener);
     for (const int longitude : {-160, -20, 0, 40, 180}) {
         for (const int latitude : {-84, -50, 7, 84})
             EXPECT_EQ(colourAt(surface, longitude * 122.0, latitude * 240.0), grey) << longitude;

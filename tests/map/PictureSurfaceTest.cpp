@@ -1,6 +1,5 @@
 #include "map/PictureSurface.h"
 
-#include "map/GreatCircle.h"
 #include "map/MapColours.h"
 #include "map/Pixels.h"
 #include "map/mRotatedText.h"

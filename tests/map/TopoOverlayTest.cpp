@@ -26,8 +26,8 @@ struct Overlay {
         surface.Cls();
     }
     bool with(const QImage& mapPix, Projection projection) {
-        GreatCircle greatCircle(homePosition(Projection::Azimuthal, 0.0F, 0.0F));
-        return TopoOverlay(surface, mapPix, projection, greatCircle, listener, prompt);
+        return TopoOverlay(surface, mapPix, *worldMap(projection, 0.0F, 0.0F), land, {}, listener,
+                           prompt);
     }
 
     PictureSurface surface;
@@ -97,20 +97,17 @@ TEST(TopoOverlay, PutsPlacesWhereTheAzimuthalMapHasThem) {
     // Home at 0, 0; 500 units of the map a pixel. The picture has a pixel for each degree, and its
     // white leaves a place open to the next one. Round the antipode, from latitude 2 down, what is
     // cut off counts for the position projected last: that of latitude 3.
-    GreatCircle atHome(homePosition(Projection::Azimuthal, 0.0F, 0.0F));
-    int mode = 0;
-    atHome.ProjectAzimuthal(3.0F, -180.0F, mode);
-    ASSERT_EQ(mode, 0);
+    const MapPoint cut =
+        std::get<MapPoint>(worldMap(Projection::Azimuthal, 0.0F, 0.0F)->position(3.0F, -180.0F));
     const PictureSurface size = whiteSurface(88, 88);
     const struct {
         int longitude, latitude, x, y;
-    } places[] = {
-        {0, 0, 44, 44},
-        {0, 45, 44, 34},
-        {0, -45, 44, 54},
-        {90, 0, 64, 44},
-        {-90, 0, 24, 44},
-        {-180, 0, roundToInt(size.pixelX(atHome.ProjX)), roundToInt(size.pixelY(atHome.ProjY))}};
+    } places[] = {{0, 0, 44, 44},
+                  {0, 45, 44, 34},
+                  {0, -45, 44, 54},
+                  {90, 0, 64, 44},
+                  {-90, 0, 24, 44},
+                  {-180, 0, roundToInt(size.pixelX(cut.x)), roundToInt(size.pixelY(cut.y))}};
     for (const auto& place : places) {
         QImage mapPix = plainImage(360, 180, white);
         mapPix.setPixel(place.longitude + 180, 90 - place.latitude, imageColour(relief));

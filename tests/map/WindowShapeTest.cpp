@@ -12,6 +12,8 @@ QRect rect(int left, int top, int right, int bottom) {
 }
 
 constexpr int chrome = 40; // title bar, frame and menu
+constexpr MapShape square{.widthPerHeight = 1, .ofClientArea = true};
+constexpr MapShape twoToOne{.widthPerHeight = 2, .ofClientArea = false};
 
 TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
     // The platform's numbers of the edges. The azimuthal map is square below the chrome.
@@ -30,9 +32,9 @@ TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
     const QRect proposed = rect(10, 20, 310, 220);
     for (const auto& c : cases) {
         const auto edge = static_cast<SizingEdge>(c.edge);
-        EXPECT_EQ(SizingProc(proposed, edge, Projection::Azimuthal, chrome), c.azimuthal);
-        EXPECT_EQ(SizingProc(proposed, edge, Projection::Miller, chrome), c.miller) << c.edge;
-        EXPECT_EQ(shapedWindow(proposed, c.azimuthal, Projection::Azimuthal, chrome), c.azimuthal)
+        EXPECT_EQ(SizingProc(proposed, edge, square, chrome), c.azimuthal);
+        EXPECT_EQ(SizingProc(proposed, edge, twoToOne, chrome), c.miller) << c.edge;
+        EXPECT_EQ(shapedWindow(proposed, c.azimuthal, square, chrome), c.azimuthal)
             << "nothing to be done";
     }
 }
@@ -40,9 +42,8 @@ TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
 TEST(WindowShape, RoundsTheMillerHeightToAnEvenBottom) {
     const struct { int top, bottom; } cases[] = {{100, 550}, {101, 552}, {-100, 350}};
     for (const auto& c : cases) {
-        EXPECT_EQ(
-            SizingProc(rect(0, c.top, 901, 700), SizingEdge::Right, Projection::Miller, chrome),
-            rect(0, c.top, 901, c.bottom));
+        EXPECT_EQ(SizingProc(rect(0, c.top, 901, 700), SizingEdge::Right, twoToOne, chrome),
+                  rect(0, c.top, 901, c.bottom));
     }
 }
 

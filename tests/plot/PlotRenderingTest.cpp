@@ -28,8 +28,8 @@ TEST(PlotRendering, MarksLieAtTheirPlacesInTheSizeAndTheColoursOfNow) {
     for (const auto& c : cases) {
         PlotRun run(record({"G1A", "51.5", "-0.001", "", "", "", qsl}), c.projection);
         run.data.maps.inForce().marker = c.size;
-        run.data.stats.legend().set(LegendEntry::Confirmed, 0x123456);
-        run.data.stats.legend().set(LegendEntry::PlotOutline, 0x654321);
+        run.data.stats.legend().set(MapColour::Confirmed, 0x123456);
+        run.data.stats.legend().set(MapColour::PlotOutline, 0x654321);
         run.plot();
         const int inner = c.outer - 2;
         const Ink ring = inkOver(run.surface, white);

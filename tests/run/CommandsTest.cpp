@@ -172,20 +172,20 @@ TEST(MapOptionCommands, ApplyShowsTheFilterAndCountsFromTheNextPlotOn) {
 TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
     PlottedProgram program(settingsOf(false));
     const struct {
-        LegendEntry entry;
+        MapColour entry;
         std::optional<Colour> chosen;
         bool rebuild;
         const char* changes;
-    } cases[] = {{LegendEntry::Meridian, std::nullopt, false, ""},
-                 {LegendEntry::Meridian, 8421504, false, ""},
-                 {LegendEntry::Meridian, 77, true, "MeridianColor=77 "},
-                 {LegendEntry::Confirmed, 78, false, "ConfirmedColor=78 "}};
+    } cases[] = {{MapColour::Meridian, std::nullopt, false, ""},
+                 {MapColour::Meridian, 8421504, false, ""},
+                 {MapColour::Meridian, 77, true, "MeridianColor=77 "},
+                 {MapColour::Confirmed, 78, false, "ConfirmedColor=78 "}};
     for (const auto& c : cases) {
         program.window.chosenColour = c.chosen;
         EXPECT_EQ(program.commands->pickLegendColour(c.entry), c.rebuild);
         EXPECT_EQ(program.takeChanges(), c.changes);
     }
-    EXPECT_EQ(program.data->stats.legend().colour(LegendEntry::Confirmed), 78U);
+    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Confirmed), 78U);
     EXPECT_EQ(program.look(), "world home plot ") << "a new colour does not recolour the map";
 }
 

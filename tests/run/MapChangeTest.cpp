@@ -28,7 +28,7 @@ TEST(ProjectionSwitch, ShowsTheOtherMapWithThePlotOnIt) {
             program.window.takeCalls();
             (*program.commands.*other)();
             EXPECT_EQ(program.window.takeCalls(), "hide,center,show,timer off");
-            EXPECT_NE(program.data->run.marks.azimuthal(), azimuthal);
+            EXPECT_NE(program.data->run.marks.projection == Projection::Azimuthal, azimuthal);
             EXPECT_EQ(program.window.caption, azimuthal
                                                   ? "Tovrel - Miller Cylindrical Projection"
                                                   : "Tovrel - Azimuthal Equidistant Projection");
@@ -52,12 +52,12 @@ TEST(ProjectionSwitch, ToTheMapOnShowLeavesItsSize) {
 TEST(ProjectionSwitch, OpensTheStatisticsAfreshWithTheOtherPalette) {
     PlottedProgram program(home +
                            "[GCMapOptions]\r\nHeardColor=1\r\n[MCMapOptions]\r\nHeardColor=2\r\n");
-    EXPECT_EQ(program.data->stats.legend().colour(LegendEntry::Heard), 1U);
+    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Heard), 1U);
     program.window.statsShown = true;
     program.commands->mnuMiller();
     EXPECT_EQ(program.window.takeCalls(),
               "hide stats,hide,center,show,close stats,view stats,timer off");
-    EXPECT_EQ(program.data->stats.legend().colour(LegendEntry::Heard), 2U);
+    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Heard), 2U);
     EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U) << "the replot fills it again";
 }
 
@@ -121,8 +121,7 @@ TEST(CustomMap, IsKeptForItsMapAndServesTheRelief) {
              {writeWorld(program.folder), program.folder.write("bad.jpg", "no picture")}) {
             program.window.chosenFile = file;
             program.commands->mnuLoadCustomMap();
-            EXPECT_EQ(program.setting(sectionOf(program.data->run.marks.projection), "BaseMap"),
-                      file);
+            EXPECT_EQ(program.setting(program.data->mapNames().section, "BaseMap"), file);
             EXPECT_TRUE(showsRelief(program)) << "of the picture before when this one is bad";
         }
         EXPECT_EQ(program.prompt.told,

@@ -49,8 +49,10 @@ TEST(MapFit, FillsAWindowOfItsShapeAndLiesInTheMiddleOfAnyOther) {
                   {7200, 0, 4800, 2400}},
                  {"hardly there", {15, 15, 15, 15, true}, {0, 0, 15, 15}, {0, 3.75F, 15, 7.5F}}};
     for (const auto& c : cases) {
-        EXPECT_EQ(MapFit(c.window, Projection::Azimuthal), c.azimuthal) << c.what;
-        EXPECT_EQ(MapFit(c.window, Projection::Miller), c.miller) << c.what;
+        EXPECT_EQ(MapFit(c.window, {.widthPerHeight = 1, .ofClientArea = true}), c.azimuthal)
+            << c.what;
+        EXPECT_EQ(MapFit(c.window, {.widthPerHeight = 2, .ofClientArea = false}), c.miller)
+            << c.what;
     }
 }
 

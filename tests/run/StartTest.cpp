@@ -85,7 +85,8 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
                             "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n"
                             "[GCMapOptions]\r\nHeardColor=3\r\nMeridianColor=4\r\n");
         program.start();
-        EXPECT_EQ(program.data->run.marks.azimuthal(), c.azimuthal) << c.display;
+        EXPECT_EQ(program.data->run.marks.projection == Projection::Azimuthal, c.azimuthal)
+            << c.display;
         EXPECT_EQ(program.window.caption, c.azimuthal ? "Tovrel - Azimuthal Equidistant Projection"
                                                       : "Tovrel - Miller Cylindrical Projection");
         EXPECT_EQ(program.window.height, c.azimuthal ? 6000.0F : 4500.0F);
@@ -94,8 +95,8 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
         EXPECT_EQ(program.map->Picture2.Width(), program.window.width - (c.azimuthal ? 0 : 110));
         EXPECT_EQ(program.look(), "world home ") << c.display;
         const Legend& legend = program.data->stats.legend();
-        EXPECT_EQ(legend.colour(LegendEntry::Heard), 3U) << "the azimuthal palette, on either map";
-        EXPECT_EQ(legend.colour(LegendEntry::Meridian), c.azimuthal ? 4U : 2U);
+        EXPECT_EQ(legend.colour(MapColour::Heard), 3U) << "the azimuthal palette, on either map";
+        EXPECT_EQ(legend.colour(MapColour::Meridian), c.azimuthal ? 4U : 2U);
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include "map/BaseMap.h"
 #include "map/CoastFile.h"
-#include "map/GreatCircle.h"
 #include "map/MapColours.h"
 #include "map/PictureFile.h"
 #include "map/Pixels.h"
@@ -74,10 +73,8 @@ public:
 
     /// Colour of Picture2 at a place in degrees, wherever the map in force has it.
     Colour mapAt(float latitude, float longitude) const {
-        ContactProjector projector(data->run.marks.projection, data->run.HomeLatitude,
-                                   data->run.HomeLongitude);
-        MapPoint at;
-        return projector.project(latitude, longitude, at) ? colourAt(map->Picture2, at.x, at.y) : 0;
+        const MapPoint at = std::get<MapPoint>(data->map()->position(latitude, longitude));
+        return colourAt(map->Picture2, at.x, at.y);
     }
     /// What the map shows: "world", the island and its sea where they belong and in their colours,
     /// "home", "graticule" and "plot", each followed by a blank.
@@ -111,7 +108,7 @@ public:
             const std::string key = section + '.' + line.substr(0, equals);
             const std::string value = line.substr(equals + 1, line.find('\r') - equals - 1);
             now.emplace(key, value); // of two equal keys the first counts
-            const bool inForce = section == sectionOf(data->run.marks.projection);
+            const bool inForce = section == data->mapNames().section;
             if (now[key] == value && (!settings_.count(key) || settings_[key] != value))
                 changes += (inForce ? line.substr(0, equals) : key) + '=' + value + ' ';
         }

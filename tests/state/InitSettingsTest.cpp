@@ -102,10 +102,10 @@ TEST_F(InitSettingsTest, losesAGroupWithoutItsFirstKeyAndKeepsOneThatLacksAnothe
                  "[GCMapOptions]\nBand1=1\nBand5=1\nMode0=0\nMode2=1\nIOTA0=0\nIOTA4=1\n"
                  "[MCMapOptions]\nBand0=0\nBand3=1\n[GoogleMapOptions]\nBand0=0\nBand7=1\n");
     start();
-    EXPECT_EQ(ini.ReadIniValue(section::azimuthal, "Band0"), "1");
-    EXPECT_EQ(ini.ReadIniValue(section::azimuthal, "Band1"), "0");
-    EXPECT_EQ(ini.ReadIniValue(section::azimuthal, "Band5"), "0");
-    EXPECT_EQ(ini.ReadIniValue(section::azimuthal, "Mode1"), "");
+    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "Band0"), "1");
+    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "Band1"), "0");
+    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "Band5"), "0");
+    EXPECT_EQ(ini.ReadIniValue("GCMapOptions", "Mode1"), "");
     EXPECT_TRUE(azimuthal.band.selected(0));
     EXPECT_TRUE(azimuthal.mode.selected(2) && !azimuthal.mode.selected(0));
     EXPECT_TRUE(azimuthal.iota.selected(4) && !azimuthal.iota.selected(0));

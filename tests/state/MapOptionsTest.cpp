@@ -41,7 +41,7 @@ TEST_F(MapOptionsTest, loadsFilterGroupsInRisingOrder) {
         settings(std::string("[MCMapOptions]\n").append(c.keys));
         FilterGroup group(Criterion::Band);
         group.set(3, true);
-        MapOptionForms::loadGroup(ini, section::miller, group);
+        MapOptionForms::loadGroup(ini, "MCMapOptions", group);
         EXPECT_EQ(captionsOf(group), c.band) << c.keys;
     }
 }
@@ -115,16 +115,16 @@ TEST_F(MapOptionsTest, savesAllThatItLoads) {
 
     maps.SaveMCMapOptions();
     for (const std::string_view key : {"ShowComp", "CompBold", "CompNorm", "15Deg", "45Deg"})
-        EXPECT_EQ(ini.ReadIniValue(section::miller, key), "") << key;
-    EXPECT_EQ(ini.ReadIniValue(section::miller, "Topo"), "True");
+        EXPECT_EQ(ini.ReadIniValue("MCMapOptions", key), "") << key;
+    EXPECT_EQ(ini.ReadIniValue("MCMapOptions", "Topo"), "True");
 }
 
 TEST_F(MapOptionsTest, namesTheFilterOfTheSettings) {
     settings("[GCMapOptions]\nBand3=1\nBand4=1\nBand5=\nMode0=1\n");
-    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Band),
+    EXPECT_EQ(filterText(ini, "GCMapOptions", Criterion::Band),
               "BAND\r\n--------\r\n10M\r\n12M\r\n");
-    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Mode), "MODE\r\n--------\r\nOFF\r\n");
-    EXPECT_EQ(filterText(ini, section::azimuthal, Criterion::Iota), "IOTA\r\n--------\r\n");
+    EXPECT_EQ(filterText(ini, "GCMapOptions", Criterion::Mode), "MODE\r\n--------\r\nOFF\r\n");
+    EXPECT_EQ(filterText(ini, "GCMapOptions", Criterion::Iota), "IOTA\r\n--------\r\n");
 }
 
 } // namespace

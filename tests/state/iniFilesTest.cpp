@@ -1,6 +1,7 @@
 #include "state/iniFiles.h"
 
 #include "platform/TestFolder.h"
+#include "state/MapColours.h"
 
 #include <gtest/gtest.h>
 
@@ -33,12 +34,14 @@ TEST(iniFiles, convertsTextsOfEveryKind) {
                  {"1e300", 1e300, true, false, 0xABCDEF}};
     const TestFolder folder;
     for (const auto& c : cases) {
-        folder.write("T.ini", "[S]\r\nKey=" + c.value + "\r\n");
+        folder.write("T.ini", "[S]\r\nKey=" + c.value +
+                                  "\r\n[GCMapOptions]\r\nLandColor=" + c.value + "\r\n");
         const iniFiles ini(folder.path(), "T.ini");
         EXPECT_EQ(ini.readNumber("S", "Key", none), c.number) << c.value;
         EXPECT_EQ(ini.readBoolean("S", "Key", true), c.boolean) << c.value;
         EXPECT_EQ(ini.readCheck("S", "Key"), c.check) << c.value;
-        EXPECT_EQ(readColour(ini, "S", "Key", 0xABCDEF), c.colour) << c.value;
+        EXPECT_EQ(readColour(ini, Projection::Azimuthal, MapColour::Land, 0xABCDEF), c.colour)
+            << c.value;
     }
 }
 

@@ -33,10 +33,10 @@ struct MapStatsTest : testing::Test {
 };
 
 TEST_F(MapStatsTest, LoadsTheMapInForceWhenItIsToldTo) {
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 16711680U);
+    EXPECT_EQ(stats.legend().colour(MapColour::Heard), 16711680U);
     EXPECT_FALSE(stats.loaded()) << "looking changes nothing";
     stats.load();
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 111U);
+    EXPECT_EQ(stats.legend().colour(MapColour::Heard), 111U);
     EXPECT_TRUE(stats.loaded());
     EXPECT_EQ(run.PlotLineWidth, 3);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
@@ -47,8 +47,8 @@ TEST_F(MapStatsTest, LoadsTheMapInForceWhenItIsToldTo) {
 TEST_F(MapStatsTest, ClosingDropsAllAndTheNextLoadReadsTheSettings) {
     stats.load();
     fillLists();
-    stats.legend().set(LegendEntry::Heard, 999);
-    stats.legend().set(LegendEntry::Worked, 999);
+    stats.legend().set(MapColour::Heard, 999);
+    stats.legend().set(MapColour::Worked, 999);
     run.marks.projection = Projection::Miller;
     stats.unload();
     EXPECT_FALSE(stats.loaded());
@@ -56,8 +56,8 @@ TEST_F(MapStatsTest, ClosingDropsAllAndTheNextLoadReadsTheSettings) {
     EXPECT_EQ(stats.lists().lstPfxNotPlotted.size(), 0U);
     EXPECT_TRUE(stats.lists().lstStats.empty());
     stats.load();
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Heard), 333U);
-    EXPECT_EQ(stats.legend().colour(LegendEntry::Worked), 255U) << "a key that is empty";
+    EXPECT_EQ(stats.legend().colour(MapColour::Heard), 333U);
+    EXPECT_EQ(stats.legend().colour(MapColour::Worked), 255U) << "a key that is empty";
     EXPECT_EQ(run.PlotLineWidth, 2);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n160M\r\n");
 }
