@@ -2,7 +2,6 @@
 
 #include "export/ZipClass.h"
 #include "log/QsoFilter.h"
-#include "log/RecordReader.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 
@@ -126,77 +125,65 @@ ExportEnd GoogleExport::writeFolder(const Folder& folder, LogFile& log) {
     return end;
 }
 
-ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder, LogFile& log) {
-    RecordReader reader(log);
-    bool dictionaryLoaded = false;
-    std::int64_t LogBytesDone = 0;
-    std::size_t records = 0;
-    for (;;) {
-        switch (reader.next()) {
-        case Cut::End:
-            QsosPlotted_ = 0;
-            return ExportEnd::Done;
-        case Cut::Failed:
-            return failLog(reader.error());
-        case Cut::Blank:
-            break;
-        case Cut::Record:
-            if (!dictionaryLoaded) {
-                if (const ExportEnd end = loadDictionary(); end != ExportEnd::Done) {
-                    return end;
-                }
-                dictionaryLoaded = true;
-            }
-            takeRecord(reader.line(), folder.status, records);
-            ++records;
-            LogBytesDone += static_cast<std::int64_t>(reader.line().size());
-            break;
+/// Puts the records of one class into the document.
+class GoogleExport::FolderPass : public LogPass::Visitor {
+public:
+    FolderPass(GoogleExport& owner, const Folder& folder) : owner_(owner), folder_(folder) {}
+
+    void takeRecord(FieldTable& fields, std::string_view line) override {
+        ++owner_.GoogleRecords_;
+        const std::size_t record = record_++;
+        std::vector<std::optional<QsoStatus>>& folders = owner_.folderOfRecord_;
+        // A record that the first pass saw in another folder needs no second look.
+        if (record < folders.size() && folders[record] != folder_.status) {
+            return;
         }
-        if (book_.failed()) {
-            return failDocument(book_.error());
+        fields.ParseRecordLine(line);
+        if (record == folders.size()) {
+            folders.push_back(folderFor(fields));
         }
-        const double done = (static_cast<double>(LogBytesDone) / passes) /
-                            (static_cast<double>(log.size()) / passes);
-        listener_.showProgress(toSingle(done * 30.0 + folder.barBase));
-        listener_.yield();
-        if (run_.AbortRequested) {
-            run_.AbortRequested = false;
-            return ExportEnd::Aborted;
+        const FieldRows& rows = fields.rows();
+        if (folders[record] == folder_.status &&
+            passesFilter(owner_.options_.filter, fields.trimmed(rows.RowBand),
+                         fields.trimmed(rows.RowMode), fields.trimmed(rows.RowIota))) {
+            owner_.book_.WritePlacemark(fields, owner_.options_.chkCall);
         }
     }
-}
 
-ExportEnd GoogleExport::loadDictionary() {
-    switch (fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
-    case ReadEnd::Missing:
-        dropFiles();
-        prompt_.tell(std::string(FieldTable::missingMessage), MessageIcon::Critical);
-        return ExportEnd::DictionaryMissing;
-    case ReadEnd::Unreadable:
-        return fail(ExportEnd::DictionaryUnreadable, fields_.failure());
-    case ReadEnd::Content:
+    bool failed() const override { return owner_.book_.failed(); }
+
+    float progress(double done, double size) override {
+        return toSingle((done / passes) / (size / passes) * 30.0 + folder_.barBase);
+    }
+
+private:
+    GoogleExport& owner_;
+    const Folder& folder_;
+    std::size_t record_ = 0;
+};
+
+ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder, LogFile& log) {
+    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::BehindYield);
+    FolderPass records(*this, folder);
+    const PassEnd end = pass.read(records);
+    switch (end) {
+    case PassEnd::Done:
+        QsosPlotted_ = 0;
+        return ExportEnd::Done;
+    case PassEnd::Aborted:
+        return ExportEnd::Aborted;
+    case PassEnd::Stopped:
+        return failDocument(book_.error());
+    case PassEnd::LogUnreadable:
+    case PassEnd::DictionaryMissing:
+    case PassEnd::DictionaryUnreadable:
         break;
     }
-    fields_.ResolveFieldRows();
-    return ExportEnd::Done;
-}
-
-void GoogleExport::takeRecord(std::string_view line, QsoStatus folder, std::size_t record) {
-    ++GoogleRecords_;
-    // A record that the first pass saw in another folder needs no second look.
-    const bool known = record < folderOfRecord_.size();
-    if (known && folderOfRecord_[record] != folder) {
-        return;
-    }
-    fields_.ParseRecordLine(line);
-    if (!known) {
-        folderOfRecord_.push_back(folderFor(fields_));
-    }
-    const FieldRows& rows = fields_.rows();
-    if (passesFilter(options_.filter, fields_.trimmed(rows.RowBand), fields_.trimmed(rows.RowMode),
-                     fields_.trimmed(rows.RowIota))) {
-        book_.WritePlacemark(fields_, options_.chkCall);
-    }
+    dropFiles();
+    pass.tellEnd(end, shownLog_, prompt_);
+    return end == PassEnd::LogUnreadable       ? ExportEnd::LogUnreadable
+           : end == PassEnd::DictionaryMissing ? ExportEnd::DictionaryMissing
+                                               : ExportEnd::DictionaryUnreadable;
 }
 
 ExportEnd GoogleExport::tellNothingPlaced() {

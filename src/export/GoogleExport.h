@@ -1,10 +1,7 @@
 #pragma once
 
 #include "export/LogBook.h"
-#include "log/FieldTable.h"
-#include "log/LogFile.h"
-#include "platform/PassListener.h"
-#include "platform/UserPrompt.h"
+#include "log/LogPass.h"
 #include "platform/WorkFolder.h"
 #include "state/GoogleMapOptions.h"
 #include "state/RunState.h"
@@ -88,12 +85,11 @@ public:
 
 private:
     struct Folder;
+    class FolderPass;
 
     ExportEnd writeDocument(LogFile& log);
     ExportEnd writeFolder(const Folder& folder, LogFile& log);
     ExportEnd ReadLogForGoogle(const Folder& folder, LogFile& log);
-    ExportEnd loadDictionary();
-    void takeRecord(std::string_view line, QsoStatus folder, std::size_t record);
     ExportEnd tellNothingPlaced();
     std::string packDocument();
     WriteEnd leaveDocument();
@@ -125,7 +121,6 @@ private:
     std::optional<WorkFolder> work_;
     std::string document_; ///< path in the work folder
     LogBook book_;
-    FieldTable fields_;
     std::int64_t GoogleRecords_ = 0;
     /// Of each record, as the first pass saw it.
     std::vector<std::optional<QsoStatus>> folderOfRecord_;

@@ -155,15 +155,12 @@ void LogBook::WriteFolderHead(QsoStatus folder) {
 void LogBook::WriteFolderEnd() { print("  </Folder>\r\n"); }
 
 void LogBook::WritePlacemark(const FieldTable& record, bool withName) {
-    if (folderFor(record) != folder_) {
-        return;
-    }
     const Folder& folder = folderOf(folder_);
     ++(counters_.*folder.counter);
     const FieldRows& rows = record.rows();
     std::string_view Call = record.trimmed(rows.RowCall);
-    if (folder_ == QsoStatus::Heard) {
-        Call.remove_suffix(1); // the "=" that marks it
+    if (folder_ == QsoStatus::Heard && Call.ends_with('=')) {
+        Call.remove_suffix(1);
     }
     const std::string Longitude = generalText(-numberValue(record.value(rows.RowLongitude)));
     const std::string_view Latitude = record.trimmed(rows.RowLatitude);

@@ -55,7 +55,7 @@ public:
     void WriteFolderHead(QsoStatus folder);
     void WriteFolderEnd();
 
-    /// Writes a placemark if the record belongs into the open folder.
+    /// Writes a placemark into the open folder, which has to be the record's.
     /// @param record whose line was parsed
     /// @param withName whether the placemark carries the call as its name
     void WritePlacemark(const FieldTable& record, bool withName);

@@ -81,31 +81,15 @@ struct Wanted {
 };
 
 constexpr Wanted wantedTags[] = {
-    {&FieldRows::RowQsoDate, "QSO_DATE"},
-    {&FieldRows::RowTimeOn, "TIME_ON"},
     {&FieldRows::RowCall, "CALL"},
-    {&FieldRows::RowOperator, "OPERATOR"},
-    {&FieldRows::RowRstSent, "RST_SENT"},
-    {&FieldRows::RowRstRcvd, "RST_RCVD"},
-    {&FieldRows::RowFreq, "FREQ"},
     {&FieldRows::RowMode, "MODE"},
-    {&FieldRows::RowTxPwr, "TX_PWR"},
-    {&FieldRows::RowTimeOff, "TIME_OFF"},
-    {&FieldRows::RowComment, "COMMENT"},
-    {&FieldRows::RowQslSent, "QSL_SENT"},
     {&FieldRows::RowQslRcvd, "QSL_RCVD"},
-    {&FieldRows::RowQslVia, "QSL_VIA"},
     {&FieldRows::RowBand, "BAND"},
-    {&FieldRows::RowName, "NAME"},
-    {&FieldRows::RowGridsquare, "GRIDSQUARE"},
     {&FieldRows::RowIota, "IOTA"},
-    {&FieldRows::RowPfx, "PFX"},
-    {&FieldRows::RowState, "STATE"},
     {&FieldRows::RowLatitude, "APP_LOGGER32_LAT"},
     {&FieldRows::RowLongitude, "APP_LOGGER32_LNG"},
     {&FieldRows::RowEqslRcvd, "eQSL_QSL_RCVD"},
     {&FieldRows::RowLotwRcvd, "LOTW_QSL_RCVD"},
-    {&FieldRows::RowLoggerCountry, "APP_LOGGER32_COUNTRY"},
     {&FieldRows::RowCountry, "COUNTRY"},
 };
 

@@ -13,31 +13,15 @@ namespace tovrel {
 
 /// Rows of FieldTable that hold the tags the program asks for, 0 where the dictionary lacks one.
 struct FieldRows {
-    int RowQsoDate = 0;
-    int RowTimeOn = 0;
     int RowCall = 0;
-    int RowOperator = 0;
-    int RowRstSent = 0;
-    int RowRstRcvd = 0;
-    int RowFreq = 0;
     int RowMode = 0;
-    int RowTxPwr = 0;
-    int RowTimeOff = 0;
-    int RowComment = 0;
-    int RowQslSent = 0;
     int RowQslRcvd = 0;
-    int RowQslVia = 0;
     int RowBand = 0;
-    int RowName = 0;
-    int RowGridsquare = 0;
     int RowIota = 0;
-    int RowPfx = 0;
-    int RowState = 0;
     int RowLatitude = 0;  ///< APP_LOGGER32_LAT
     int RowLongitude = 0; ///< APP_LOGGER32_LNG
     int RowEqslRcvd = 0;
     int RowLotwRcvd = 0;
-    int RowLoggerCountry = 0; ///< APP_LOGGER32_COUNTRY
     int RowCountry = 0;
 };
 

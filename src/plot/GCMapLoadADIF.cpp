@@ -1,7 +1,6 @@
 #include "plot/GCMapLoadADIF.h"
 
 #include "log/QsoFilter.h"
-#include "log/RecordReader.h"
 #include "map/Overlays.h"
 #include "map/WorldMap.h"
 #include "platform/Files.h"
@@ -29,7 +28,13 @@ PassEnd GCMapLoadADIF::PlotLog() {
     tables_.clear();
     progress_ = 0.0F;
 
-    const PassEnd end = readLog();
+    LogFile log(run_.LogFileName);
+    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::BeforeYield);
+    const PassEnd end = pass.read(*this);
+    if (end != PassEnd::Done && end != PassEnd::Aborted) {
+        dropResult();
+        pass.tellEnd(end, run_.shownLog(), prompt_);
+    }
     if (end != PassEnd::Done) {
         return end;
     }
@@ -53,88 +58,36 @@ PassEnd GCMapLoadADIF::PlotLog() {
     return PassEnd::Done;
 }
 
-PassEnd GCMapLoadADIF::readLog() {
-    LogFile log(run_.LogFileName);
-    RecordReader records(log);
-    bool dictionaryLoaded = false;
-    std::int64_t LogBytesDone = 0;
-    for (;;) {
-        switch (records.next()) {
-        case Cut::End:
-            return PassEnd::Done;
-        case Cut::Failed:
-            dropResult();
-            prompt_.tellFailure({FileFailure::Act::Read, "The ADIF file could not be read.",
-                                 run_.shownLog(), records.error()});
-            return PassEnd::LogUnreadable;
-        case Cut::Blank:
-            break;
-        case Cut::Record:
-            if (!dictionaryLoaded) {
-                if (const PassEnd end = loadDictionary(); end != PassEnd::Done) {
-                    return end;
-                }
-                dictionaryLoaded = true;
-            }
-            takeRecord(records.line());
-            // Before the yield: a request made behind this record stops the pass after the next.
-            if (run_.AbortRequested) {
-                run_.AbortRequested = false;
-                return PassEnd::Aborted;
-            }
-            LogBytesDone += static_cast<std::int64_t>(records.line().size());
-            progress_ = toSingle(static_cast<double>(LogBytesDone) /
-                                 static_cast<double>(log.size()) * 100.0);
-            listener_.showProgress(progress_);
-            break;
-        }
-        listener_.yield();
-    }
+float GCMapLoadADIF::progress(double done, double size) {
+    return progress_ = toSingle(done / size * 100.0);
 }
 
-PassEnd GCMapLoadADIF::loadDictionary() {
-    // A folder that must stay as it is was given no dictionary at the start.
-    switch (fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
-    case ReadEnd::Missing:
-        dropResult();
-        prompt_.tell(std::string(FieldTable::missingMessage), MessageIcon::Critical);
-        return PassEnd::DictionaryMissing;
-    case ReadEnd::Unreadable:
-        dropResult();
-        prompt_.tellFailure(fields_.failure());
-        return PassEnd::DictionaryUnreadable;
-    case ReadEnd::Content:
-        break;
-    }
-    fields_.ResolveFieldRows();
-    return PassEnd::Done;
-}
-
-void GCMapLoadADIF::takeRecord(std::string_view line) {
+void GCMapLoadADIF::takeRecord(FieldTable& fields, std::string_view line) {
     ++tables_.counters.QsosRead;
-    fields_.ParseRecordLine(line);
-    const FieldRows& rows = fields_.rows();
-    const double west = coordinateValue(field(rows.RowLongitude));
+    fields.ParseRecordLine(line);
+    const FieldRows& rows = fields.rows();
+    const double west = coordinateValue(fields.trimmed(rows.RowLongitude));
     if (west != 0.0) {
         tables_.LogHasCoordinates = true;
     }
-    if (!passesFilter()) {
+    if (!passesFilter(fields)) {
         return;
     }
     tables_.FilterPassedAny = true;
-    plotRecord(field(rows.RowCall), coordinateValue(field(rows.RowLatitude)), west);
+    plotRecord(fields, coordinateValue(fields.trimmed(rows.RowLatitude)), west);
 }
 
-bool GCMapLoadADIF::passesFilter() {
-    const FieldRows& rows = fields_.rows();
-    return tovrel::passesFilter(maps_.inForce().filter, field(rows.RowBand), field(rows.RowMode),
-                                field(rows.RowIota));
+bool GCMapLoadADIF::passesFilter(const FieldTable& fields) const {
+    const FieldRows& rows = fields.rows();
+    return tovrel::passesFilter(maps_.inForce().filter, fields.trimmed(rows.RowBand),
+                                fields.trimmed(rows.RowMode), fields.trimmed(rows.RowIota));
 }
 
 /// @param north, west degrees; 0 for a coordinate that can't place a QSO, since it begins with no
 ///        number or that number is zero
-void GCMapLoadADIF::plotRecord(std::string_view call, double north, double west) {
-    const FieldRows& rows = fields_.rows();
+void GCMapLoadADIF::plotRecord(const FieldTable& fields, double north, double west) {
+    const FieldRows& rows = fields.rows();
+    const std::string_view call = fields.trimmed(rows.RowCall);
     if (north == 0.0 || west == 0.0) {
         ++tables_.counters.QsosNotPlotted;
         stats_.lists().addNotPlotted(call);
@@ -142,8 +95,10 @@ void GCMapLoadADIF::plotRecord(std::string_view call, double north, double west)
     }
     ++tables_.counters.QsosPlotted;
     const QsoStatus status =
-        statusOf(call, field(rows.RowQslRcvd), field(rows.RowEqslRcvd), field(rows.RowLotwRcvd));
-    tables_.plotTable.add(toSingle(north), -toSingle(west), status, call, field(rows.RowCountry));
+        statusOf(call, fields.trimmed(rows.RowQslRcvd), fields.trimmed(rows.RowEqslRcvd),
+                 fields.trimmed(rows.RowLotwRcvd));
+    tables_.plotTable.add(toSingle(north), -toSingle(west), status, call,
+                          fields.trimmed(rows.RowCountry));
 }
 
 /// What was read is no result: the lists and tables stay as a map without a plot has them.

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "log/FieldTable.h"
+#include "log/LogPass.h"
 #include "map/PictureSurface.h"
-#include "platform/PassListener.h"
-#include "platform/UserPrompt.h"
 #include "plot/PlotTables.h"
 #include "state/MapOptions.h"
 #include "state/RunState.h"
@@ -16,21 +14,12 @@
 
 namespace tovrel {
 
-/// How a plot pass came to its end.
-enum class PassEnd {
-    Done,
-    Aborted,           ///< the user asked for it
-    LogUnreadable,     ///< the log could not be opened or read to its end; the user was told
-    DictionaryMissing, ///< the field dictionary has gone; the user was told, the program must end
-    DictionaryUnreadable, ///< the field dictionary can't be read; the user was told
-};
-
 /// The pass that plots a log: reads it once, keeps every QSO that passes the filter and has
 /// coordinates, and draws them when the whole log was read.
 ///
 /// It looks at AbortRequested once for each record and at the options at every record, live, since
 /// the user may change either whenever events run.
-class GCMapLoadADIF {
+class GCMapLoadADIF : private LogPass::Visitor {
 public:
     GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
                   PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
@@ -39,18 +28,17 @@ public:
     /// Called when the log was read, before anything is drawn.
     std::function<void()> beforeMarks;
 
-    /// Plots the log that the run names, on a map and with lists that were just cleared.
+    /// Plots the log that the run names, on a map and with lists that were just cleared. When the
+    /// log or its dictionary can't be read the user is told.
     PassEnd PlotLog();
 
 private:
-    PassEnd readLog();
-    void takeRecord(std::string_view line);
-    void plotRecord(std::string_view call, double north, double west);
-    PassEnd loadDictionary();
-    bool passesFilter();
+    void takeRecord(FieldTable& fields, std::string_view line) override;
+    float progress(double done, double size) override;
+    bool passesFilter(const FieldTable& fields) const;
+    void plotRecord(const FieldTable& fields, double north, double west);
     void dropResult();
     void writeSummary();
-    std::string_view field(int row) const { return fields_.trimmed(row); }
 
     iniFiles& ini_;
     MapOptionForms& maps_;
@@ -60,7 +48,6 @@ private:
     PictureSurface& Picture2_;
     PassListener& listener_;
     UserPrompt& prompt_;
-    FieldTable fields_;
     float progress_ = 0.0F;
 };
 

@@ -32,7 +32,8 @@ std::string documentOf(const std::string& log, bool withName) {
         for (Cut cut = reader.next(); cut != Cut::End; cut = reader.next()) {
             if (cut == Cut::Record) {
                 fields.ParseRecordLine(reader.line());
-                book.WritePlacemark(fields, withName);
+                if (folderFor(fields) == status)
+                    book.WritePlacemark(fields, withName);
             }
         }
         book.WriteFolderEnd();
@@ -56,7 +57,8 @@ Placed placed(const std::string& record) {
     EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "", "1"));
     for (const QsoStatus status : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
         book.WriteFolderHead(status);
-        book.WritePlacemark(fields, true);
+        if (folderFor(fields) == status)
+            book.WritePlacemark(fields, true);
     }
     EXPECT_TRUE(book.close());
     return {folder.read("log.kml"), book.counters()};

@@ -56,10 +56,10 @@ TEST(GCMapLoadADIF, ShowsTheShareOfTheBytesDone) {
     run.plot();
     const double size = 2.0 * static_cast<double>(one.size()) + 4.0 + 22.0;
     const double line = static_cast<double>(one.size()) - 2.0;
-    ASSERT_EQ(run.listener.progress.size(), 4U) << "0, two records, and once more at the end";
-    EXPECT_EQ(run.listener.progress[1], static_cast<float>(line / size * 100.0));
-    EXPECT_EQ(run.listener.progress[2], static_cast<float>(2.0 * line / size * 100.0));
-    EXPECT_EQ(run.listener.progress[3], run.listener.progress[2]);
+    std::vector<float>& shown = run.listener.progress;
+    shown.erase(std::unique(shown.begin(), shown.end()), shown.end());
+    EXPECT_EQ(shown, (std::vector<float>{0.0F, static_cast<float>(line / size * 100.0),
+                                         static_cast<float>(2.0 * line / size * 100.0)}));
     PlotRun empty("");
     EXPECT_EQ(empty.plot(), PassEnd::Done);
     EXPECT_EQ(empty.listener.progress.back(), 0.0F);

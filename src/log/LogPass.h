@@ -1,0 +1,79 @@
+#pragma once
+
+#include "log/FieldTable.h"
+#include "log/LogFile.h"
+#include "platform/PassListener.h"
+#include "platform/UserPrompt.h"
+#include "state/RunState.h"
+#include "state/iniFiles.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tovrel {
+
+/// How a pass over a log came to its end.
+enum class PassEnd {
+    Done,
+    Aborted,              ///< the user asked for it
+    Stopped,              ///< by what the pass does with the records
+    LogUnreadable,        ///< the log could not be opened or read to its end
+    DictionaryMissing,    ///< the field dictionary has gone; the program must end
+    DictionaryUnreadable, ///< the field dictionary can't be read
+};
+
+/// One pass over a log, record by record: cuts it, loads the field dictionary at the first record,
+/// tells how far it is, lets events run and looks whether the user wants it to stop.
+class LogPass {
+public:
+    /// What a pass does with the records.
+    class Visitor {
+    public:
+        virtual ~Visitor() = default;
+
+        /// The next record.
+        /// @param fields with the dictionary, the record not yet parsed
+        /// @param line its text, valid within the call
+        virtual void takeRecord(FieldTable& fields, std::string_view line) = 0;
+
+        /// Whether the pass shall stop; asked behind each record and each blank line.
+        virtual bool failed() const { return false; }
+
+        /// Value of the progress bar.
+        /// @param done bytes of the records taken
+        /// @param size bytes of the log
+        virtual float progress(double done, double size) = 0;
+    };
+
+    /// When a request to abort is looked at.
+    enum class Abort {
+        BeforeYield, ///< behind a record: one that is made in a yield stops it behind the next
+        BehindYield  ///< behind each record and blank line
+    };
+
+    /// @param log, ini, run, listener have to outlive the pass
+    LogPass(LogFile& log, const iniFiles& ini, RunState& run, PassListener& listener, Abort abort)
+        : log_(log), ini_(ini), run_(run), listener_(listener), abort_(abort) {}
+
+    /// Reads the log from its start. An abort clears the request for it.
+    PassEnd read(Visitor& visitor);
+
+    /// Tells the user why the log or its dictionary could not be read, if that was the end.
+    /// @param shownLog how to name the log
+    void tellEnd(PassEnd end, const std::string& shownLog, UserPrompt& prompt) const;
+
+private:
+    bool takeAbort(Abort when);
+
+    LogFile& log_;
+    const iniFiles& ini_;
+    RunState& run_;
+    PassListener& listener_;
+    Abort abort_;
+    FieldTable fields_;
+    std::int64_t LogBytesDone_ = 0;
+    std::string error_;
+};
+
+} // namespace tovrel
