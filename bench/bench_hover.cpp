@@ -13,16 +13,23 @@ namespace {
 
 constexpr int contacts = 1'000'000;
 
+PlotRow rowAt(double mapY, double mapX) {
+    PlotRow row;
+    row.mapY = mapY;
+    row.mapX = mapX;
+    return row;
+}
+
 /// Contacts all over the map, or 5,000 of them on one spot.
-std::vector<HoverRow> hoverTable(bool spot) {
+std::vector<PlotRow> hoverTable(bool spot) {
     constexpr int onSpot = 5000;
     std::mt19937 random{1};
     std::uniform_real_distribution<double> units(-19000.0, 19000.0);
-    std::vector<HoverRow> rows;
+    std::vector<PlotRow> rows;
     for (int i = 0; i < contacts; ++i)
-        rows.push_back({units(random), units(random)});
+        rows.push_back(rowAt(units(random), units(random)));
     for (int i = 0; spot && i < onSpot; ++i)
-        rows[static_cast<std::size_t>(i) * (contacts / onSpot)] = {20.0, 30.0};
+        rows[static_cast<std::size_t>(i) * (contacts / onSpot)] = rowAt(20.0, 30.0);
     return rows;
 }
 
@@ -42,7 +49,7 @@ BENCHMARK_CAPTURE(walkHits, spot, true)->Name("hoverSpot")->Unit(benchmark::kMic
 
 /// Every row compared with the pointer, as its rule says.
 void scan(benchmark::State& state) {
-    const std::vector<HoverRow> table = hoverTable(false);
+    const std::vector<PlotRow> table = hoverTable(false);
     const auto step = [](double units) {
         return roundToInt(static_cast<double>(toSingle(roundHalfEven(units)) / 100.0F));
     };
@@ -59,7 +66,7 @@ void scan(benchmark::State& state) {
 BENCHMARK(scan)->Name("hoverYardstick")->Unit(benchmark::kMicrosecond);
 
 void build(benchmark::State& state) {
-    const std::vector<HoverRow> table = hoverTable(false);
+    const std::vector<PlotRow> table = hoverTable(false);
     HoverIndex index;
     for (auto _ : state) {
         index.build(table);

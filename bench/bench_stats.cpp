@@ -28,9 +28,11 @@ const std::vector<std::string>& calls() {
 void sortList(benchmark::State& state) {
     for (auto _ : state) {
         state.PauseTiming();
-        SortedList<Station> list;
+        std::vector<Station> stations;
         for (const std::string& call : calls())
-            list.add({call, 1.0, 2.0});
+            stations.push_back({call, 1.0, 2.0});
+        StationList list;
+        list.add(std::move(stations), nullptr);
         state.ResumeTiming();
         benchmark::DoNotOptimize(&list.sorted()[0]);
     }

@@ -41,19 +41,16 @@ std::string list(const Texts& texts) {
 }
 
 std::string plottedContacts(const PlotTables& tables) {
-    const std::vector<PlotRow>& rows = tables.plotTable.rows();
     std::string json = "[";
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const HoverRow& at = tables.HoverTable[i];
-        const bool shown = at.mapX == at.mapX;
-        json += i > 0 ? ",\n{" : "\n{";
-        json += member("call", quoted(rows[i].call));
-        json += member("status", quoted(std::string(1, static_cast<char>(rows[i].status))));
-        json += member("country", quoted(tables.plotTable.country(rows[i])));
-        json += member("latitude", decimalText(rows[i].latitude));
-        json += member("longitude", decimalText(rows[i].longitude));
-        json += member("mapY", shown ? decimalText(at.mapY) : "null");
-        json += "\"mapX\":" + (shown ? decimalText(at.mapX) : "null") + "}";
+    for (const PlotRow& row : tables.plotTable.rows()) {
+        json += json.size() > 1 ? ",\n{" : "\n{";
+        json += member("call", quoted(row.call));
+        json += member("status", quoted(std::string(1, static_cast<char>(row.status))));
+        json += member("country", quoted(tables.plotTable.country(row)));
+        json += member("latitude", decimalText(row.latitude));
+        json += member("longitude", decimalText(row.longitude));
+        json += member("mapY", row.shown() ? decimalText(row.mapY) : "null");
+        json += "\"mapX\":" + (row.shown() ? decimalText(row.mapX) : "null") + "}";
     }
     return json + "]";
 }

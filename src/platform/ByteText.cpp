@@ -3,6 +3,7 @@
 #include <QStringDecoder>
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace tovrel {
 
@@ -37,5 +38,13 @@ QString displayText(std::string_view bytes) {
 }
 
 std::string byteText(const QString& text) { return text.toStdString(); }
+
+std::string_view keep(Texts& texts, std::string_view text) {
+    if (text.empty())
+        return {};
+    auto* const copy = static_cast<char*>(texts.allocate(text.size(), 1));
+    std::memcpy(copy, text.data(), text.size());
+    return {copy, text.size()};
+}
 
 } // namespace tovrel

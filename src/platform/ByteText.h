@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 
@@ -40,5 +41,11 @@ QString displayText(std::string_view bytes);
 
 /// What the user typed or chose, as the bytes that settings and file names hold (UTF-8).
 std::string byteText(const QString& text);
+
+/// Keeps many short texts without an allocation for each; they live as long as it does.
+using Texts = std::pmr::monotonic_buffer_resource;
+
+/// A copy of a text among others.
+std::string_view keep(Texts& texts, std::string_view text);
 
 } // namespace tovrel

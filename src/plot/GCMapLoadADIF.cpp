@@ -90,7 +90,7 @@ void GCMapLoadADIF::plotRecord(const FieldTable& fields, double north, double we
     const std::string_view call = fields.trimmed(rows.RowCall);
     if (north == 0.0 || west == 0.0) {
         ++tables_.counters.QsosNotPlotted;
-        stats_.lists().addNotPlotted(call);
+        stats_.lists().lstPfxNotPlotted.add(call);
         return;
     }
     ++tables_.counters.QsosPlotted;

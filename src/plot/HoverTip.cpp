@@ -34,15 +34,15 @@ bool later(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b) {
 
 void HoverIndex::clear() { *this = {}; }
 
-void HoverIndex::build(const std::vector<HoverRow>& table) {
+void HoverIndex::build(const std::vector<PlotRow>& table) {
     clear();
     // Counting sort by cell, rows of a cell in their order.
     constexpr std::uint32_t noCell = std::numeric_limits<std::uint32_t>::max();
     std::vector<std::uint32_t> cells(table.size(), noCell);
     starts_.assign(static_cast<std::size_t>(side) * side + 1, 0);
     for (std::size_t i = 0; i < table.size(); ++i) {
-        const HoverRow& row = table[i];
-        if (row.mapY != row.mapY || row.mapX != row.mapX) {
+        const PlotRow& row = table[i];
+        if (!row.shown()) {
             continue;
         }
         const int y = gridStep(row.mapY);
@@ -123,7 +123,7 @@ std::vector<std::string> tipStations(const PlotTables& tables, TipParts parts, d
                                      double mapX, std::size_t longest) {
     std::vector<std::string> stations;
     std::size_t length = 0;
-    HoverHits hits(tables.hoverIndex, mapY, mapX);
+    HoverHits hits(tables.HoverTable, mapY, mapX);
     while (hits.left() > 0) {
         if (length > longest) {
             stations.push_back("... and " + std::to_string(hits.left()) + " more");

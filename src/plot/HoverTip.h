@@ -1,5 +1,7 @@
 #pragma once
 
+#include "plot/PlotRow.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -11,21 +13,17 @@
 
 namespace tovrel {
 
-/// Where a plotted QSO lies, in map units rounded to 4 decimals; NaN for one that can't be shown
-/// since it lies too near the antipode.
-struct HoverRow {
-    double mapY = 0.0;
-    double mapX = 0.0;
-};
-
-/// Finds the rows of the hover table near a position without looking at all of them.
+/// Finds the rows of a plot near a position without looking at all of them.
 ///
 /// Positions count on a grid of 100 map units, and a row is near when it lies fewer than 5 steps
 /// away on both axes. So the rows of 9 by 9 cells are all the hits there are.
 class HoverIndex {
 public:
-    /// Replaces the index by that of a table, in time linear in its rows.
-    void build(const std::vector<HoverRow>& table);
+    /// Replaces the index by that of a table's rows, in time linear in their number. Those that are
+    /// not shown are never found.
+    void build(const std::vector<PlotRow>& table);
+
+    /// The map shows no plot any more: nothing is found.
     void clear();
 
     /// Rows near a position, as groups that are none of them empty and each in log order.

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 #include <array>
-#include <limits>
+#include <utility>
 
 namespace tovrel {
 
@@ -16,7 +16,7 @@ constexpr int listDecimals = 4;
 struct Layer {
     QsoStatus status;
     std::int32_t PassCounters::*counter;
-    SortedList<Station> StatusLists::*list;
+    StationList StatusLists::*list;
     MapColour colour;
 };
 
@@ -40,15 +40,13 @@ void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
 }
 
 void fillHoverTable(PlotTables& tables, const WorldMap& map) {
-    constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
-    tables.HoverTable.clear();
-    tables.HoverTable.reserve(tables.plotTable.size());
-    for (const PlotRow& row : tables.plotTable.rows()) {
-        const MapPoint at = pointOr(map.position(row.latitude, row.longitude), {nowhere, nowhere});
-        tables.HoverTable.push_back(
-            {roundHalfEven(at.y, listDecimals), roundHalfEven(at.x, listDecimals)});
+    for (PlotRow& row : tables.plotTable.rows()) {
+        const MapPoint at = pointOr(map.position(row.latitude, row.longitude),
+                                    {PlotRow::nowhere, PlotRow::nowhere});
+        row.mapY = roundHalfEven(at.y, listDecimals);
+        row.mapX = roundHalfEven(at.x, listDecimals);
     }
-    tables.hoverIndex.build(tables.HoverTable);
+    tables.HoverTable.build(tables.plotTable.rows());
 }
 
 } // namespace
@@ -73,29 +71,26 @@ void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, DotWidths widths,
         return;
     }
     fillHoverTable(tables, map);
-    lists.holdTexts(tables.plotTable.texts());
     const Colour outline = legend.colour(MapColour::PlotOutline);
     const std::vector<PlotRow>& rows = tables.plotTable.rows();
     for (const Layer& layer : layers) {
         const Colour colour = legend.colour(layer.colour);
-        (lists.*layer.list)
-            .reserve(static_cast<std::size_t>(
-                std::count_if(rows.begin(), rows.end(), [&layer](const PlotRow& row) {
-                    return row.status == layer.status;
-                })));
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            if (rows[i].status != layer.status) {
+        std::vector<Station> stations;
+        stations.reserve(static_cast<std::size_t>(
+            std::count_if(rows.begin(), rows.end(),
+                          [&layer](const PlotRow& row) { return row.status == layer.status; })));
+        for (const PlotRow& row : rows) {
+            if (row.status != layer.status) {
                 continue;
             }
-            const Station station{rows[i].call, tables.HoverTable[i].mapY,
-                                  tables.HoverTable[i].mapX};
-            ++(tables.counters.*layer.counter);
-            (lists.*layer.list).add(station);
-            if (station.shown()) {
-                drawMark(Picture2, {toSingle(station.mapX), toSingle(station.mapY)}, widths,
-                         outline, colour);
+            stations.push_back({row.call, row.mapY, row.mapX});
+            if (row.shown()) {
+                drawMark(Picture2, {toSingle(row.mapX), toSingle(row.mapY)}, widths, outline,
+                         colour);
             }
         }
+        tables.counters.*layer.counter += static_cast<std::int32_t>(stations.size());
+        (lists.*layer.list).add(std::move(stations), tables.plotTable.texts());
     }
 }
 

@@ -9,7 +9,7 @@ void PlotTable::clear() {
     rows_.shrink_to_fit();
     countries_.clear();
     countryNumbers_.clear();
-    texts_ = std::make_shared<TextPool>();
+    texts_ = std::make_shared<Texts>();
 }
 
 void PlotTable::add(float latitude, float longitude, QsoStatus status, std::string_view call,
@@ -18,7 +18,7 @@ void PlotTable::add(float latitude, float longitude, QsoStatus status, std::stri
                      .longitude = longitude,
                      .status = status,
                      .country = countryNumber(country),
-                     .call = texts_->add(call)});
+                     .call = keep(*texts_, call)});
 }
 
 std::uint32_t PlotTable::countryNumber(std::string_view country) {
@@ -27,16 +27,11 @@ std::uint32_t PlotTable::countryNumber(std::string_view country) {
         return known->second;
     }
     const auto number = static_cast<std::uint32_t>(countries_.size());
-    countries_.push_back(texts_->add(country));
+    countries_.push_back(keep(*texts_, country));
     countryNumbers_.emplace(countries_.back(), number);
     return number;
 }
 
 void PlotTables::clear() { *this = {}; }
-
-void PlotTables::clearHover() {
-    HoverTable.clear();
-    hoverIndex.clear();
-}
 
 } // namespace tovrel

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "log/QsoStatus.h"
+#include "platform/ByteText.h"
 #include "plot/HoverTip.h"
-#include "stats/TextPool.h"
+#include "plot/PlotRow.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,15 +12,6 @@
 #include <vector>
 
 namespace tovrel {
-
-/// A QSO to be drawn.
-struct PlotRow {
-    float latitude = 0.0F;  ///< degrees, north positive, as the log has it, no range tested
-    float longitude = 0.0F; ///< degrees, east positive: the log's value with its sign turned
-    QsoStatus status = QsoStatus::Worked;
-    std::uint32_t country = 0; ///< number of the country's name in the table
-    std::string_view call;
-};
 
 /// The QSOs to be drawn, in the order of the log, with the texts that they share.
 class PlotTable {
@@ -32,17 +23,18 @@ public:
     void clear();
 
     const std::vector<PlotRow>& rows() const { return rows_; }
+    std::vector<PlotRow>& rows() { return rows_; }
     std::size_t size() const { return rows_.size(); }
     std::string_view country(const PlotRow& row) const { return countries_[row.country]; }
 
     /// The texts of all rows, to be held by whoever keeps a view of one.
-    const std::shared_ptr<TextPool>& texts() const { return texts_; }
+    std::shared_ptr<const Texts> texts() const { return texts_; }
 
 private:
     std::uint32_t countryNumber(std::string_view country);
 
     std::vector<PlotRow> rows_;
-    std::shared_ptr<TextPool> texts_;
+    std::shared_ptr<Texts> texts_;
     std::vector<std::string_view> countries_;
     std::unordered_map<std::string_view, std::uint32_t> countryNumbers_;
 };
@@ -60,16 +52,12 @@ struct PassCounters {
 /// What the last plot pass found, until the next one.
 struct PlotTables {
     PlotTable plotTable;
-    std::vector<HoverRow> HoverTable; ///< a row for each of the plot table once drawn, else empty
-    HoverIndex hoverIndex;            ///< of HoverTable
+    HoverIndex HoverTable; ///< finds the rows that are drawn on the map; empty before and after
     PassCounters counters;
     bool LogHasCoordinates = false; ///< some record has a usable longitude, filter or no filter
     bool FilterPassedAny = false;   ///< some record passed the filter
 
     void clear();
-
-    /// The map shows no plot any more: nothing is found under the pointer.
-    void clearHover();
 };
 
 } // namespace tovrel

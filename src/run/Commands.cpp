@@ -144,7 +144,7 @@ void Commands::mnuLoadADIF() {
     data_.stats.load();
     data_.stats.lists().clear();
     if (!chooseLog()) {
-        data_.tables.clearHover();
+        data_.tables.HoverTable.clear();
         return;
     }
     GCMapLoadADIF pass(data_.ini, data_.maps, data_.run, data_.stats, data_.tables, map_.Picture2,
@@ -192,7 +192,7 @@ void Commands::mnuClearMap() {
     data_.stats.load();
     data_.stats.lists().clear();
     data_.run.MapPlotted = false;
-    data_.tables.clearHover();
+    data_.tables.HoverTable.clear();
 }
 
 void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(),
@@ -259,7 +259,7 @@ void Commands::switchProjection(Projection projection) {
     window_.setVisible(false);
     data_.maps.load(projection);
     if (data_.run.marks.projection != projection) {
-        data_.tables.clearHover();
+        data_.tables.HoverTable.clear();
         readHome(data_.ini, data_.run);
         setProjection(projection);
         map_.SetWindowAspect();

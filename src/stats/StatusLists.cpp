@@ -183,8 +183,20 @@ void SortedList<Item>::sort() const {
 template class SortedList<Station>;
 template class SortedList<std::string_view>;
 
-void StatusLists::addNotPlotted(std::string_view call) {
-    lstPfxNotPlotted.add(notPlottedTexts_.add(call));
+void StationList::add(std::vector<Station> stations, std::shared_ptr<const Texts> texts) {
+    if (items_.empty())
+        items_ = std::move(stations);
+    else
+        items_.insert(items_.end(), stations.begin(), stations.end());
+    texts_.push_back(std::move(texts));
+    ++revision_;
+}
+
+void CallList::add(std::string_view call) {
+    if (texts_.empty())
+        texts_.push_back(own_ = std::make_shared<Texts>());
+    items_.push_back(keep(*own_, call));
+    ++revision_;
 }
 
 void StatusLists::clear() {
@@ -193,8 +205,6 @@ void StatusLists::clear() {
     lstHeard.clear();
     lstPfxNotPlotted.clear();
     lstStats.clear();
-    stationTexts_.reset();
-    notPlottedTexts_ = {};
 }
 
 } // namespace tovrel

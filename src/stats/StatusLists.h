@@ -1,6 +1,6 @@
 #pragma once
 
-#include "stats/TextPool.h"
+#include "platform/ByteText.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -64,20 +64,15 @@ private:
     const std::vector<std::uint32_t>& order_;
 };
 
-/// A list that shows its items in the order of their text. Items may be added by the million: they
-/// are put in order together, when somebody looks.
+/// A list that shows its items in the order of their text, and holds the texts that they point to.
+/// Items may be added by the million: they are put in order together, when somebody looks.
 template <typename Item>
 class SortedList {
 public:
-    /// Makes room for so many items in all.
-    void reserve(std::size_t size) { items_.reserve(size); }
-    void add(const Item& item) {
-        items_.push_back(item);
-        ++revision_;
-    }
     void clear() {
         items_ = {};
         order_ = {};
+        texts_ = {};
         ++revision_;
     }
     std::size_t size() const { return items_.size(); }
@@ -91,34 +86,43 @@ public:
     /// Grows with every change, so that a view can tell whether it shows the latest.
     std::size_t revision() const { return revision_; }
 
+protected:
+    std::vector<Item> items_;                         ///< as they were added
+    std::vector<std::shared_ptr<const Texts>> texts_; ///< of all items
+    std::size_t revision_ = 0;
+
 private:
     void sort() const;
 
-    std::vector<Item> items_;                  ///< as they were added
     mutable std::vector<std::uint32_t> order_; ///< numbers of the items that are in order
-    std::size_t revision_ = 0;
+};
+
+/// The stations of a class.
+class StationList : public SortedList<Station> {
+public:
+    /// @param texts what the stations point to; null for texts that nothing outlives
+    void add(std::vector<Station> stations, std::shared_ptr<const Texts> texts);
+};
+
+/// Calls alone.
+class CallList : public SortedList<std::string_view> {
+public:
+    /// Adds a copy of a call.
+    void add(std::string_view call);
+
+private:
+    std::shared_ptr<Texts> own_;
 };
 
 /// The five lists of the statistics window: what the last pass over the log found.
-class StatusLists {
-public:
-    SortedList<Station> lstConfirmed;
-    SortedList<Station> lstWorked;
-    SortedList<Station> lstHeard;
-    SortedList<std::string_view> lstPfxNotPlotted;
+struct StatusLists {
+    StationList lstConfirmed;
+    StationList lstWorked;
+    StationList lstHeard;
+    CallList lstPfxNotPlotted;
     std::vector<std::string> lstStats; ///< in the order of adding
 
-    /// Adds a call to lstPfxNotPlotted, with a copy of its text.
-    void addNotPlotted(std::string_view call);
-
-    /// Keeps the texts that the stations of the three status lists point to.
-    void holdTexts(std::shared_ptr<const TextPool> texts) { stationTexts_ = std::move(texts); }
-
     void clear();
-
-private:
-    std::shared_ptr<const TextPool> stationTexts_;
-    TextPool notPlottedTexts_;
 };
 
 } // namespace tovrel

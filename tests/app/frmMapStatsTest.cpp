@@ -20,9 +20,8 @@ protected:
     QRect at(const char* name) { return control(window_, name).geometry(); }
     frmItemList& list(const char* name) { return control<frmItemList>(window_, name); }
     void addStations() {
-        data_.stats.lists().lstConfirmed.add({"ZZ", 7.0, 8.0});
-        data_.stats.lists().lstConfirmed.add({"AA", 1.0, 2.0});
-        data_.stats.lists().lstConfirmed.add({"MM", 3.5, -4.0});
+        data_.stats.lists().lstConfirmed.add(
+            {{"ZZ", 7.0, 8.0}, {"AA", 1.0, 2.0}, {"MM", 3.5, -4.0}}, nullptr);
     }
     void clickItem(frmItemList& view, int row) {
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {},

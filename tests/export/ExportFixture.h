@@ -23,7 +23,7 @@ protected:
         data.ini.WriteIniValue(section::globals, "MyCall", "W1TVR");
         InitSettings(data.ini, data.maps, data.google, data.run);
         data.stats.lists().lstStats = {"of an earlier pass"};
-        data.stats.lists().addNotPlotted("W1AW");
+        data.stats.lists().lstPfxNotPlotted.add("W1AW");
         data.tables.counters.QsosPlotted = 7;
         prompt.answer = false;
     }

@@ -35,9 +35,9 @@ void checkPlot(const PlotTables& tables, const StatusLists& lists) {
     checkList(lists.lstWorked, n.QsosWorked);
     checkList(lists.lstHeard, n.QsosHeard);
     checkList(lists.lstPfxNotPlotted, n.QsosNotPlotted);
-    for (const HoverRow& row : tables.HoverTable) {
+    for (const PlotRow& row : tables.plotTable.rows()) {
         const std::string tip = tipText(tables, {true, true, true}, row.mapY, row.mapX, 100);
-        require(!tip.empty() || row.mapX != row.mapX, "a contact that is shown has a tip");
+        require(!tip.empty() || !row.shown(), "a contact that is shown has a tip");
     }
 }
 

@@ -34,7 +34,6 @@ TEST(GCMapLoadADIF, CountsListsAndSumsUpASmallLog) {
     EXPECT_EQ(run.calls(lists.lstHeard), "ZS1A= ");
     EXPECT_EQ(run.calls(lists.lstPfxNotPlotted), "AA1A G1A ");
     ASSERT_EQ(run.data.tables.plotTable.size(), 4U);
-    EXPECT_EQ(run.data.tables.HoverTable.size(), 4U);
     const PlotRow& first = run.data.tables.plotTable.rows()[0];
     EXPECT_EQ(first.latitude, 41.5F);
     EXPECT_EQ(first.longitude, -72.5F) << "the log counts west positive";
@@ -147,7 +146,7 @@ TEST(GCMapLoadADIF, AnAbortStopsBehindTheNextRecord) {
     EXPECT_EQ(run.listener.yields, 3) << "stopped without another yield";
     EXPECT_EQ(run.listener.progress.size(), 4U) << "and without progress";
     EXPECT_EQ(run.data.tables.plotTable.size(), 2U);
-    EXPECT_TRUE(run.data.tables.HoverTable.empty());
+    EXPECT_FALSE(run.data.tables.plotTable.rows()[0].shown());
     const StatusLists& lists = run.data.stats.lists();
     EXPECT_EQ(run.calls(lists.lstPfxNotPlotted), "W2A W4A ");
     EXPECT_EQ(lists.lstWorked.size() + lists.lstStats.size(), 0U);
@@ -179,7 +178,7 @@ TEST(GCMapLoadADIF, ASecondPassGivesTheSame) {
         const StatusLists& lists = run.data.stats.lists();
         return run.counters() + run.calls(lists.lstConfirmed) + run.calls(lists.lstHeard) +
                run.calls(lists.lstPfxNotPlotted) + std::to_string(lists.lstStats.size()) + '/' +
-               std::to_string(run.data.tables.HoverTable.size());
+               std::to_string(run.data.tables.plotTable.size());
     };
     const std::string first = result();
     const QImage picture = run.surface.Image();
@@ -233,7 +232,7 @@ TEST(GCMapLoadADIF, ALogThatCantBeReadLeavesNothingBehind) {
         EXPECT_EQ(lists.lstPfxNotPlotted.size() + lists.lstStats.size(), 0U) << c.what;
         EXPECT_FALSE(run.data.run.MapPlotted) << c.what;
         EXPECT_EQ(run.counters(), "0 0 0 0 0 0");
-        EXPECT_TRUE(run.data.tables.HoverTable.empty());
+        EXPECT_EQ(run.data.tables.plotTable.size(), 0U);
         EXPECT_EQ(inkOver(run.surface, 0xFFFFFF).count, 0);
     }
 }

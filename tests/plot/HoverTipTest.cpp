@@ -18,22 +18,26 @@ class HoverTipTest : public testing::Test {
 protected:
     void add(const std::string& call, double mapY, double mapX) {
         tables.plotTable.add(46.5F, -72.25F, QsoStatus::Worked, call, "Country of " + call);
-        tables.HoverTable.push_back({mapY, mapX});
-        tables.hoverIndex.build(tables.HoverTable);
+        place(mapY, mapX);
+        tables.HoverTable.build(tables.plotTable.rows());
+    }
+    /// Where the row that was added last was drawn.
+    void place(double mapY, double mapX) {
+        tables.plotTable.rows().back().mapY = mapY;
+        tables.plotTable.rows().back().mapX = mapX;
     }
 
     /// The tip as a look at every row finds it.
     std::string scan(double mapY, double mapX) const {
         const auto step = [](float units) { return std::nearbyint(units / 100.0F); };
         std::string tip;
-        for (std::size_t i = 0; i < tables.HoverTable.size(); ++i) {
-            const HoverRow& row = tables.HoverTable[i];
+        for (const PlotRow& row : tables.plotTable.rows()) {
             const auto near = [&](double pointer, double place) {
                 return std::abs(step(static_cast<float>(pointer)) -
                                 step(static_cast<float>(std::nearbyint(place)))) < 5.0F;
             };
             if (near(mapY, row.mapY) && near(mapX, row.mapX)) {
-                tip.append(tables.plotTable.rows()[i].call).append("  ");
+                tip.append(row.call).append("  ");
             }
         }
         return tip;
@@ -56,21 +60,21 @@ TEST_F(HoverTipTest, TellsThePartsThatAreSelected) {
 
 TEST_F(HoverTipTest, FindsWhatAScanOfAllRowsFinds) {
     std::mt19937 random(7);
-    std::uniform_real_distribution<double> place(-22000.0, 22000.0);
+    std::uniform_real_distribution<double> anywhere(-22000.0, 22000.0);
     std::uniform_real_distribution<double> cluster(-1200.0, 1200.0);
     for (int i = 0; i < 3000; ++i) {
         const bool clustered = i % 3 == 0;
         tables.plotTable.add(1.0F, 1.0F, QsoStatus::Worked, "C" + std::to_string(i), "");
-        tables.HoverTable.push_back({clustered ? cluster(random) : place(random),
-                                     clustered ? cluster(random) : place(random)});
+        const double y = clustered ? cluster(random) : anywhere(random);
+        place(y, clustered ? cluster(random) : anywhere(random));
     }
     // Halves go to the even step, and places off the map may be asked for by a script.
     add("HALF", 250.0, 350.0);
     add("FAR", 1.0e9, -3.0e7);
     add("EDGE", 22450.0, -22550.0);
     for (int i = 0; i < 2000; ++i) {
-        const double y = i % 2 == 0 ? cluster(random) : place(random);
-        const double x = i % 2 == 0 ? cluster(random) : place(random);
+        const double y = i % 2 == 0 ? cluster(random) : anywhere(random);
+        const double x = i % 2 == 0 ? cluster(random) : anywhere(random);
         ASSERT_EQ(tipText(tables, callsOnly, y, x), scan(y, x)) << y << ", " << x;
     }
     for (const auto& [y, x] : {std::pair{650.0, 750.0},
@@ -89,7 +93,7 @@ TEST_F(HoverTipTest, NeverFindsARowWithoutAPlace) {
     EXPECT_EQ(tipText(tables, callsOnly, 0.0, 0.0), "");
     add("K1AA", 0.0, 0.0);
     EXPECT_EQ(tipText(tables, callsOnly, 0.0, 0.0), "K1AA  ");
-    tables.clearHover();
+    tables.HoverTable.clear();
     EXPECT_EQ(tipText(tables, callsOnly, 0.0, 0.0), "");
 }
 

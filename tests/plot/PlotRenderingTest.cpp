@@ -69,7 +69,7 @@ TEST(PlotRendering, WithinAStatusTheLaterContactLiesOnTop) {
     PlotRun run(record({"G1A", "51.5", "-1", "", "", "", ""}) +
                 record({"G2A", "51.5", "-3", "", "", "", ""}));
     run.plot();
-    const HoverRow& later = run.data.tables.HoverTable[1];
+    const PlotRow& later = run.data.tables.plotTable.rows()[1];
     const int x = static_cast<int>(run.surface.pixelX(later.mapX));
     const int y = static_cast<int>(run.surface.pixelY(later.mapY));
     EXPECT_EQ(run.surface.GetPixel(x - 4, y), outline) << "its ring is whole";
@@ -98,7 +98,7 @@ TEST(PlotRendering, ListsHoldPlacesOfFourDecimals) {
     EXPECT_NEAR(station.mapX, 4357.7222, 0.001);
     EXPECT_NEAR(station.mapY, 3562.6290, 0.01);
     EXPECT_EQ(std::round(station.mapX * 1e4) / 1e4, station.mapX);
-    EXPECT_EQ(azimuthal.data.tables.HoverTable[0].mapX, station.mapX);
+    EXPECT_EQ(azimuthal.data.tables.plotTable.rows()[0].mapX, station.mapX);
 
     const struct {
         const char* west;
@@ -121,9 +121,8 @@ TEST(PlotRendering, AContactAtTheAntipodeIsCountedAndListedWithoutAMark) {
     EXPECT_EQ(inkOver(run.surface, white).width(), 9) << "one mark, not two at the same place";
     EXPECT_EQ(run.calls(run.data.stats.lists().lstConfirmed), "G1A VK6A ");
     EXPECT_FALSE(run.data.stats.lists().lstConfirmed.sorted()[1].shown());
-    ASSERT_EQ(run.data.tables.HoverTable.size(), 2U);
-    EXPECT_TRUE(std::isnan(run.data.tables.HoverTable[0].mapX));
-    EXPECT_FALSE(std::isnan(run.data.tables.HoverTable[1].mapX));
+    EXPECT_FALSE(run.data.tables.plotTable.rows()[0].shown());
+    EXPECT_TRUE(run.data.tables.plotTable.rows()[1].shown());
 }
 
 TEST(PlotRendering, PlacesOffTheMapShowNothingAndHarmNothing) {

@@ -7,6 +7,12 @@
 namespace tovrel {
 namespace {
 
+/// The tool tip where the contact of the log was drawn.
+std::string tipAtContact(const TestProgram& program) {
+    const PlotRow& row = program.data->tables.plotTable.rows().at(0);
+    return tipText(program.data->tables, {.call = true}, row.mapY, row.mapX);
+}
+
 using Command = void (Commands::*)();
 
 /// What a command leaves behind; the rows of a table run one after the other.
@@ -54,7 +60,7 @@ TEST(Commands, ChangeTheMapAndStoreWhatTheyChange) {
             {onShow, "world ", "hide,show", ""}};
         expectSteps(program, steps);
         EXPECT_FALSE(program.data->run.MapPlotted);
-        EXPECT_TRUE(program.data->tables.HoverTable.empty());
+        EXPECT_EQ(tipAtContact(program), "");
         const StatusLists& lists = program.data->stats.lists();
         EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
     }
@@ -223,14 +229,10 @@ TEST(Hover, EndsWithTheMapAndWithAPlotThatFindsNoLog) {
         [](PlottedProgram& program) { program.commands->mnuLoadADIF(); }};
     for (const auto& end : ends) {
         PlottedProgram program;
-        const HoverRow at = program.data->tables.HoverTable.at(0);
-        const auto tip = [&] {
-            return tipText(program.data->tables, {.call = true}, at.mapY, at.mapX);
-        };
-        EXPECT_EQ(tip(), "KH6A  ");
+        EXPECT_EQ(tipAtContact(program), "KH6A  ");
         std::filesystem::remove(program.data->run.LogFileName);
         end(program);
-        EXPECT_EQ(tip(), "");
+        EXPECT_EQ(tipAtContact(program), "");
     }
 }
 

@@ -21,8 +21,8 @@ struct MapStatsTest : testing::Test {
         data.maps.loadBoxes(Projection::Miller);
     }
     void fillLists() {
-        stats.lists().lstConfirmed.add({"W1AW", 1, 2});
-        stats.lists().addNotPlotted("K1A");
+        stats.lists().lstConfirmed.add({{"W1AW", 1, 2}}, nullptr);
+        stats.lists().lstPfxNotPlotted.add("K1A");
         stats.lists().lstStats = {"line"};
     }
 

@@ -10,14 +10,14 @@ QString shown(const QAbstractItemModel& model, int row) {
 }
 
 TEST(StationModel, ShowsTheListAsOfTheLastRefreshInOrder) {
-    SortedList<Station> list;
+    StationList list;
     StationModel model(list);
     int resets = 0;
     QObject::connect(&model, &QAbstractItemModel::modelReset, [&] { ++resets; });
     model.refresh();
     EXPECT_EQ(resets, 0) << "nothing has changed";
-    list.add({"W1AW", 1.0, 2.0});
-    list.add({"DL\xE4", 3.0, 4.0});
+    list.add({{"W1AW", 1.0, 2.0}}, nullptr);
+    list.add({{"DL\xE4", 3.0, 4.0}}, nullptr);
     EXPECT_EQ(model.rowCount(), 0);
     model.refresh();
     model.refresh();

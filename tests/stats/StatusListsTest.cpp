@@ -26,12 +26,12 @@ TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
         "",  "A",  "A ",    "A  B", "A\t",  "A!",   "AB",     "A\x01", "A ~",     "B",
         "a", "A|", "A\xC4", "A |1", "\x01", "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
     const double places[] = {0.0, -1.5, 2.0, 10.0, 100.25, std::nan("")};
-    SortedList<Station> list;
+    StationList list;
     std::vector<std::string> expected;
     for (const std::string_view call : calls) {
         for (const double y : places) {
             const Station station{call, y, std::isnan(y) ? y : 7.5 - y};
-            list.add(station);
+            list.add({station}, nullptr);
             expected.push_back(itemText(station));
         }
     }
@@ -51,12 +51,12 @@ TEST(StatusLists, ManyItemsAreSortedTogether) {
     std::mt19937 random(1);
     constexpr int many = 400'000;
     for (int i = 0; i < many; ++i)
-        lists.addNotPlotted("K" + std::to_string(random() % 50000));
+        lists.lstPfxNotPlotted.add("K" + std::to_string(random() % 50000));
     std::size_t inOrder = 0;
     for (int look = 0; look < 1000; ++look) // a view asks row by row
         inOrder += lists.lstPfxNotPlotted.sorted().size();
     EXPECT_EQ(inOrder, 1000U * many);
-    lists.addNotPlotted("A1A");
+    lists.lstPfxNotPlotted.add("A1A");
     const std::size_t seen = lists.lstPfxNotPlotted.revision();
     const auto& calls = lists.lstPfxNotPlotted.sorted();
     EXPECT_TRUE(std::is_sorted(calls.begin(), calls.end()));
@@ -67,14 +67,13 @@ TEST(StatusLists, ManyItemsAreSortedTogether) {
 
 TEST(StatusLists, KeepCopiesOfTheirTexts) {
     StatusLists lists;
-    auto pool = std::make_shared<TextPool>();
+    auto texts = std::make_shared<Texts>();
     std::string call = "OH2BH";
-    lists.lstWorked.add({pool->add(call), 1.0, 2.0});
-    lists.addNotPlotted(call);
-    lists.addNotPlotted(std::string(200000, 'X')); // longer than any chunk of a pool
-    lists.addNotPlotted("");
-    lists.holdTexts(pool);
-    pool.reset();
+    lists.lstWorked.add({{keep(*texts, call), 1.0, 2.0}}, texts);
+    lists.lstPfxNotPlotted.add(call);
+    lists.lstPfxNotPlotted.add(std::string(200000, 'X')); // longer than what texts share
+    lists.lstPfxNotPlotted.add("");
+    texts.reset();
     call = "?????";
     EXPECT_EQ(lists.lstWorked.sorted()[0].call, "OH2BH");
     EXPECT_EQ(lists.lstPfxNotPlotted.sorted()[0], "");

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "log/QsoStatus.h"
+
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+namespace tovrel {
+
+/// A QSO to be drawn.
+struct PlotRow {
+    static constexpr double nowhere = std::numeric_limits<double>::quiet_NaN();
+
+    float latitude = 0.0F;  ///< degrees, north positive, as the log has it, no range tested
+    float longitude = 0.0F; ///< degrees, east positive: the log's value with its sign turned
+    QsoStatus status = QsoStatus::Worked;
+    std::uint32_t country = 0; ///< number of the country's name in the table
+    std::string_view call;
+
+    /// Where it was drawn, in map units rounded to 4 decimals; NaN before, and for a QSO that can't
+    /// be shown since it lies too near the antipode.
+    double mapY = nowhere;
+    double mapX = nowhere;
+
+    bool shown() const { return mapY == mapY && mapX == mapX; }
+};
+
+} // namespace tovrel
