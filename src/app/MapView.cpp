@@ -36,7 +36,7 @@ QString toolTipText(const QStringList& stations) {
 /// Takes the tip off the screen. QToolTip::hideText() would leave it there for a third of a second.
 void hideTipAtOnce() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->inherits("QTipLabel")) {
+        if (window->windowType() == Qt::ToolTip) {
             window->hide();
         }
     }
@@ -75,7 +75,7 @@ MapView::MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText
     setObjectName(QStringLiteral("Picture2"));
     setAccessibleName(QStringLiteral("Map"));
     setMouseTracking(true);
-    line.changed = [this] { lneGCPlotLine_->follow(); };
+    followsLine_ = line.changed.connect([this] { lneGCPlotLine_->follow(); });
 }
 
 void MapView::showMap(QPoint at) {

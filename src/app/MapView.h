@@ -52,6 +52,7 @@ private:
     QPoint at_;
     TipText tipText_;
     PlotLineView* lneGCPlotLine_;
+    Connection followsLine_;
 };
 
 } // namespace tovrel

@@ -43,7 +43,7 @@ void QtListener::yield() {
         return;
     }
     window_.showProgress(static_cast<double>(progress_));
-    if (refreshLists && sinceLists_.elapsed() >= listsEvery) {
+    if (sinceLists_.elapsed() >= listsEvery) {
         refreshLists();
         sinceLists_.restart();
     }

@@ -2,6 +2,7 @@
 
 #include "app/frmGCMapCalculations.h"
 #include "platform/PassListener.h"
+#include "platform/Signal.h"
 
 #include <QElapsedTimer>
 #include <QRect>
@@ -28,7 +29,7 @@ public:
     void closeWindow() { window_.close(); }
 
     /// Called about ten times a second during a pass.
-    std::function<void()> refreshLists;
+    Signal<> refreshLists;
 
 private:
     std::function<QRect()> mainWindowFrame_;

@@ -56,24 +56,19 @@ frmMain::frmMain(RunData& runData)
 }
 
 void frmMain::connectRun() {
-    data_.run.marksChanged = [this] {
+    follows_.push_back(data_.run.marksChanged.connect([this] {
         showMarks(*menuBar(), data_.run.marks);
         holdAboveSmallest();
-    };
+    }));
     // Told when the act that met it has ended; it may be a move of the mouse.
-    data_.ini.failed = [this] { QTimer::singleShot(0, this, [this] { tellSettingsFailure(); }); };
+    follows_.push_back(data_.ini.failed.connect(
+        [this] { QTimer::singleShot(0, this, [this] { tellSettingsFailure(); }); }));
     data_.ini.failed(); // of what was read before
-    listener_.refreshLists = [this] { window_.refreshLists(); };
-    queue_.commandEnded = [this] {
+    follows_.push_back(listener_.refreshLists.connect([this] { window_.refreshLists(); }));
+    follows_.push_back(queue_.commandEnded.connect([this] {
         window_.refreshLists();
         followSize();
-    };
-}
-
-frmMain::~frmMain() {
-    data_.run.marksChanged = nullptr;
-    data_.ini.failed = nullptr;
-    data_.lneGCPlotLine.changed = nullptr;
+    }));
 }
 
 void frmMain::start() {

@@ -14,6 +14,7 @@
 #include <QMainWindow>
 #include <QTimer>
 #include <functional>
+#include <vector>
 
 namespace tovrel {
 
@@ -26,7 +27,6 @@ class frmMain : public QMainWindow {
 public:
     /// @param runData has to outlive the window
     explicit frmMain(RunData& runData);
-    ~frmMain() override;
 
     /// Runs the start-up and shows the window.
     void start();
@@ -62,6 +62,7 @@ private:
     Commands commands_;
     CommandQueue queue_;
     MapView* Picture2View_;
+    std::vector<Connection> follows_;
     bool shown_ = false; ///< the window was shown and has its frame
     bool closing_ = false;
 };

@@ -50,11 +50,9 @@ frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
     cmdApply_->setFont(windowFont(11, true));
     connect(cmdApply_, &QPushButton::clicked, this, std::move(cmdApply_Click));
     setTabOrders();
-    options_.changed = [this] { mirror(); };
+    follows_ = options_.changed.connect([this] { mirror(); });
     filterBoxes_.bind(options_.filter);
 }
-
-frmMapOptions::~frmMapOptions() { options_.changed = nullptr; }
 
 void frmMapOptions::addMarkers() {
     auto* frame = new QGroupBox(QStringLiteral("Map Plot Marker Size"), this);

@@ -24,7 +24,6 @@ public:
     /// @param cmdApply_Click called when the user applies: it is to save, and to close the window
     frmMapOptions(Projection projection, MapOptionForms& forms,
                   std::function<void()> cmdApply_Click, QWidget* parent = nullptr);
-    ~frmMapOptions() override;
 
     /// Every way of closing ends here.
     void done(int result) override;
@@ -43,6 +42,7 @@ private:
     MapOptionForms& forms_;
     MapOptions& options_;
     frmFilterBoxes filterBoxes_;
+    Connection follows_;
     std::array<QRadioButton*, 3> markers_{};
     std::array<QRadioButton*, 3> lines_{};
     QCheckBox* chkCall_ = nullptr;

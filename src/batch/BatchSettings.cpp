@@ -2,6 +2,7 @@
 
 #include "platform/Numbers.h"
 #include "state/InitSettings.h"
+#include "state/StationInfo.h"
 
 namespace tovrel {
 
@@ -55,8 +56,10 @@ void hintAtDefaults(const BatchOptions& options, BatchConsole& console) {
 
 void applyPlotOptions(RunData& data, const BatchOptions& options) {
     if (options.home) {
-        data.ini.WriteIniValue(section::globals, "Latitude", decimalText(options.home->latitude));
-        data.ini.WriteIniValue(section::globals, "Longitude", decimalText(options.home->longitude));
+        StationInfo station = readStationInfo(data.ini);
+        station.Latitude = decimalText(options.home->latitude);
+        station.Longitude = decimalText(options.home->longitude);
+        writeStationInfo(data.ini, station);
     }
     const Projection projection = options.projection.value_or(
         projectionShown(data.ini.ReadIniValue(section::globals, "Display")));
@@ -74,7 +77,9 @@ void applyPlotOptions(RunData& data, const BatchOptions& options) {
 
 void applyKmzOptions(RunData& data, const BatchOptions& options) {
     if (options.myCall) {
-        data.ini.WriteIniValue(section::globals, "MyCall", *options.myCall);
+        StationInfo station = readStationInfo(data.ini);
+        station.MyCall = *options.myCall;
+        writeStationInfo(data.ini, station);
     }
     writeFilter(data.ini, section::google, options);
     for (const FilterGroup& group : options.filter) {

@@ -4,6 +4,7 @@
 #include "log/QsoFilter.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "state/StationInfo.h"
 
 #include <utility>
 
@@ -78,16 +79,15 @@ ExportEnd GoogleExport::writeDocument(LogFile& log) {
             return failArchive(ExportEnd::DocumentFailed, path, "it would replace the ADIF file");
         }
     }
-    const std::string MyCall = ini_.ReadIniValue(section::globals, "MyCall");
+    const std::string MyCall = readStationInfo(ini_).MyCall;
     listener_.showStatus("Creating Header Records");
-    const std::string Marker = ini_.ReadIniValue(section::google, "Marker");
     const PathParts place = splitPath(files_.KmlFileName);
     work_.emplace(std::string(place.folder));
     if (!work_->isValid()) {
         return failDocument(work_->error());
     }
     document_ = work_->path(place.name);
-    if (!book_.WriteKmlHead(document_, MyCall, iconScaleOf(Marker))) {
+    if (!book_.WriteKmlHead(document_, MyCall, iconScaleOf(GoogleMapOptions::storedMarker(ini_)))) {
         return failDocument(book_.error());
     }
     // In the last pass the bar falls back by 5.

@@ -23,11 +23,9 @@ frmGoogleMapOptions::frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& option
     connect(apply, &QPushButton::clicked, this, [this] { cmdApply_Click(); });
 
     filterBoxes_.bind(options_.filter);
-    options_.changed = [this] { mirror(); };
+    follows_ = options_.changed.connect([this] { mirror(); });
     mirror();
 }
-
-frmGoogleMapOptions::~frmGoogleMapOptions() { options_.changed = nullptr; }
 
 void frmGoogleMapOptions::addMarkers() {
     auto* frame = new QGroupBox(QStringLiteral("Map Plot Marker"), this);

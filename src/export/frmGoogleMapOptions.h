@@ -21,7 +21,6 @@ class frmGoogleMapOptions : public frmDialog {
 public:
     /// @param ini, options have to outlive the window
     frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& options, QWidget* parent = nullptr);
-    ~frmGoogleMapOptions() override;
 
     void reject() override;
 
@@ -44,6 +43,7 @@ private:
     GoogleMapOptions& options_;
     std::optional<Choices> applied_; ///< while the window is open
     frmFilterBoxes filterBoxes_;
+    Connection follows_;
     std::array<QRadioButton*, 3> markers_{}; ///< in the order of MarkerSize
     QCheckBox* chkCall_ = nullptr;
 };

@@ -131,8 +131,7 @@ PrivateProfile::Content PrivateProfile::readContent() const {
 }
 
 bool PrivateProfile::fail(Failure::Of of, const std::string& reason) const {
-    if (failed)
-        failed({of, reason});
+    failed({of, reason});
     return false;
 }
 

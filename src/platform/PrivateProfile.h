@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/Signal.h"
+
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <string_view>
 
@@ -56,7 +57,7 @@ public:
     };
 
     /// Called at each failure, within the read or write that met it.
-    std::function<void(const Failure&)> failed;
+    Signal<Failure> failed;
 
     /// While one lives, reads and writes work on one copy in memory; the file is replaced once, at
     /// the end of the outermost, and only if a write changed it.

@@ -16,7 +16,7 @@ GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run,
     : ini_(ini), maps_(maps), run_(run), stats_(stats), tables_(tables), Picture2_(Picture2),
       listener_(listener), prompt_(prompt) {}
 
-PassEnd GCMapLoadADIF::PlotLog() {
+PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
     constexpr float fullBar = 100.0F;
     run_.AbortRequested = false;
     const std::string status = std::string("Processing: ").append(splitPath(run_.shownLog()).name);
@@ -38,9 +38,7 @@ PassEnd GCMapLoadADIF::PlotLog() {
     if (end != PassEnd::Done) {
         return end;
     }
-    if (beforeMarks) {
-        beforeMarks();
-    }
+    beforeMarks();
     stats_.load(); // its window may have been closed meanwhile
     const Legend& legend = stats_.legend();
     const std::unique_ptr<const WorldMap> map =

@@ -25,12 +25,10 @@ public:
                   PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
                   UserPrompt& prompt);
 
-    /// Called when the log was read, before anything is drawn.
-    std::function<void()> beforeMarks;
-
     /// Plots the log that the run names, on a map and with lists that were just cleared. When the
     /// log or its dictionary can't be read the user is told.
-    PassEnd PlotLog();
+    /// @param beforeMarks called when the log was read, before anything is drawn
+    PassEnd PlotLog(const std::function<void()>& beforeMarks = [] {});
 
 private:
     void takeRecord(FieldTable& fields, std::string_view line) override;

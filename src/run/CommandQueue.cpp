@@ -20,9 +20,7 @@ void CommandQueue::run(std::string_view name, Command command) {
         const Command next = std::move(waiting_.front().command);
         waiting_.pop_front();
         next();
-        if (commandEnded) {
-            commandEnded();
-        }
+        commandEnded();
     }
     busy_ = false;
 }

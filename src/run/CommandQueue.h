@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Signal.h"
+
 #include <deque>
 #include <functional>
 #include <string>
@@ -27,7 +29,7 @@ public:
     void close();
 
     /// Called behind each command.
-    std::function<void()> commandEnded;
+    Signal<> commandEnded;
 
 private:
     struct Waiting {

@@ -62,7 +62,7 @@ void Commands::Form_Load() {
 
 void Commands::setProjection(Projection projection) {
     data_.run.marks.projection = projection;
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     window_.setCaption("Tovrel - " + std::string(data_.mapNames().caption));
     setStoredSize();
 }
@@ -149,13 +149,12 @@ void Commands::mnuLoadADIF() {
     }
     GCMapLoadADIF pass(data_.ini, data_.maps, data_.run, data_.stats, data_.tables, map_.Picture2,
                        listener_, prompt_);
-    // A new size shapes the picture before the marks are drawn on it; behind them it would wipe
-    // them.
-    pass.beforeMarks = [this] {
+    const PassEnd end = pass.PlotLog([this] {
+        // A new size shapes the picture before the marks are drawn on it; after that it would wipe
+        // them.
         window_.settleSize();
         map_.followSize();
-    };
-    const PassEnd end = pass.PlotLog();
+    });
     window_.setWaitPointer(false);
     map_.showMap();
     if (end == PassEnd::Done) {
@@ -199,7 +198,7 @@ void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(),
                              bool MenuMarks::*otherMark, void (MapRun::*drawOther)()) {
     MenuMarks& marks = data_.run.marks;
     marks.*mark = !(marks.*mark);
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     if (marks.*mark) {
         (map_.*draw)();
     } else {
@@ -224,13 +223,13 @@ void Commands::mnuMeridian() {
 
 void Commands::mnuTopo() {
     data_.run.marks.mnuTopo = !data_.run.marks.mnuTopo;
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     map_.RebuildBaseMap();
 }
 
 void Commands::mnuShowCompass() {
     data_.run.marks.mnuShowCompass = !data_.run.marks.mnuShowCompass;
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     map_.ResetMap();
     data_.maps.SaveGCMapOptions();
 }
@@ -238,7 +237,7 @@ void Commands::mnuShowCompass() {
 void Commands::setCompassWeight(bool bold) {
     data_.run.marks.mnuBoldCompass = bold;
     data_.run.marks.mnuLightCompass = !bold;
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     map_.ResetMap();
     data_.maps.SaveGCMapOptions();
 }
@@ -246,7 +245,7 @@ void Commands::setCompassWeight(bool bold) {
 void Commands::setCompassStep(bool every15) {
     data_.run.marks.mnu15Degrees = every15;
     data_.run.marks.mnu45Degrees = !every15;
-    data_.run.tellMarksChanged();
+    data_.run.marksChanged();
     map_.ResetMap();
     data_.maps.SaveGCMapOptions();
 }

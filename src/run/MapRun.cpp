@@ -102,7 +102,7 @@ void MapRun::LoadBaseMap() {
     if (cached.picture.end == ReadEnd::Missing) {
         data_.run.marks.mnuMeridian = false;
         data_.run.marks.mnuTopo = false;
-        data_.run.tellMarksChanged();
+        data_.run.marksChanged();
         BuildBaseMap();
         return;
     }
@@ -140,7 +140,7 @@ BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
         tovrel::drawBaseMap(Picture1, style, data_.ini.programFolder(), listener, prompt);
     if (end.reliefRefused) {
         data_.run.marks.mnuTopo = false;
-        data_.run.tellMarksChanged();
+        data_.run.marksChanged();
     }
     end.dataUnreadable |= custom.dataUnreadable;
     baseMap_ = Picture1.Image();

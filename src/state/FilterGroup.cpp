@@ -23,16 +23,14 @@ void FilterGroup::set(int member, bool on) {
         return;
     switchMember(member, on);
     keepConsistent(member);
-    if (changed)
-        changed();
+    changed();
 }
 
 void FilterGroup::select(std::uint16_t selection) {
     if (selection_ == selection)
         return;
     selection_ = selection;
-    if (changed)
-        changed();
+    changed();
 }
 
 void FilterGroup::switchMember(int member, bool on) {

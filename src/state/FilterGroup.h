@@ -1,8 +1,9 @@
 #pragma once
 
+#include "platform/Signal.h"
+
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 namespace tovrel {
@@ -45,7 +46,7 @@ public:
     void assign(const FilterGroup& other) { select(other.selection_); }
 
     /// Called behind every change with the state already consistent.
-    std::function<void()> changed;
+    Signal<> changed;
 
 private:
     void select(std::uint16_t selection);

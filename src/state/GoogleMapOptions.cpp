@@ -7,6 +7,10 @@ void GoogleMapOptions::pickMarker(iniFiles& ini, MarkerSize size) {
     ini.WriteIniValue(section::google, "Marker", wordOf(size));
 }
 
+std::string GoogleMapOptions::storedMarker(const iniFiles& ini) {
+    return ini.ReadIniValue(section::google, "Marker");
+}
+
 void GoogleMapOptions::apply(iniFiles& ini) const {
     const iniFiles::Batch together(ini);
     MapOptionForms::saveFilter(ini, section::google, filter);
@@ -17,8 +21,7 @@ void GoogleMapOptions::resetToDesign() {
     filter.reset();
     marker = MarkerSize::Large;
     chkCall = true;
-    if (changed)
-        changed();
+    changed();
 }
 
 } // namespace tovrel

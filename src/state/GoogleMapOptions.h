@@ -1,10 +1,9 @@
 #pragma once
 
+#include "platform/Signal.h"
 #include "state/FilterGroup.h"
 #include "state/MapOptions.h"
 #include "state/iniFiles.h"
-
-#include <functional>
 
 namespace tovrel {
 
@@ -17,10 +16,13 @@ public:
     bool chkCall = true;
 
     /// Called when something but a filter group was set by the program; a group tells by itself.
-    std::function<void()> changed;
+    Signal<> changed;
 
     /// Chooses a marker as the user does: it goes to the settings at once.
     void pickMarker(iniFiles& ini, MarkerSize size);
+
+    /// The word of the marker that was chosen last, whatever the window shows.
+    static std::string storedMarker(const iniFiles& ini);
 
     /// Stores filter and chkCall.
     void apply(iniFiles& ini) const;

@@ -148,20 +148,15 @@ private:
     }
 
     void repairGoogle() {
-        const std::string marker = ini_.ReadIniValue(section::google, "Marker");
-        if (marker.empty()) {
-            ini_.WriteIniValue(section::google, "Marker", "Large");
-        } else {
-            readMarkerWord(marker, google_.marker);
-        }
+        repairKey(section::google, "Marker", "Large");
+        readMarkerWord(GoogleMapOptions::storedMarker(ini_), google_.marker);
         if (isEmpty(section::google, "Call")) {
             google_.chkCall = true;
             ini_.WriteIniValue(section::google, "Call", "1");
         } else {
             google_.chkCall = ini_.readCheck(section::google, "Call");
         }
-        if (google_.changed)
-            google_.changed();
+        google_.changed();
     }
 
     iniFiles& ini_;

@@ -43,7 +43,7 @@ void MapOptionForms::load(Projection projection) {
     const iniFiles::Batch together(ini_);
     loadMarks(projection);
     readBoxes(projection);
-    run_.tellMarksChanged();
+    run_.marksChanged();
 }
 
 void MapOptionForms::loadBoxes(Projection projection) {
@@ -80,8 +80,7 @@ void MapOptionForms::readBoxes(Projection projection) {
     options.chkCall = ini_.readCheck(section, "Call");
     options.chkLatLong = ini_.readCheck(section, "LatLong");
     options.chkCountry = ini_.readCheck(section, "Country");
-    if (options.changed)
-        options.changed();
+    options.changed();
 }
 
 void MapOptionForms::loadGroup(const iniFiles& ini, std::string_view section, FilterGroup& group) {
@@ -126,7 +125,7 @@ void MapOptionForms::save(Projection projection) {
     ini_.writeCheck(section, "Country", options.chkCountry);
     ini_.WriteIniValue(section, "Marker", wordOf(options.marker));
     ini_.WriteIniValue(section, "Line", std::to_string(options.line));
-    run_.PlotLineWidth = options.line;
+    PlotLineWidth_ = options.line;
 }
 
 } // namespace tovrel

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/Signal.h"
 #include "state/FilterGroup.h"
 #include "state/RunState.h"
 #include "state/iniFiles.h"
 
-#include <functional>
 #include <string>
 
 namespace tovrel {
@@ -27,7 +27,7 @@ struct MapOptions {
     bool chkCountry = false;
 
     /// Called when the other options were set from the settings; a filter group tells by itself.
-    std::function<void()> changed;
+    Signal<> changed;
 
     /// The state in which a window is made, before it reads the settings.
     void resetToDesign();
@@ -59,6 +59,11 @@ public:
     void SaveMCMapOptions() { save(Projection::Miller); }
     /// Stores a map's options and the menu's marks.
     void save(Projection projection);
+    /// Width of the plot line in pixels, 1 to 3: that of the map whose options were stored last, or
+    /// given to takeLineWidth().
+    int PlotLineWidth() const { return PlotLineWidth_; }
+    void takeLineWidth(Projection projection) { PlotLineWidth_ = of(projection).line; }
+
     void saveInForce() { save(run_.marks.projection); }
 
     /// Loads a group's boxes from the settings, member 0 and all others in rising order; with an
@@ -73,6 +78,7 @@ private:
     iniFiles& ini_;
     RunState& run_;
     std::array<MapOptions, allProjections.size()> options_;
+    int PlotLineWidth_ = 1;
 };
 
 /// Text of a filter box of the statistics window: heading, rule, and the captions of the members

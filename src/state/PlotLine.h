@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/Colour.h"
-
-#include <functional>
+#include "platform/Signal.h"
 
 namespace tovrel {
 
@@ -26,25 +25,20 @@ public:
     void show(const Shape& shape) {
         shape_ = shape;
         shape_.visible = true;
-        tellChanged();
+        changed();
     }
 
     void hide() {
         if (!shape_.visible)
             return;
         shape_.visible = false;
-        tellChanged();
+        changed();
     }
 
     /// Called behind every change.
-    std::function<void()> changed;
+    Signal<> changed;
 
 private:
-    void tellChanged() const {
-        if (changed)
-            changed();
-    }
-
     Shape shape_;
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Projection.h"
+#include "platform/Signal.h"
 
-#include <functional>
 #include <string>
 
 namespace tovrel {
@@ -32,19 +32,13 @@ struct RunState {
     bool MapPlotted = false;     ///< a plot pass was started on the map on show
     bool AbortRequested = false; ///< polled and cleared by the passes over the log
     bool FormReady = false;      ///< Form_Resize may rearrange the map
-    int PlotLineWidth = 1;       ///< pixels, 1 to 3
     MenuMarks marks;
 
     /// The log as messages name it.
     const std::string& shownLog() const { return LogTitle.empty() ? LogFileName : LogTitle; }
 
     /// Called by whoever changes a mark, so that the menu shows it.
-    std::function<void()> marksChanged;
-
-    void tellMarksChanged() const {
-        if (marksChanged)
-            marksChanged();
-    }
+    Signal<> marksChanged;
 };
 
 } // namespace tovrel

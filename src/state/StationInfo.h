@@ -17,7 +17,8 @@ struct StationInfo {
 
 StationInfo readStationInfo(const iniFiles& ini);
 
-/// Stores the three texts as they stand.
+/// Stores the three texts as they stand. The keys of the station are read and written here alone,
+/// but for their defaults.
 void writeStationInfo(iniFiles& ini, const StationInfo& info);
 
 /// Takes the home station's position from the settings, as single-precision degrees; 0 for what is

@@ -87,17 +87,11 @@ frmFilterBoxes::frmFilterBoxes(QWidget& window, const IotaColumn& iota) {
     addLine(window, QStringLiteral("Line1"), 120, 5880, 3960);
 }
 
-frmFilterBoxes::~frmFilterBoxes() {
-    if (!filter_)
-        return;
-    for (const Criterion criterion : allCriteria)
-        filter_->group(criterion).changed = nullptr;
-}
-
 void frmFilterBoxes::bind(Filter& filter) {
     filter_ = &filter;
     for (const Criterion criterion : allCriteria) {
-        filter.group(criterion).changed = [this, criterion] { mirror(criterion); };
+        follows_[static_cast<std::size_t>(criterion)] =
+            filter.group(criterion).changed.connect([this, criterion] { mirror(criterion); });
         mirror(criterion);
     }
 }

@@ -23,7 +23,6 @@ public:
 
     /// Makes the controls in `window`. They do nothing until there is a filter.
     frmFilterBoxes(QWidget& window, const IotaColumn& iota);
-    ~frmFilterBoxes();
     frmFilterBoxes(const frmFilterBoxes&) = delete;
     frmFilterBoxes& operator=(const frmFilterBoxes&) = delete;
 
@@ -42,6 +41,7 @@ private:
 
     Filter* filter_ = nullptr;
     std::array<std::vector<QCheckBox*>, 3> columns_;
+    std::array<Connection, 3> follows_;
 };
 
 } // namespace tovrel

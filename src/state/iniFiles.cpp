@@ -18,7 +18,8 @@ iniFiles::iniFiles(std::string programFolder, std::string_view IniFileName,
                    PrivateProfile::Storage storage)
     : programFolder_(std::move(programFolder)), storage_(storage),
       profile_(filePath(programFolder_, IniFileName), storage) {
-    profile_.failed = [this](const PrivateProfile::Failure& failure) { note(failure); };
+    hearsFailure_ =
+        profile_.failed.connect([this](const PrivateProfile::Failure& failure) { note(failure); });
 }
 
 FileFailure iniFiles::unreadable() const {
@@ -37,8 +38,7 @@ void iniFiles::note(const PrivateProfile::Failure& failure) {
         untold_ = {FileFailure::Act::Write, "The settings could not be stored.", path(),
                    failure.reason};
     }
-    if (failed)
-        failed();
+    failed();
 }
 
 std::optional<FileFailure> iniFiles::takeFailure() { return std::exchange(untold_, std::nullopt); }

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/PrivateProfile.h"
+#include "platform/Signal.h"
 #include "platform/UserPrompt.h"
 
 #include <array>
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -40,7 +40,7 @@ public:
     std::optional<FileFailure> takeFailure();
 
     /// Called, within any read or write, when takeFailure() has something new to give.
-    std::function<void()> failed;
+    Signal<> failed;
 
     /// Value of a key, at most 511 bytes; `defaultValue` when it is missing.
     std::string ReadIniValue(std::string_view section, std::string_view key,
@@ -81,6 +81,7 @@ private:
     std::string programFolder_;
     PrivateProfile::Storage storage_;
     PrivateProfile profile_;
+    Connection hearsFailure_;
     std::array<bool, 2> noted_{}; ///< a failure of reading, of writing, has been kept for telling
     std::optional<FileFailure> untold_;
 };

@@ -17,8 +17,7 @@ const LegendNames& namesOf(MapColour entry) {
 
 void Legend::set(MapColour entry, Colour colour) {
     colours_[index(entry)] = colour;
-    if (changed)
-        changed();
+    changed();
 }
 
 void Legend::load(const iniFiles& ini, Projection projection) {
@@ -36,8 +35,7 @@ void Legend::save(iniFiles& ini, Projection projection, MapColour entry) const {
 
 void Legend::resetToDesign() {
     colours_ = design();
-    if (changed)
-        changed();
+    changed();
 }
 
 } // namespace tovrel

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/Signal.h"
 #include "state/MapColours.h"
 
 #include <array>
-#include <functional>
 #include <string_view>
 
 namespace tovrel {
@@ -44,7 +44,7 @@ public:
     void resetToDesign();
 
     /// Called behind every change of a colour.
-    std::function<void()> changed;
+    Signal<> changed;
 
 private:
     static constexpr std::size_t index(MapColour entry) { return static_cast<std::size_t>(entry); }

@@ -14,7 +14,7 @@ void MapStats::load() {
     const iniFiles::Batch together(ini_);
     const Projection projection = run_.marks.projection;
     legend_.load(ini_, projection);
-    run_.PlotLineWidth = maps_.of(projection).line;
+    maps_.takeLineWidth(projection);
     showFilter(projection);
 }
 
@@ -24,7 +24,7 @@ void MapStats::unload() {
     loaded_ = false;
     lists_.clear();
     legend_.resetToDesign();
-    tellChanged();
+    changed();
 }
 
 void MapStats::showFilter(Projection projection) {
@@ -33,7 +33,7 @@ void MapStats::showFilter(Projection projection) {
         filterTexts_[static_cast<std::size_t>(criterion)] =
             tovrel::filterText(ini_, namesOf(projection).section, criterion);
     }
-    tellChanged();
+    changed();
 }
 
 void MapStats::pickColour(MapColour entry, Colour colour) {
@@ -55,14 +55,9 @@ void MapStats::pickStation(const Station& station) {
     line.fromY = start.y;
     line.toX = station.mapX;
     line.toY = station.mapY;
-    line.width = run_.PlotLineWidth;
+    line.width = maps_.PlotLineWidth();
     line.colour = legend_.colour(MapColour::Line);
     lneGCPlotLine_.show(line);
-}
-
-void MapStats::tellChanged() const {
-    if (changed)
-        changed();
 }
 
 } // namespace tovrel

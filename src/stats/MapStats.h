@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Signal.h"
 #include "state/MapOptions.h"
 #include "state/PlotLine.h"
 #include "state/RunState.h"
@@ -8,7 +9,6 @@
 #include "stats/StatusLists.h"
 
 #include <array>
-#include <functional>
 #include <string>
 
 namespace tovrel {
@@ -50,11 +50,9 @@ public:
     bool loaded() const { return loaded_; }
 
     /// Called when filter texts have changed or the window's content was dropped.
-    std::function<void()> changed;
+    Signal<> changed;
 
 private:
-    void tellChanged() const;
-
     iniFiles& ini_;
     MapOptionForms& maps_;
     RunState& run_;

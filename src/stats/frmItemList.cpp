@@ -44,9 +44,9 @@ void frmItemList::keyPressEvent(QKeyEvent* event) {
     QListView::keyPressEvent(event);
 }
 
-void frmItemList::pick(const QModelIndex& index) const {
-    if (index.isValid() && picked)
-        picked(index.row());
+void frmItemList::pick(const QModelIndex& index) {
+    if (index.isValid())
+        emit picked(index.row());
 }
 
 } // namespace tovrel

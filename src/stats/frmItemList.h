@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QListView>
-#include <functional>
 
 namespace tovrel {
 
@@ -13,9 +12,10 @@ class frmItemList : public QListView {
 public:
     explicit frmItemList(QWidget* parent);
 
-    /// Called when the user picks an item, by mouse, keys or an assistive tool; the item that is
-    /// picked already counts again.
-    std::function<void(int row)> picked;
+signals:
+    /// The user has picked an item, by mouse, keys or an assistive tool; the one that is picked
+    /// already counts again.
+    void picked(int row);
 
 protected:
     void selectionChanged(const QItemSelection& selected,
@@ -23,7 +23,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void pick(const QModelIndex& index) const;
+    void pick(const QModelIndex& index);
 };
 
 } // namespace tovrel

@@ -57,17 +57,13 @@ frmMapStats::frmMapStats(MapStats& stats, std::function<void(MapColour)> pickCol
     addLegend();
     connect(tabStats_, &frmTabStrip::chosen, this, &frmMapStats::tabStats_Click);
     tabStats_Click(tabStats_->current());
-    stats_.changed = [this] {
+    followsFilter_ = stats_.changed.connect([this] {
         if (isVisible() && stats_.loaded())
             mirrorFilters();
-    };
+    });
 }
 
-frmMapStats::~frmMapStats() {
-    stats_.changed = nullptr;
-    if (!models_.empty())
-        stats_.legend().changed = nullptr;
-}
+frmMapStats::~frmMapStats() = default;
 
 frmItemList* frmMapStats::addList(int tab, const char* name, const char* title) {
     auto* list = new frmItemList(fraTab_[static_cast<std::size_t>(tab)]);
@@ -152,20 +148,20 @@ void frmMapStats::follow() {
     lstStats_->setModel(models_.back().get());
     models_.push_back(std::make_unique<CallModel>(lists.lstPfxNotPlotted));
     lstPfxNotPlotted_->setModel(models_.back().get());
-    stats_.legend().changed = [this] {
+    followsLegend_ = stats_.legend().changed.connect([this] {
         // The closing window, too, hears of a change, and may not load what is being dropped.
         if (isVisible() && stats_.loaded())
             mirrorColours();
-    };
+    });
 }
 
 void frmMapStats::followStations(frmItemList& view, const SortedList<Station>& list) {
     auto model = std::make_unique<StationModel>(list);
     view.setModel(model.get());
-    view.picked = [this, stations = model.get()](int row) {
+    connect(&view, &frmItemList::picked, this, [this, stations = model.get()](int row) {
         if (const Station* station = stations->item(row))
             stats_.pickStation(*station);
-    };
+    });
     models_.push_back(std::move(model));
 }
 

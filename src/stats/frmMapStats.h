@@ -73,6 +73,8 @@ private:
     frmItemList* lstPfxNotPlotted_ = nullptr;
     std::array<QPlainTextEdit*, 3> filterBoxes_{}; ///< in the order of allCriteria
     std::array<frmColourButton*, 7> colourButtons_{};
+    Connection followsFilter_;
+    Connection followsLegend_;
     std::vector<std::unique_ptr<StatusListModel>> models_; ///< from the first showing on
 };
 

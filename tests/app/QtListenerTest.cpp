@@ -47,7 +47,7 @@ TEST_F(QtListenerTest, ShowsAPassFromItsBeginningToItsEnd) {
 TEST_F(QtListenerTest, LetsEventsRunAtTheFirstYieldAndThenNowAndAgain) {
     int ran = 0;
     int refreshed = 0;
-    listener_.refreshLists = [&] { ++refreshed; };
+    const Connection lists = listener_.refreshLists.connect([&] { ++refreshed; });
     QTimer timer;
     timer.callOnTimeout([&] { ++ran; });
     timer.start(0);

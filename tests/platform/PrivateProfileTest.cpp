@@ -143,12 +143,15 @@ TEST(PrivateProfile, neverWritesWhatIsNoSettingsFile) {
 /// What a profile tells of its failures.
 struct Failures {
     explicit Failures(PrivateProfile& profile) {
-        profile.failed = [this](const PrivateProfile::Failure& failure) {
+        failed_ = profile.failed.connect([this](const PrivateProfile::Failure& failure) {
             all.push_back((failure.of == PrivateProfile::Failure::Of::Reading ? "r " : "w ") +
                           failure.reason);
-        };
+        });
     }
     std::vector<std::string> all;
+
+private:
+    Connection failed_;
 };
 
 TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAloneAndTellsWhy) {

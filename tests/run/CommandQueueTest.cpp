@@ -21,7 +21,7 @@ struct CommandQueueTest : testing::Test {
 };
 
 TEST_F(CommandQueueTest, WhatArrivesMidwayWaitsAndRunsOnceInItsOrder) {
-    queue.commandEnded = [this] { log += ";"; };
+    const Connection ends = queue.commandEnded.connect([this] { log += ";"; });
     queue.run("a", command("a", {"c", "b", "c", "a", "b", "a"}));
     EXPECT_EQ(log, "a();c();b();a();") << "the running one may be asked for again";
     EXPECT_FALSE(queue.busy());
@@ -39,7 +39,7 @@ TEST_F(CommandQueueTest, WhatWaitsMayLetOthersWait) {
 
 TEST_F(CommandQueueTest, ClosingDropsWhatWaitsAndTakesNothingMore) {
     int ended = 0;
-    queue.commandEnded = [&] { ++ended; };
+    const Connection ends = queue.commandEnded.connect([&] { ++ended; });
     queue.run("a", [this] {
         queue.run("b", command("b"));
         queue.close();

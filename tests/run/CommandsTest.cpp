@@ -70,7 +70,7 @@ TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
     PlottedProgram program(home +
                            "[GCMapOptions]\r\nShowComp=False\r\n15Deg=True\r\n45Deg=False\r\n");
     int told = 0;
-    program.data->run.marksChanged = [&] { ++told; };
+    const Connection marks = program.data->run.marksChanged.connect([&] { ++told; });
     const Step steps[] = {
         {&Commands::mnuShowCompass, "world home ", "", "ShowComp=True "},
         {&Commands::mnuBoldCompass, "world home ", "", "CompBold=True CompNorm=False "},

@@ -35,10 +35,10 @@ TEST(FilterGroup, selectsOffExactlyWhenNoOtherMemberIsAndTellsEachChange) {
             for (const auto& [member, on] : c.changes) {
                 const std::vector<int> before = selectedIn(group);
                 int told = 0;
-                group.changed = [&] {
+                const Connection change = group.changed.connect([&] {
                     ++told;
                     EXPECT_EQ(group.selected(0), selectedIn(group) == std::vector<int>{0});
-                };
+                });
                 group.set(member, on);
                 // A box that was clicked off though it must stay on has to be shown on again.
                 EXPECT_EQ(told,
@@ -46,7 +46,6 @@ TEST(FilterGroup, selectsOffExactlyWhenNoOtherMemberIsAndTellsEachChange) {
                     << c.what;
             }
             EXPECT_EQ(selectedIn(group), c.selected) << c.what;
-            group.changed = nullptr;
             group.reset();
             EXPECT_EQ(selectedIn(group), std::vector<int>{0});
         }

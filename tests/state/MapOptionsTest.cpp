@@ -55,7 +55,7 @@ TEST_F(MapOptionsTest, loadsMarksAndOptionsWithTheirFallbacks) {
     EXPECT_EQ(maps.of(Projection::Azimuthal).marker, MarkerSize::Small);
 
     int told = 0;
-    run.marksChanged = [&] { ++told; };
+    const Connection marks = run.marksChanged.connect([&] { ++told; });
     // Of marks that exclude each other the first counts.
     settings("[Globals]\nLatitude=51.5\n[GCMapOptions]\nTopo=true\nShowMe=False\n"
              "Meridian=True\nShowComp=True\nCompNorm=True\nCompBold=True\n15Deg=True\n45Deg=True\n"
@@ -103,7 +103,7 @@ TEST_F(MapOptionsTest, savesAllThatItLoads) {
     options.line = 2;
     options.chkLatLong = true;
     maps.SaveGCMapOptions();
-    EXPECT_EQ(run.PlotLineWidth, 2);
+    EXPECT_EQ(maps.PlotLineWidth(), 2);
     EXPECT_EQ(folder.read("T.ini"),
               "[GCMapOptions]\r\nTopo=True\r\nShowMe=True\r\nMeridian=False\r\nShowComp=True\r\n"
               "CompBold=False\r\nCompNorm=True\r\n15Deg=False\r\n45Deg=True\r\n"

@@ -38,7 +38,7 @@ TEST_F(MapStatsTest, LoadsTheMapInForceWhenItIsToldTo) {
     stats.load();
     EXPECT_EQ(stats.legend().colour(MapColour::Heard), 111U);
     EXPECT_TRUE(stats.loaded());
-    EXPECT_EQ(run.PlotLineWidth, 3);
+    EXPECT_EQ(data.maps.PlotLineWidth(), 3);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
     EXPECT_EQ(stats.filterText(Criterion::Mode), "MODE\r\n--------\r\nCW\r\n");
     EXPECT_EQ(stats.filterText(Criterion::Iota), "IOTA\r\n--------\r\nEU\r\nSA\r\n");
@@ -58,7 +58,7 @@ TEST_F(MapStatsTest, ClosingDropsAllAndTheNextLoadReadsTheSettings) {
     stats.load();
     EXPECT_EQ(stats.legend().colour(MapColour::Heard), 333U);
     EXPECT_EQ(stats.legend().colour(MapColour::Worked), 255U) << "a key that is empty";
-    EXPECT_EQ(run.PlotLineWidth, 2);
+    EXPECT_EQ(data.maps.PlotLineWidth(), 2);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n160M\r\n");
 }
 
