@@ -21,13 +21,6 @@ QtMapWindow::QtMapWindow(QtFrame& outer, MapFrame& frame, MapStats& stats, QTime
 
 QtMapWindow::~QtMapWindow() = default;
 
-MapWindow::State QtMapWindow::windowState() const {
-    if (window_.isMinimized()) {
-        return State::Minimized;
-    }
-    return outer_.isFree() ? State::Normal : State::Maximized;
-}
-
 float QtMapWindow::Width() const { return twipsFromPixels(frame_.size().width()); }
 
 float QtMapWindow::Height() const { return twipsFromPixels(frame_.size().height()); }
@@ -68,13 +61,13 @@ void QtMapWindow::CenterForm() {
     }
 }
 
-void QtMapWindow::followState(State state) {
+void QtMapWindow::followState() {
     // The statistics window has no button to minimize it, and some window managers then won't at
     // all.
-    if (state == State::Minimized && statsVisible()) {
+    if (window_.isMinimized() && statsVisible()) {
         stats_->hide();
         statsAway_ = true;
-    } else if (state != State::Minimized && std::exchange(statsAway_, false)) {
+    } else if (!window_.isMinimized() && std::exchange(statsAway_, false)) {
         stats_->show();
     }
 }

@@ -16,7 +16,7 @@ class frmMapStats;
 
 /// The windows as a run sees them: the main window with its frame and map, the statistics window
 /// beside it, and the system's dialogs.
-class QtMapWindow : public MapWindow {
+class QtMapWindow : public MapScreen, public MainWindow, public StatsWindow, public UserDialogs {
 public:
     /// What the window asks of others.
     struct Acts {
@@ -31,10 +31,13 @@ public:
     /// The widget that the map is shown on from now on.
     void showOn(MapView& view) { view_ = &view; }
 
+    /// The main window was minimized or came back: the statistics window goes along.
+    void followState();
+
     /// Brings the lists of the statistics window up to date, if it is open.
     void refreshLists();
 
-    State windowState() const override;
+    bool isMinimized() const override { return window_.isMinimized(); }
     float Width() const override;
     float Height() const override;
     void setWidth(float width) override;
@@ -45,7 +48,6 @@ public:
     void setCaption(const std::string& caption) override;
     void setVisible(bool visible) override;
     void CenterForm() override;
-    void followState(State state) override;
     void showMap(const MapPlace& place) override;
     void setWaitPointer(bool wait) override;
     void setTimer1(bool enabled) override;

@@ -32,7 +32,7 @@ frmMain::frmMain(RunData& runData)
                [this](MapColour entry) { pickLegendColour(entry); }}),
       listener_(*this, [this] { return outer_.outer(); }),
       map_(runData, window_, listener_, prompt_),
-      commands_(runData, map_, window_, listener_, prompt_),
+      commands_(runData, map_, {window_, window_, window_, window_}, listener_, prompt_),
       Picture2View_(new MapView(
           map_.Picture2, runData.lneGCPlotLine,
           [this](double mapY, double mapX) { return hoverTip(mapY, mapX); }, this)) {
@@ -200,6 +200,7 @@ void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && shown_) {
         frame_.changed();
+        window_.followState();
         map_.fitAgain();
         if (!queue_.busy()) {
             queue_.run("Form_Resize", [this] { followSize(); });

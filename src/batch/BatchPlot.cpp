@@ -3,8 +3,8 @@
 #include "batch/BatchConsole.h"
 #include "batch/BatchOutput.h"
 #include "batch/BatchReport.h"
+#include "batch/BatchScreen.h"
 #include "batch/BatchSettings.h"
-#include "batch/BatchWindow.h"
 #include "map/MapImage.h"
 #include "platform/Twips.h"
 #include "plot/GCMapLoadADIF.h"
@@ -60,8 +60,8 @@ BatchResult batchPlot(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
     const float width = twipsFromPixels(options.size);
-    BatchWindow window(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
-    MapRun map(data, window, console, console);
+    BatchScreen screen(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
+    MapRun map(data, screen, console, console);
     readHome(data.ini, data.run);
     const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
     if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {

@@ -19,16 +19,16 @@ namespace tovrel {
 
 std::string_view GetVersionString() { return TOVREL_VERSION; }
 
-Commands::Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& listener,
+Commands::Commands(RunData& data, MapRun& map, const Windows& windows, PassListener& listener,
                    UserPrompt& prompt, Clock clock)
-    : data_(data), map_(map), window_(window), listener_(listener), prompt_(prompt),
+    : data_(data), map_(map), windows_(windows), listener_(listener), prompt_(prompt),
       clock_(std::move(clock)) {}
 
 void Commands::Form_Load() {
     const bool firstRun = data_.ini.state() == PrivateProfile::State::Missing;
     const bool stored = InitSettings(data_.ini, data_.maps, data_.google, data_.run);
     if (firstRun) {
-        window_.askStationInfo();
+        windows_.dialogs.askStationInfo();
     }
     if (const WriteEnd created = FieldTable::CreateFieldDictionary(data_.ini.programFolder());
         !created) {
@@ -53,9 +53,10 @@ void Commands::Form_Load() {
     data_.maps.load(data_.run.marks.projection);
     data_.stats.load();
 
+    windows_.main.CenterForm();
     map_.LoadBaseMap();
-    map_.SetWindowAspect();
-    window_.setWaitPointer(false);
+    SetWindowAspect();
+    windows_.screen.setWaitPointer(false);
     map_.ResetMap();
     data_.run.FormReady = true;
 }
@@ -63,7 +64,7 @@ void Commands::Form_Load() {
 void Commands::setProjection(Projection projection) {
     data_.run.marks.projection = projection;
     data_.run.marksChanged();
-    window_.setCaption("Tovrel - " + std::string(data_.mapNames().caption));
+    windows_.main.setCaption("Tovrel - " + std::string(data_.mapNames().caption));
     setStoredSize();
 }
 
@@ -72,16 +73,28 @@ void Commands::setStoredSize() {
     const float size =
         toSingle(data_.ini.readNumber(section::globals, names.sizeKey, names.defaultSize));
     if (data_.map()->shape().ofClientArea) {
-        window_.setHeight(size);
+        windows_.main.setHeight(size);
     } else {
-        window_.setWidth(size);
+        windows_.main.setWidth(size);
     }
+}
+
+void Commands::SetWindowAspect() {
+    data_.run.FormReady = false;
+    const MapShape shape = data_.map()->shape();
+    const auto widthPerHeight = static_cast<float>(shape.widthPerHeight);
+    if (shape.ofClientArea) {
+        windows_.main.setWidth(windows_.main.ScaleHeight() * widthPerHeight);
+    } else {
+        windows_.main.setHeight(windows_.main.Width() / widthPerHeight);
+    }
+    data_.run.FormReady = true;
 }
 
 void Commands::fitWindow() {
     setStoredSize();
-    map_.SetWindowAspect();
-    window_.CenterForm();
+    SetWindowAspect();
+    windows_.main.CenterForm();
     map_.followSize();
 }
 
@@ -95,14 +108,15 @@ void Commands::loadLegendAtStart() {
 }
 
 void Commands::Form_Unload() {
-    const float size = data_.map()->shape().ofClientArea ? window_.Height() : window_.Width();
+    const float size =
+        data_.map()->shape().ofClientArea ? windows_.main.Height() : windows_.main.Width();
     data_.ini.WriteIniValue(section::globals, data_.mapNames().sizeKey, decimalText(size));
     data_.run.FormReady = false;
 }
 
 void Commands::mnuOpenADIFFile() {
     const std::string known = data_.ini.ReadIniValue(section::log, "adifile");
-    const std::optional<std::string> chosen = window_.openFile(
+    const std::optional<std::string> chosen = windows_.dialogs.openFile(
         "Load Log Input File", std::string(splitPath(known).folder), "ADIF Files (*.ADI)|*.ADI");
     if (!chosen) {
         return;
@@ -152,16 +166,16 @@ void Commands::mnuLoadADIF() {
     const PassEnd end = pass.PlotLog([this] {
         // A new size shapes the picture before the marks are drawn on it; after that it would wipe
         // them.
-        window_.settleSize();
+        windows_.main.settleSize();
         map_.followSize();
     });
-    window_.setWaitPointer(false);
+    windows_.screen.setWaitPointer(false);
     map_.showMap();
     if (end == PassEnd::Done) {
         // Its next tick would wipe the marks.
-        window_.setTimer1(false);
+        windows_.main.setTimer1(false);
     } else if (end == PassEnd::DictionaryMissing) {
-        window_.close();
+        windows_.main.close();
     }
 }
 
@@ -169,14 +183,15 @@ void Commands::mnuGoogle() {
     if (!chooseLog()) {
         return;
     }
-    window_.setWaitPointer(false);
+    windows_.screen.setWaitPointer(false);
     data_.stats.load();
-    GoogleExport pass(data_.ini, data_.google, data_.run, data_.stats,
-                      data_.tables.counters.QsosPlotted, listener_, prompt_,
-                      [this](const std::string& path) { return window_.openWithSystem(path); });
+    GoogleExport pass(
+        data_.ini, data_.google, data_.run, data_.stats, data_.tables.counters.QsosPlotted,
+        listener_, prompt_,
+        [this](const std::string& path) { return windows_.dialogs.openWithSystem(path); });
     const ExportEnd end = pass.CreateGoogleFile(exportFilesFor(data_.run.LogFileName));
     if (end == ExportEnd::DictionaryMissing) {
-        window_.close();
+        windows_.main.close();
     }
 }
 
@@ -251,43 +266,44 @@ void Commands::setCompassStep(bool every15) {
 }
 
 void Commands::switchProjection(Projection projection) {
-    const bool StatsWereVisible = window_.statsVisible();
+    const bool StatsWereVisible = windows_.stats.statsVisible();
     if (StatsWereVisible) {
-        window_.hideStats();
+        windows_.stats.hideStats();
     }
-    window_.setVisible(false);
+    windows_.main.setVisible(false);
     data_.maps.load(projection);
     if (data_.run.marks.projection != projection) {
         data_.tables.HoverTable.clear();
         readHome(data_.ini, data_.run);
         setProjection(projection);
-        map_.SetWindowAspect();
+        SetWindowAspect();
+        windows_.main.CenterForm();
         map_.LoadBaseMap();
         map_.ResetMap();
         data_.maps.save(projection);
         data_.ini.WriteIniValue(section::globals, "Display", data_.mapNames().display);
     }
-    window_.setVisible(true);
+    windows_.main.setVisible(true);
     if (StatsWereVisible) {
-        window_.closeStats();
-        window_.mnuView_Stats();
+        windows_.stats.closeStats();
+        windows_.stats.mnuView_Stats();
     }
     replot();
 }
 
 void Commands::mnuRecreateMap() {
     readHome(data_.ini, data_.run);
-    window_.setWaitPointer(true);
-    window_.setTimer1(false);
+    windows_.screen.setWaitPointer(true);
+    windows_.main.setTimer1(false);
     map_.BuildBaseMap();
-    window_.setTimer1(true);
+    windows_.main.setTimer1(true);
     map_.ResetMap();
     data_.maps.saveInForce();
-    window_.setWaitPointer(false);
+    windows_.screen.setWaitPointer(false);
 }
 
 void Commands::mnuLoadCustomMap() {
-    const std::optional<std::string> chosen = window_.openFile(
+    const std::optional<std::string> chosen = windows_.dialogs.openFile(
         "Select Base Map for " + std::string(data_.mapNames().shortCaption),
         data_.ini.programFolder(), "JPG Files (*.JPG)|*.JPG|BMP Files (*.BMP)|*.BMP");
     if (!chosen) {
@@ -301,7 +317,7 @@ void Commands::mnuLoadCustomMap() {
 void Commands::changeBaseColour(MapColour which) {
     const Projection projection = data_.run.marks.projection;
     const Colour start = readColour(data_.ini, projection, which, keyOf(which).byDefault);
-    const std::optional<Colour> chosen = window_.chooseColour(start);
+    const std::optional<Colour> chosen = windows_.dialogs.chooseColour(start);
     if (!chosen) {
         return;
     }
@@ -320,7 +336,7 @@ void Commands::mnuResetBaseColors() {
 
 void Commands::mnuHelp() {
     const std::string guide = findFile(data_.ini.programFolder(), "Tovrel-Help.pdf");
-    if (!guide.empty() && !window_.openWithSystem(guide)) {
+    if (!guide.empty() && !windows_.dialogs.openWithSystem(guide)) {
         prompt_.tell("No program could be started to show the help file:\r\n" + guide,
                      MessageIcon::Exclamation);
     }
@@ -336,7 +352,7 @@ bool Commands::pickLegendColour(MapColour entry) {
     data_.stats.load();
     const Colour before = data_.stats.legend().colour(entry);
     // Cancelling keeps the colour that the dialog began with.
-    const Colour chosen = window_.chooseColour(before).value_or(before);
+    const Colour chosen = windows_.dialogs.chooseColour(before).value_or(before);
     data_.stats.pickColour(entry, chosen);
     return entry == MapColour::Meridian && chosen != before;
 }

@@ -19,7 +19,7 @@ public:
     using Clock = std::function<QDateTime()>;
 
     /// @param clock local time, for the names and stamps of saved maps
-    Commands(RunData& data, MapRun& map, MapWindow& window, PassListener& listener,
+    Commands(RunData& data, MapRun& map, const Windows& windows, PassListener& listener,
              UserPrompt& prompt, Clock clock = &QDateTime::currentDateTime);
 
     /// Start-up: settings, state, options and the first map, all before the window is first shown.
@@ -76,6 +76,8 @@ private:
     void replot();
     void setProjection(Projection projection);
     void setStoredSize();
+    /// Gives the window the shape of the map in force.
+    void SetWindowAspect();
     void setCompassWeight(bool bold);
     void setCompassStep(bool every15);
     void switchProjection(Projection projection);
@@ -85,7 +87,7 @@ private:
 
     RunData& data_;
     MapRun& map_;
-    MapWindow& window_;
+    Windows windows_;
     PassListener& listener_;
     UserPrompt& prompt_;
     Clock clock_;

@@ -19,18 +19,18 @@ namespace {
 /// Questions with the default pointer; the wait pointer comes back when the user says yes.
 class PointerPrompt : public ForwardingPrompt {
 public:
-    PointerPrompt(UserPrompt& prompt, MapWindow& window)
-        : ForwardingPrompt(prompt), window_(window) {}
+    PointerPrompt(UserPrompt& prompt, MapScreen& screen)
+        : ForwardingPrompt(prompt), screen_(screen) {}
 
     bool ask(const Question& question) override {
-        window_.setWaitPointer(false);
+        screen_.setWaitPointer(false);
         const bool yes = ForwardingPrompt::ask(question);
-        window_.setWaitPointer(yes);
+        screen_.setWaitPointer(yes);
         return yes;
     }
 
 private:
-    MapWindow& window_;
+    MapScreen& screen_;
 };
 
 /// Answers a question that the user has answered before with yes.
@@ -43,8 +43,8 @@ public:
 
 } // namespace
 
-MapRun::MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPrompt& prompt)
-    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data), window_(window),
+MapRun::MapRun(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt)
+    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data), screen_(screen),
       listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapRun::cachePath() const {
@@ -89,7 +89,6 @@ bool MapRun::loadMapPix(const std::string& path) {
 void MapRun::LoadBaseMap() {
     noteCustomMap();
     Picture2.Cls();
-    window_.CenterForm();
     const bool settingsServe = !data_.ini.isOutOfReach();
     CachedBaseMap cached = settingsServe ? loadBaseMap(cachePath()) : CachedBaseMap();
     const bool fits = cached.picture && cached.picture.image.size() == Picture1.Image().size();
@@ -113,11 +112,11 @@ void MapRun::LoadBaseMap() {
 
 void MapRun::BuildBaseMap() {
     cacheBaseMap(drawBaseMapInMemory());
-    window_.setWaitPointer(false);
+    screen_.setWaitPointer(false);
 }
 
 BaseMapEnd MapRun::drawBaseMapInMemory() {
-    PointerPrompt prompt(prompt_, window_);
+    PointerPrompt prompt(prompt_, screen_);
     return drawBaseMap(listener_, prompt);
 }
 
@@ -158,11 +157,11 @@ void MapRun::cacheBaseMap(const BaseMapEnd& end) {
 }
 
 void MapRun::RebuildBaseMap() {
-    window_.setWaitPointer(true);
+    screen_.setWaitPointer(true);
     BuildBaseMap();
     ResetMap();
     data_.maps.saveInForce();
-    window_.setWaitPointer(false);
+    screen_.setWaitPointer(false);
 }
 
 void MapRun::ResetMap() {
@@ -176,13 +175,11 @@ void MapRun::ResetMap() {
 }
 
 void MapRun::Form_Resize() {
-    const MapWindow::State state = window_.windowState();
-    window_.followState(state);
-    if (state == MapWindow::State::Minimized) {
+    if (screen_.isMinimized()) {
         return;
     }
     if (data_.run.FormReady) {
-        fittedTo_ = window_.area();
+        fittedTo_ = screen_.area();
         place_ = MapFit(fittedTo_, data_.map()->shape());
         Picture2.setSize(place_.width, place_.height);
     }
@@ -198,21 +195,9 @@ void MapRun::Form_Resize() {
 }
 
 void MapRun::followSize() {
-    if (window_.area() != fittedTo_) {
+    if (screen_.area() != fittedTo_) {
         Form_Resize();
     }
-}
-
-void MapRun::SetWindowAspect() {
-    data_.run.FormReady = false;
-    const MapShape shape = data_.map()->shape();
-    const auto widthPerHeight = static_cast<float>(shape.widthPerHeight);
-    if (shape.ofClientArea) {
-        window_.setWidth(window_.ScaleHeight() * widthPerHeight);
-    } else {
-        window_.setHeight(window_.Width() / widthPerHeight);
-    }
-    data_.run.FormReady = true;
 }
 
 void MapRun::DrawGraticule() {

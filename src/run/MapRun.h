@@ -17,7 +17,7 @@ namespace tovrel {
 /// The map of a run: its two pictures and the ways in which they are made and put back.
 class MapRun {
 public:
-    MapRun(RunData& data, MapWindow& window, PassListener& listener, UserPrompt& prompt);
+    MapRun(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt);
 
     /// The base map with the compass, source of every redraw.
     PictureSurface Picture1;
@@ -62,10 +62,7 @@ public:
     void fitAgain() { fittedTo_ = {}; }
 
     /// What is drawn on Picture2 reaches the screen.
-    void showMap() { window_.showMap(place_); }
-
-    /// Gives the window the shape of the map in force.
-    void SetWindowAspect();
+    void showMap() { screen_.showMap(place_); }
 
     void DrawGraticule();
     void DrawHomeMarker();
@@ -81,7 +78,7 @@ private:
     void cacheBaseMap(const BaseMapEnd& end);
 
     RunData& data_;
-    MapWindow& window_;
+    MapScreen& screen_;
     PassListener& listener_;
     UserPrompt& prompt_;
     WindowArea fittedTo_;                  ///< the window that Picture2 has its size from

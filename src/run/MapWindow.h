@@ -8,40 +8,15 @@
 
 namespace tovrel {
 
-/// What a run needs of the windows. The program's is the main window with those beside it; a run
-/// without a window has one that is only a size. Sizes are twips, of the outer window.
-class MapWindow {
+/// Where the map is shown. Sizes are twips.
+class MapScreen {
 public:
-    enum class State { Normal, Minimized, Maximized };
+    virtual ~MapScreen() = default;
 
-    virtual ~MapWindow() = default;
-
-    virtual State windowState() const = 0;
-
-    /// Size of the free window: while it is maximized, that which it will have again.
-    virtual float Width() const = 0;
-    virtual float Height() const = 0;
-    virtual void setWidth(float width) = 0;
-    virtual void setHeight(float height) = 0;
-
-    /// Height of the free window's client area, below title bar and menu.
-    virtual float ScaleHeight() const = 0;
+    virtual bool isMinimized() const = 0;
 
     /// The window as it is now, free or not.
     virtual WindowArea area() const = 0;
-
-    /// Settles a change of size that the user has made a moment ago.
-    virtual void settleSize() = 0;
-
-    virtual void setCaption(const std::string& caption) = 0;
-    virtual void setVisible(bool visible) = 0;
-
-    /// Moves the window to the middle of the screen.
-    virtual void CenterForm() = 0;
-
-    /// Takes the sizing rule off while the window is minimized, and the statistics window along
-    /// with the main one.
-    virtual void followState(State state) = 0;
 
     /// Picture2 has changed; it reaches the screen with the next repaint.
     /// @param place of the picture in the client area
@@ -49,16 +24,58 @@ public:
 
     /// Shows the wait pointer, or the default one.
     virtual void setWaitPointer(bool wait) = 0;
+};
+
+/// The main window. Sizes are twips, of the outer window while it is free; while it is maximized,
+/// those that it will have again.
+class MainWindow {
+public:
+    virtual ~MainWindow() = default;
+
+    virtual float Width() const = 0;
+    virtual float Height() const = 0;
+    virtual void setWidth(float width) = 0;
+    virtual void setHeight(float height) = 0;
+
+    /// Height of the client area, below title bar and menu.
+    virtual float ScaleHeight() const = 0;
+
+    /// Settles a change of size that the user has made a moment ago.
+    virtual void settleSize() = 0;
+
+    /// Moves the window to the middle of the screen.
+    virtual void CenterForm() = 0;
+
+    /// @param caption bytes, UTF-8
+    virtual void setCaption(const std::string& caption) = 0;
+    virtual void setVisible(bool visible) = 0;
 
     /// Starts or stops Timer1.
     virtual void setTimer1(bool enabled) = 0;
 
+    /// Closes the main window, and with it the program.
+    virtual void close() = 0;
+};
+
+/// The statistics window beside the map.
+class StatsWindow {
+public:
+    virtual ~StatsWindow() = default;
+
     virtual bool statsVisible() const = 0;
     virtual void hideStats() = 0;
-    /// Closes the statistics window, visible or not, which drops what it holds.
+
+    /// Closes it, visible or not, which drops what it holds.
     virtual void closeStats() = 0;
-    /// Opens the statistics window beside the map; nothing happens when it is visible.
+
+    /// Opens it beside the map, or brings it to the front.
     virtual void mnuView_Stats() = 0;
+};
+
+/// What the user is asked in windows, and shown in those of other programs.
+class UserDialogs {
+public:
+    virtual ~UserDialogs() = default;
 
     /// Shows frmInfoInput and waits until the user has closed it.
     virtual void askStationInfo() = 0;
@@ -76,9 +93,14 @@ public:
     /// @param path UTF-8
     /// @return false when that is known to have failed
     virtual bool openWithSystem(const std::string& path) = 0;
+};
 
-    /// Closes the main window, and with it the program.
-    virtual void close() = 0;
+/// The windows that a command works with.
+struct Windows {
+    MapScreen& screen;
+    MainWindow& main;
+    StatsWindow& stats;
+    UserDialogs& dialogs;
 };
 
 } // namespace tovrel

@@ -25,7 +25,7 @@ struct Run {
     ScriptedListener listener;
     ScriptedPrompt prompt;
     MapRun map{data, window, listener, prompt};
-    Commands commands{data, map, window, listener, prompt, clock};
+    Commands commands{data, map, window.faces(), listener, prompt, clock};
 };
 
 const std::map<std::string, std::function<void(Run&)>> acts = {

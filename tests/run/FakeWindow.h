@@ -8,25 +8,24 @@
 
 namespace tovrel {
 
-/// A window that keeps what it is told, answers its dialogs as a test says, and shows nothing.
-class FakeWindow : public MapWindow {
+/// Windows that keep what they are told, answer their dialogs as a test says, and show nothing.
+class FakeWindow : public MapScreen, public MainWindow, public StatsWindow, public UserDialogs {
 public:
     static constexpr float frame = 900.0F; ///< title bar and menu, twips
 
-    State windowState() const override { return state; }
+    Windows faces() { return {*this, *this, *this, *this}; }
+
+    bool isMinimized() const override { return minimized; }
     float Width() const override { return width; }
     float Height() const override { return height; }
     void setWidth(float newWidth) override { width = newWidth; }
     void setHeight(float newHeight) override { height = newHeight; }
     float ScaleHeight() const override { return height - frame; }
-    WindowArea area() const override {
-        return {width, height, width, height - frame, state == State::Normal};
-    }
+    WindowArea area() const override { return {width, height, width, height - frame, free}; }
     void settleSize() override { onSettle(); }
     void setCaption(const std::string& newCaption) override { caption = newCaption; }
     void setVisible(bool visible) override { calls.emplace_back(visible ? "show" : "hide"); }
     void CenterForm() override { calls.emplace_back("center"); }
-    void followState(State followed) override { lastFollowed = followed; }
     void showMap(const MapPlace& place) override { lastPlace = place; }
     void setWaitPointer(bool wait) override { waitPointer = wait; }
     void setTimer1(bool enabled) override {
@@ -65,11 +64,11 @@ public:
         return all;
     }
 
-    State state = State::Normal;
+    bool minimized = false;
+    bool free = true;
     float width = 5000.0F;
     float height = 5000.0F;
     std::string caption;
-    State lastFollowed = State::Normal;
     MapPlace lastPlace;
     bool waitPointer = true;
     bool timer1 = false;

@@ -245,13 +245,12 @@ TEST(MapRun, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     program.data->lneGCPlotLine.show({.toX = 5});
     const QImage before = program.map->Picture2.Image();
     program.window.height = 6000;
-    program.window.state = MapWindow::State::Minimized;
+    program.window.minimized = true;
     program.map->Form_Resize();
-    EXPECT_EQ(program.window.lastFollowed, MapWindow::State::Minimized);
     EXPECT_EQ(program.map->Picture2.Image(), before);
     EXPECT_TRUE(program.data->lneGCPlotLine.shape().visible);
 
-    program.window.state = MapWindow::State::Maximized;
+    program.window.minimized = program.window.free = false;
     program.window.width = 9100;
     program.map->Form_Resize();
     EXPECT_EQ(program.map->Picture2.Width(), 5100.0F);
@@ -259,7 +258,7 @@ TEST(MapRun, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     EXPECT_FALSE(program.data->lneGCPlotLine.shape().visible);
     EXPECT_EQ(program.look(), "world home ");
 
-    program.window.state = MapWindow::State::Normal;
+    program.window.free = true;
     program.data->run.FormReady = false;
     program.window.width = 6000 - FakeWindow::frame;
     program.map->Form_Resize();

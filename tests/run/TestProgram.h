@@ -52,7 +52,7 @@ public:
         map.reset();
         data = std::make_unique<RunData>(folder.path(), "Tovrel.ini");
         map = std::make_unique<MapRun>(*data, window, listener, prompt);
-        commands = std::make_unique<Commands>(*data, *map, window, listener, prompt);
+        commands = std::make_unique<Commands>(*data, *map, window.faces(), listener, prompt);
         window.onCloseStats = [this] { data->stats.unload(); };
     }
     void start() {

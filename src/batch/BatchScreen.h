@@ -1,0 +1,26 @@
+#pragma once
+
+#include "run/MapWindow.h"
+
+namespace tovrel {
+
+/// The screen of a run without a window: a size that gives Picture2 the wanted number of pixels.
+class BatchScreen : public MapScreen {
+public:
+    /// @param pictureWidth, pictureHeight size of Picture2 in twips
+    BatchScreen(float pictureWidth, float pictureHeight)
+        : pictureWidth_(pictureWidth), pictureHeight_(pictureHeight) {}
+
+    bool isMinimized() const override { return false; }
+    WindowArea area() const override {
+        return {pictureWidth_, pictureHeight_, pictureWidth_, pictureHeight_, false};
+    }
+    void showMap(const MapPlace& /*place*/) override {}
+    void setWaitPointer(bool /*wait*/) override {}
+
+private:
+    float pictureWidth_;
+    float pictureHeight_;
+};
+
+} // namespace tovrel
