@@ -4,9 +4,7 @@
 #include <QFrame>
 #include <QIcon>
 #include <QLabel>
-#include <QPainter>
 #include <QPalette>
-#include <QPixmap>
 #include <QPushButton>
 
 namespace tovrel {
@@ -14,26 +12,6 @@ namespace tovrel {
 namespace {
 
 constexpr int iconSize = 32;
-
-/// The program's icon, or a globe where there is none.
-QPixmap picture() {
-    QPixmap icon = QApplication::windowIcon().pixmap(iconSize, iconSize);
-    if (!icon.isNull())
-        return icon;
-    QPixmap globe(iconSize, iconSize);
-    globe.fill(Qt::transparent);
-    QPainter painter(&globe);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(QColor(0x1F, 0x4E, 0x79), 1.5));
-    painter.setBrush(QColor(0x9F, 0xC5, 0xE8));
-    const QRectF outline(2.0, 2.0, 28.0, 28.0);
-    painter.drawEllipse(outline);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawEllipse(outline.adjusted(8.0, 0.0, -8.0, 0.0));
-    painter.drawLine(QPointF(2.0, 16.0), QPointF(30.0, 16.0));
-    painter.drawLine(QPointF(16.0, 2.0), QPointF(16.0, 30.0));
-    return globe;
-}
 
 } // namespace
 
@@ -51,7 +29,7 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
     title->setFont(windowFont(19, true));
     title->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     auto* picIcon = addLabel(*this, QStringLiteral("picIcon"), QString(), {240, 240, 540, 540});
-    picIcon->setPixmap(picture());
+    picIcon->setPixmap(QApplication::windowIcon().pixmap(iconSize, iconSize));
     addLabel(*this, QStringLiteral("lblVersion"), QStringLiteral("Version: ") + version,
              {1320, 720, 1275, 225});
     auto* description = addLabel(

@@ -213,7 +213,7 @@ std::string GoogleExport::packDocument() {
             return std::string(icon).append(": ").append(archive.error());
         }
     }
-    if (!archive.WriteZip(files_.archive, true)) {
+    if (!archive.WriteZip(files_.archive)) {
         return archive.error();
     }
     listener_.showProgress(99.0F);

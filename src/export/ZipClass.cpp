@@ -1,6 +1,5 @@
 #include "export/ZipClass.h"
 
-#include <QFileInfo>
 #include <algorithm>
 #include <numeric>
 #include <utility>
@@ -19,8 +18,7 @@ bool ZipClass::fail(std::string_view reason) {
     return false;
 }
 
-bool ZipClass::AddFile(const std::string& FilePath, std::string_view FileName,
-                       std::string_view Comment) {
+bool ZipClass::AddFile(const std::string& FilePath, std::string_view FileName) {
     if (entries_.size() == zipLimit::entries) {
         return fail("an archive holds no more files");
     }
@@ -31,9 +29,8 @@ bool ZipClass::AddFile(const std::string& FilePath, std::string_view FileName,
     if (!FileName.empty()) {
         entry.setFileName(FileName);
     }
-    entry.setComment(Comment);
-    if (!entry.textsFit()) {
-        return fail("the name or the comment is too long for an archive");
+    if (!entry.nameFits()) {
+        return fail("the name is too long for an archive");
     }
     entries_.push_back(std::move(entry));
     return true;
@@ -49,16 +46,8 @@ std::int64_t ZipClass::directorySize() const {
                                  [](const ZipFile& entry) { return entry.centralSize(); });
 }
 
-bool ZipClass::WriteZip(const std::string& FilePath, bool Overwrite) {
-    if (!Overwrite && QFileInfo::exists(QString::fromStdString(FilePath))) {
-        return fail("the file exists already");
-    }
-    if (Comment_.size() > zipLimit::textLength) {
-        return fail("the comment is too long for an archive");
-    }
-    const auto size = directoryOffset() + directorySize() + endRecordSize +
-                      static_cast<std::int64_t>(Comment_.size());
-    if (size > zipLimit::bytes) {
+bool ZipClass::WriteZip(const std::string& FilePath) {
+    if (directoryOffset() + directorySize() + endRecordSize > zipLimit::bytes) {
         return fail("the files are too large for an archive");
     }
     FileReplacement file(FilePath);
@@ -82,8 +71,7 @@ bool ZipClass::writeTo(FileReplacement& file) {
         .put16(count)
         .put32(static_cast<std::uint32_t>(directorySize()))
         .put32(static_cast<std::uint32_t>(directoryOffset()))
-        .put16(static_cast<std::uint32_t>(Comment_.size()))
-        .putText(Comment_);
+        .put16(0); // no comment
     return entriesWritten && end.writeTo(file);
 }
 

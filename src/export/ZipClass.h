@@ -13,29 +13,21 @@ namespace tovrel {
 /// written with the directory in one go.
 class ZipClass {
 public:
-    /// Number of entries so far.
-    std::int32_t FileCount() const { return static_cast<std::int32_t>(entries_.size()); }
-
-    /// Sets the archive's comment, at most 32767 bytes.
-    void setComment(std::string_view Comment) { Comment_ = Comment; }
-
     /// Adds a file. Names are not compared: the same name twice makes two entries.
     /// @param FilePath of a plain file, UTF-8
     /// @param FileName to be stored; if empty, the last part of the path
-    /// @param Comment of the entry
     /// @return false when the file is missing or can't be read, or when the archive can't hold one
     ///         like it; then nothing has changed and error() says why
-    bool AddFile(const std::string& FilePath, std::string_view FileName = {},
-                 std::string_view Comment = {});
+    bool AddFile(const std::string& FilePath, std::string_view FileName = {});
 
     /// What the file that was added last was read to hold; there has to be one.
     const ByteSum& lastSource() const { return entries_.back().source(); }
 
-    /// Writes the archive beside its place and renames it over that when it is whole.
-    /// @param Overwrite whether a file that stands there may be replaced
-    /// @return false when it may not, when the archive's form can't hold the entries, or when the
-    ///         file can't be written; then what stands there is untouched and error() says why
-    bool WriteZip(const std::string& FilePath, bool Overwrite = false);
+    /// Writes the archive beside its place and renames it over whatever stands there when it is
+    /// whole.
+    /// @return false when the archive's form can't hold the entries, or when the file can't be
+    ///         written; then what stands there is untouched and error() says why
+    bool WriteZip(const std::string& FilePath);
 
     /// Short reason of the last failure, UTF-8.
     const std::string& error() const { return error_; }
@@ -47,7 +39,6 @@ private:
     bool writeTo(FileReplacement& file);
 
     std::vector<ZipFile> entries_;
-    std::string Comment_;
     std::string error_;
 };
 

@@ -102,10 +102,6 @@ bool ZipFile::SetSource(const std::string& path) {
     return ReadAndCompress(path);
 }
 
-bool ZipFile::textsFit() const {
-    return FileName_.size() <= zipLimit::textLength && Comment_.size() <= zipLimit::textLength;
-}
-
 std::string_view ZipFile::NameFromPath(std::string_view path) { return splitPath(path).name; }
 
 bool ZipFile::fail(std::string_view reason) {
@@ -188,13 +184,12 @@ bool ZipFile::WriteCentral(FileReplacement& file) const {
     ZipRecord header;
     header.put32(centralSignature).put16(version);
     return putCommonFields(header)
-        .put16(lengthOf(Comment_))
+        .put16(0) // no comment
         .put16(0)
         .put16(internalAttributes)
         .put32(0)
         .put32(static_cast<std::uint32_t>(localOffset_))
         .putText(FileName_)
-        .putText(Comment_)
         .writeTo(file);
 }
 
@@ -203,7 +198,7 @@ std::int64_t ZipFile::localSize() const {
 }
 
 std::int64_t ZipFile::centralSize() const {
-    return centralHeaderSize + static_cast<std::int64_t>(FileName_.size() + Comment_.size());
+    return centralHeaderSize + static_cast<std::int64_t>(FileName_.size());
 }
 
 } // namespace tovrel

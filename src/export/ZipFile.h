@@ -18,7 +18,7 @@ namespace tovrel {
 namespace zipLimit {
 inline constexpr std::int64_t bytes = 0x7FFFFFFF; ///< of a size or an offset
 inline constexpr std::size_t entries = 0x7FFF;    ///< in an archive
-inline constexpr std::size_t textLength = 0x7FFF; ///< of a name or a comment, in bytes
+inline constexpr std::size_t textLength = 0x7FFF; ///< of a name, in bytes
 } // namespace zipLimit
 
 /// A record of the archive under construction: numbers little-endian, nothing between them.
@@ -41,7 +41,7 @@ private:
 };
 
 /// One entry of an archive: a source file, compressed in memory, with its name and stamps.
-/// Method 8 (deflate) always; names and comments are bytes and stored as they are.
+/// Method 8 (deflate) always; names are bytes and stored as they are.
 class ZipFile {
 public:
     /// Takes stamps and name from a plain file and compresses its content, block by block as it is
@@ -56,10 +56,9 @@ public:
 
     /// Replaces the stored name.
     void setFileName(std::string_view FileName) { FileName_ = FileName; }
-    void setComment(std::string_view Comment) { Comment_ = Comment; }
 
-    /// Whether name and comment are short enough for the archive.
-    bool textsFit() const;
+    /// Whether the name is short enough for the archive.
+    bool nameFits() const { return FileName_.size() <= zipLimit::textLength; }
 
     /// Writes the local header and the data where `file` stands, and notes that place.
     bool WriteLocal(FileReplacement& file);
@@ -90,7 +89,6 @@ private:
     ZipRecord& putCommonFields(ZipRecord& header) const;
 
     std::string FileName_;
-    std::string Comment_;
     std::uint16_t time_ = 0;
     std::uint16_t date_ = 0;
     ByteSum source_;

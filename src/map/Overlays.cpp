@@ -36,7 +36,7 @@ void DrawCompassLabel(PictureSurface& surface, int degrees, int weight) {
     const MapPoint start = onCircle(roundHalfEven(degrees - back), labelRadius);
     surface.CurrentX = start.x;
     surface.CurrentY = start.y;
-    RotatedPrint(text, {.weight = weight}, degrees * -10, surface);
+    RotatedPrint(text, weight, degrees * -10, surface);
 }
 
 } // namespace

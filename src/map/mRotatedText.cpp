@@ -6,25 +6,18 @@
 
 namespace tovrel {
 
-QFont fontOf(const TextStyle& style) {
-    QFont font(style.fontName);
+void RotatedPrint(const QString& text, int weight, int escapement, PictureSurface& surface) {
+    constexpr int cellHeight = 18; // pixels
+    QFont font(QStringLiteral("Arial"));
     font.setStyleHint(QFont::SansSerif);
-    font.setWeight(static_cast<QFont::Weight>(std::clamp(style.weight, 1, 1000)));
-    font.setItalic(style.italic);
-    font.setUnderline(style.underline);
-    font.setStrikeOut(style.strikethru);
+    font.setWeight(static_cast<QFont::Weight>(weight));
     // A font's size counts its em square; the cell is higher by a factor of the face.
     constexpr int sample = 100;
     font.setPixelSize(sample);
     const QFontMetricsF metrics(font);
     const double cell = metrics.ascent() + metrics.descent();
-    font.setPixelSize(std::max(1, static_cast<int>(std::lround(style.height * sample / cell))));
-    return font;
-}
-
-void RotatedPrint(const QString& text, const TextStyle& style, int escapement,
-                  PictureSurface& surface) {
-    surface.Print(text, fontOf(style), escapement);
+    font.setPixelSize(std::max(1, static_cast<int>(std::lround(cellHeight * sample / cell))));
+    surface.Print(text, font, escapement);
 }
 
 int labelWidth(const QString& text) {

@@ -221,7 +221,7 @@ TEST(PictureSurface, TextBeginsWithItsTopLeftCornerAndTurnsAboutIt) {
         PictureSurface surface = whiteSurface(440, 440);
         surface.ForeColor = red;
         surface.CurrentX = surface.CurrentY = 0;
-        RotatedPrint(QStringLiteral("HHHHH"), {.height = 24}, c.escapement, surface);
+        RotatedPrint(QStringLiteral("HHHHH"), 400, c.escapement, surface);
         const auto inkWithin = [&](int left, int top, int right, int bottom) {
             return inkWhere(surface,
                             [=](int x, int y, Colour found) {
@@ -230,11 +230,11 @@ TEST(PictureSurface, TextBeginsWithItsTopLeftCornerAndTurnsAboutIt) {
                             })
                 .count;
         };
-        EXPECT_EQ(inkWithin(24 * c.left - 2, 24 * c.top - 2, 24 * c.right + 2, 24 * c.bottom + 2),
+        EXPECT_EQ(inkWithin(18 * c.left - 2, 18 * c.top - 2, 18 * c.right + 2, 18 * c.bottom + 2),
                   inkOver(surface, white).count)
             << c.escapement;
-        EXPECT_GT(inkWithin(-24, -24, 24, 24), 20) << "near the corner, not a letter away from it";
-        EXPECT_GT(inkOver(surface, white).count, 200) << c.escapement;
+        EXPECT_GT(inkWithin(-18, -18, 18, 18), 20) << "near the corner, not a letter away from it";
+        EXPECT_GT(inkOver(surface, white).count, 100) << c.escapement;
     }
 }
 
