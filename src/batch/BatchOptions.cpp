@@ -1,211 +1,35 @@
 #include "batch/BatchOptions.h"
 
+#include "batch/OptionTable.h"
 #include "platform/ByteText.h"
-#include "platform/Numbers.h"
-#include "state/StationInfo.h"
 
 #include <algorithm>
-#include <array>
-#include <iterator>
+#include <span>
 #include <string_view>
-#include <utility>
 
 namespace tovrel {
 
 namespace {
 
-using Value = const std::string&;
-
-/// A plain decimal number that takes up the whole of a text.
-std::optional<double> plainDecimal(std::string_view text) {
-    const bool plain = !text.empty() && coordinateFault(text) == CoordinateFault::None;
-    return plain ? leadingNumber(text) : std::nullopt;
-}
-
-/// Two numbers with a comma between them.
-std::optional<std::pair<double, double>> numberPair(std::string_view text) {
-    const std::size_t comma = text.find(',');
-    if (comma == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const std::optional<double> first = plainDecimal(text.substr(0, comma));
-    const std::optional<double> second = plainDecimal(text.substr(comma + 1));
-    return first && second ? std::optional(std::pair(*first, *second)) : std::nullopt;
-}
-
-/// The parts of a list with commas, without the blanks round them; one empty part when the text is
-/// empty.
-std::vector<std::string_view> commaList(std::string_view text) {
-    std::vector<std::string_view> parts;
-    for (std::size_t comma = text.find(','); comma != std::string_view::npos;
-         comma = text.find(',')) {
-        parts.push_back(trimBlanks(text.substr(0, comma)));
-        text.remove_prefix(comma + 1);
-    }
-    parts.push_back(trimBlanks(text));
-    return parts;
-}
-
-// Each takes the value of an option and says whether it is good.
-
-template <std::string BatchOptions::*member>
-bool takeText(BatchOptions& options, Value value) {
-    options.*member = value;
-    return !value.empty();
-}
-
-template <std::string BatchOptions::*member>
-bool takePicture(BatchOptions& options, Value value) {
-    options.*member = value;
-    return imageFormat(value) != nullptr;
-}
-
-template <std::optional<bool> BatchOptions::*member>
-bool takeOnOff(BatchOptions& options, Value value) {
-    options.*member = value == "on";
-    return value == "on" || value == "off";
-}
-
-template <Criterion criterion>
-bool takeGroup(BatchOptions& options, Value value) {
-    FilterGroup group(criterion);
-    const CriterionNames& names = namesOf(criterion);
-    const std::vector<std::string_view> wanted = commaList(value);
-    for (const std::string_view name : wanted) {
-        int member = 0;
-        while (member <= names.lastMember &&
-               !equalIgnoringCase(names.captions[static_cast<std::size_t>(member)], name)) {
-            ++member;
+/// The lines of the usage on the options of some commands.
+std::string usageOf(OptionRule::Of of) {
+    constexpr std::size_t helpColumn = 22;
+    std::string usage;
+    for (const OptionRule& rule : optionRules()) {
+        if (rule.of != of) {
+            continue;
         }
-        if (member > names.lastMember || (member == 0 && wanted.size() > 1)) {
-            return false;
+        std::string line = "  " + std::string(rule.name);
+        line.append(rule.value.empty() ? "" : " ").append(rule.value);
+        line.resize(std::max(line.size() + 1, helpColumn), ' ');
+        for (const char c : rule.help) {
+            line += c;
+            line.append(c == '\n' ? helpColumn : 0, ' ');
         }
-        group.set(member, true);
+        usage += line + '\n';
     }
-    options.filter.push_back(group);
-    return true;
+    return usage;
 }
-
-bool takeMarker(BatchOptions& options, Value value) {
-    for (const MarkerSize size : {MarkerSize::Small, MarkerSize::Medium, MarkerSize::Large}) {
-        if (equalIgnoringCase(value, wordOf(size))) {
-            options.marker = size;
-            return true;
-        }
-    }
-    return false;
-}
-
-bool takeProjection(BatchOptions& options, Value value) {
-    for (const Projection projection : allProjections) {
-        if (value == namesOf(projection).word) {
-            options.projection = projection;
-            return true;
-        }
-    }
-    return false;
-}
-
-bool takeHome(BatchOptions& options, Value value) {
-    const auto position = numberPair(value);
-    if (!position) {
-        return false;
-    }
-    const auto [latitude, longitude] = *position;
-    options.home = {latitude, longitude};
-    return latitude >= -90.0 && latitude <= 90.0 && longitude >= -180.0 && longitude <= 360.0;
-}
-
-bool takeCompass(BatchOptions& options, Value value) {
-    options.compass = value == "15"   ? Compass::Every15
-                      : value == "45" ? Compass::Every45
-                                      : Compass::Off;
-    return value == "15" || value == "45" || value == "off";
-}
-
-bool takeSize(BatchOptions& options, Value value) {
-    constexpr double least = 200.0;
-    constexpr double most = 8000.0;
-    const std::optional<double> width = plainDecimal(value);
-    if (!width || *width < least || *width > most || *width != roundHalfEven(*width)) {
-        return false;
-    }
-    options.size = roundToInt(*width);
-    return true;
-}
-
-bool takeTip(BatchOptions& options, Value value) {
-    const auto position = numberPair(value);
-    if (position) {
-        options.tips.push_back({position->first, position->second});
-    }
-    return position.has_value();
-}
-
-bool takeTipParts(BatchOptions& options, Value value) {
-    TipParts parts;
-    const std::vector<std::string_view> wanted =
-        value.empty() ? std::vector<std::string_view>() : commaList(value);
-    for (const std::string_view part : wanted) {
-        if (part == "call") {
-            parts.call = true;
-        } else if (part == "latlong") {
-            parts.latLong = true;
-        } else if (part == "country") {
-            parts.country = true;
-        } else {
-            return false;
-        }
-    }
-    options.tipParts = parts;
-    return true;
-}
-
-bool takeMyCall(BatchOptions& options, Value value) {
-    options.myCall = value;
-    return std::none_of(value.begin(), value.end(),
-                        [](char c) { return static_cast<unsigned char>(c) < ' '; });
-}
-
-struct Rule {
-    std::string_view name;
-    bool plot; ///< whether the command has it
-    bool kmz;
-    const char* wanted; ///< what a good value is; null for an option without a value
-    bool (*take)(BatchOptions& options, Value value);
-};
-
-constexpr Rule rules[] = {
-    {"--folder", true, true, "the name of a folder", takeText<&BatchOptions::folder>},
-    {"--report", true, true, "the name of a file, or -", takeText<&BatchOptions::report>},
-    {"--quiet", true, true, nullptr,
-     [](BatchOptions& options, Value /*value*/) { return options.quiet = true; }},
-    {"--allow-incomplete", true, true, nullptr,
-     [](BatchOptions& options, Value /*value*/) { return options.allowIncomplete = true; }},
-    {"--bands", true, true, "off, or some of 2M,6M,10M,12M,15M,17M,20M,30M,40M,60M,80M,160M",
-     takeGroup<Criterion::Band>},
-    {"--modes", true, true, "off, or some of Phone,CW,Digital", takeGroup<Criterion::Mode>},
-    {"--iota", true, true, "off, or some of AF,AN,AS,EU,NA,OC,SA", takeGroup<Criterion::Iota>},
-    {"--marker", true, true, "small, medium or large", takeMarker},
-    {"--projection", true, false, "azimuthal or miller", takeProjection},
-    {"--home", true, false, "LAT,LON in degrees, for example 41.7,-72.7", takeHome},
-    {"--compass", true, false, "off, 15 or 45", takeCompass},
-    {"--graticule", true, false, "on or off", takeOnOff<&BatchOptions::graticule>},
-    {"--home-mark", true, false, "on or off", takeOnOff<&BatchOptions::homeMark>},
-    {"--topo", true, false, "on or off", takeOnOff<&BatchOptions::topo>},
-    {"--size", true, false, "a width of 200 to 8000 pixels", takeSize},
-    {"--image", true, false, "- or a name that ends in .png, .bmp or .jpg",
-     takePicture<&BatchOptions::image>},
-    {"--base-map", true, false, "- or a name that ends in .png, .bmp or .jpg",
-     takePicture<&BatchOptions::baseMap>},
-    {"--tip", true, false, "Y,X in map units, for example -1200,3500.5", takeTip},
-    {"--tip-parts", true, false, "some of call,latlong,country, or nothing", takeTipParts},
-    {"--output", false, true, "the name of a file, or -", takeText<&BatchOptions::output>},
-    {"--my-call", false, true, "a call", takeMyCall},
-    {"--call-names", false, true, "on or off", takeOnOff<&BatchOptions::callNames>},
-    {"--keep-kml", false, true, nullptr,
-     [](BatchOptions& options, Value /*value*/) { return options.keepKml = true; }},
-};
 
 /// The arguments behind the command.
 class CommandLine {
@@ -253,14 +77,15 @@ private:
     void takeOption(const std::string& argument) {
         const std::size_t equals = argument.find('=');
         const std::string name = argument.substr(0, equals);
-        const Rule* const rule = std::find_if(std::begin(rules), std::end(rules),
-                                              [&name](const Rule& r) { return r.name == name; });
-        if (rule == std::end(rules)) {
+        const std::span<const OptionRule> rules = optionRules();
+        const auto rule =
+            std::find_if(rules.begin(), rules.end(),
+                         [&name](const OptionRule& option) { return option.name == name; });
+        if (rule == rules.end()) {
             parsed_.error = "unknown option " + name;
             return;
         }
-        const bool plot = parsed_.options.command == BatchOptions::Command::Plot;
-        if (!(plot ? rule->plot : rule->kmz)) {
+        if (!rule->isOf(parsed_.options.command)) {
             parsed_.error = name + " is no option of " + arguments_[0];
             return;
         }
@@ -304,6 +129,26 @@ const char* imageFormat(const std::string& path) {
     }
     const bool jpeg = equalIgnoringCase(extension, ".jpg") || equalIgnoringCase(extension, ".jpeg");
     return jpeg ? "JPG" : nullptr;
+}
+
+std::string usageText() {
+    return "Usage: tovrel-batch plot LOG [options]   draws the map of a log\n"
+           "       tovrel-batch kmz LOG [options]    writes the KMZ file\n"
+           "       tovrel-batch --help | --version\n"
+           "LOG is an ADIF file, a pipe, or - for standard input.\n"
+           "\n"
+           "Options of both:\n" +
+           usageOf(OptionRule::Of::Both) +
+           "\n"
+           "Options of plot, which needs one of --image, --base-map, --report and --tip:\n" +
+           usageOf(OptionRule::Of::Plot) +
+           "\n"
+           "Options of kmz:\n" +
+           usageOf(OptionRule::Of::Kmz) +
+           "\n"
+           "What no option tells is as the settings of the folder say, or as at a first run.\n"
+           "Exit status: 0 done, 1 nothing plotted or placed, 2 wrong use, 3 a file can't be\n"
+           "read or written, or is missing.   More, with examples: man tovrel-batch\n";
 }
 
 ParsedOptions parseOptions(const std::vector<std::string>& arguments) {

@@ -75,6 +75,6 @@ ParsedOptions parseOptions(const std::vector<std::string>& arguments);
 const char* imageFormat(const std::string& path);
 
 /// What --help prints: as much as a screen of 80 by 45 shows.
-extern const char* const usageText;
+std::string usageText();
 
 } // namespace tovrel

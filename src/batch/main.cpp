@@ -77,7 +77,7 @@ BatchResult run(int argc, char* argv[]) {
     }
     switch (parsed.options.command) {
     case BatchOptions::Command::Help:
-        return print(tovrel::usageText);
+        return print(tovrel::usageText());
     case BatchOptions::Command::Version:
         return print("tovrel-batch " + std::string(tovrel::GetVersionString()) + "\n");
     case BatchOptions::Command::Plot:
