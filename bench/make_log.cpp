@@ -63,7 +63,7 @@ private:
         return below(oneHeardIn) == 0 ? text + '=' : text;
     }
 
-    /// Evenly from -most to most, four places behind the point.
+    /// Evenly from -most to most, four places after the point.
     std::string degrees(double most) {
         const double share = static_cast<double>(random_()) / static_cast<double>(random_.max());
         std::array<char, 32> text;

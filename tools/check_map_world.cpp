@@ -89,7 +89,7 @@ Line unrolled(Line ring) {
     return ring;
 }
 
-/// Notes, for each row of cell middles that the ring's sides cross, the first column behind them.
+/// Notes, for each row of cell middles that the ring's sides cross, the first column after them.
 void noteCrossings(const Line& ring, std::vector<std::vector<int>>& crossings) {
     for (std::size_t i = 1; i < ring.size(); ++i) {
         Place low = ring[i - 1];

@@ -63,7 +63,7 @@ void PlotLineView::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(QColor::fromRgb(imageColour(shape.colour)), shape.width));
-    // The middle of a pixel lies half a pixel behind its edge.
+    // The middle of a pixel lies half a pixel inside its edge.
     constexpr QPointF middle(0.5, 0.5);
     painter.drawLine(QPointF(Picture2_.pixelX(shape.fromX), Picture2_.pixelY(shape.fromY)) + middle,
                      QPointF(Picture2_.pixelX(shape.toX), Picture2_.pixelY(shape.toY)) + middle);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr float innerWidth = 3600.0F;
 constexpr float innerHeight = 840.0F;
-constexpr Place labelPlace = {60, 90, 3480, 285};
-constexpr Place barPlace = {60, 435, 3480, 285};
+constexpr TwipRect labelPlace = {60, 90, 3480, 285};
+constexpr TwipRect barPlace = {60, 435, 3480, 285};
 
 QMargins frameOf(const QWidget& window) {
     const QRect outer = window.frameGeometry();

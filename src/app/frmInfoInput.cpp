@@ -12,7 +12,7 @@ frmInfoInput::frmInfoInput(iniFiles& ini, UserPrompt& prompt, QWidget* parent)
     : frmDialog(parent), ini_(ini), prompt_(prompt) {
     setUpDialog(*this, QStringLiteral("frmInfoInput"), QStringLiteral("Information Input"), 3930,
                 2895);
-    const auto addBox = [this](const char* name, const Place& at, QLabel* caption) {
+    const auto addBox = [this](const char* name, const TwipRect& at, QLabel* caption) {
         auto* box = new QLineEdit(this);
         setUpControl(*box, QLatin1String(name), at);
         caption->setBuddy(box);

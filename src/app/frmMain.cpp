@@ -211,7 +211,7 @@ void frmMain::changeEvent(QEvent* event) {
 void frmMain::closeEvent(QCloseEvent* event) {
     if (queue_.busy() && !closing_) {
         // The running pass is asked to stop; the window closes when its command has ended, and what
-        // waits behind it is not wanted any more.
+        // waits after it is not wanted any more.
         data_.run.AbortRequested = true;
         queue_.dropWaiting();
         queue_.run("close", [this] {

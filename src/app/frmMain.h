@@ -8,7 +8,7 @@
 #include "app/QtPrompt.h"
 #include "run/CommandQueue.h"
 #include "run/Commands.h"
-#include "run/MapRun.h"
+#include "run/MapPictures.h"
 #include "run/RunData.h"
 
 #include <QMainWindow>
@@ -58,7 +58,7 @@ private:
     OptionWindows windows_;
     QtMapWindow window_;
     QtListener listener_;
-    MapRun map_;
+    MapPictures map_;
     Commands commands_;
     CommandQueue queue_;
     MapView* Picture2View_;

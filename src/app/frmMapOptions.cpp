@@ -13,7 +13,7 @@ namespace tovrel {
 
 namespace {
 
-constexpr std::array<Place, 3> optionPlaces = {
+constexpr std::array<TwipRect, 3> optionPlaces = {
     {{120, 280, 1455, 195}, {120, 480, 1455, 255}, {120, 720, 1455, 255}}};
 
 /// The three option buttons of a frame, the first one on; `choose` is told the number, from 0, of
@@ -77,7 +77,7 @@ void frmMapOptions::addLines() {
 void frmMapOptions::addTipBoxes() {
     addLabel(*this, QStringLiteral("lblPlotDisplay"), QStringLiteral("Display with plot tooltip:"),
              {2760, 4080, 3015, 255});
-    const auto addBox = [this](const char* name, const char* caption, const Place& at,
+    const auto addBox = [this](const char* name, const char* caption, const TwipRect& at,
                                bool MapOptions::*option) {
         auto* box = addCheckBox(*this, QLatin1String(name), QLatin1String(caption), at);
         connect(box, &QCheckBox::toggled, this, [this, option](bool on) { options_.*option = on; });

@@ -53,7 +53,7 @@ BatchResult batchKmz(const BatchOptions& options) {
     if (!options.allowIncomplete && !iconsFound(options.folder, console)) {
         return BatchResult::FileFailed;
     }
-    const UnfinishedFile unfinished; // ends behind the work folders
+    const UnfinishedFile unfinished; // ends after the work folders
     std::optional<WorkFolder> spool;
     std::string archive = options.output;
     if (archive == "-") {

@@ -31,7 +31,7 @@ std::string usageOf(OptionRule::Of of) {
     return usage;
 }
 
-/// The arguments behind the command.
+/// The arguments after the command.
 class CommandLine {
 public:
     explicit CommandLine(const std::vector<std::string>& arguments) : arguments_(arguments) {

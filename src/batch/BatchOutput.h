@@ -23,7 +23,7 @@ bool writePicture(const std::string& path, const QImage& picture);
 /// @return false
 bool cantWrite(const std::string& path, const std::string& reason);
 
-/// Says on standard error, in one line behind the program's name, what is wrong.
+/// Says on standard error, in one line after the program's name, what is wrong.
 void printError(const std::string& line);
 
 /// What is said of a file, in the one style that all such lines have.

@@ -12,7 +12,7 @@ namespace tovrel {
 
 namespace {
 
-struct Place {
+struct TwipRect {
     std::string name; ///< the option, or what the file is
     std::string path;
 };
@@ -23,8 +23,8 @@ constexpr std::string_view folderFiles[] = {
     "Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"};
 
 /// What a run writes, standard output included.
-std::vector<Place> outputsOf(const BatchOptions& options) {
-    std::vector<Place> outputs;
+std::vector<TwipRect> outputsOf(const BatchOptions& options) {
+    std::vector<TwipRect> outputs;
     const auto add = [&outputs](const char* name, const std::string& path) {
         if (!path.empty()) {
             outputs.push_back({name, path});
@@ -39,8 +39,8 @@ std::vector<Place> outputsOf(const BatchOptions& options) {
 }
 
 /// What a run reads and must not replace.
-std::vector<Place> inputsOf(const BatchOptions& options) {
-    std::vector<Place> inputs;
+std::vector<TwipRect> inputsOf(const BatchOptions& options) {
+    std::vector<TwipRect> inputs;
     if (!isPiped(options.log)) {
         inputs.push_back({"the log", options.log});
     }
@@ -55,14 +55,15 @@ bool isDevice(const std::string& path) {
     return place.exists() && !place.isFile() && !place.isDir();
 }
 
-PlaceFault wrongUse(const Place& output, const std::string& other) {
+PlaceFault wrongUse(const TwipRect& output, const std::string& other) {
     return {BatchResult::WrongUse, output.name + ": the file would replace " + other};
 }
 
-PlaceFault faultOfStandardOutput(const BatchOptions& options, const std::vector<Place>& outputs) {
+PlaceFault faultOfStandardOutput(const BatchOptions& options,
+                                 const std::vector<TwipRect>& outputs) {
     // A report may follow the tips, a picture or an archive may not.
     std::string taken = options.tips.empty() ? "" : "--tip";
-    for (const Place& output : outputs) {
+    for (const TwipRect& output : outputs) {
         if (output.path != "-") {
             continue;
         }
@@ -75,14 +76,14 @@ PlaceFault faultOfStandardOutput(const BatchOptions& options, const std::vector<
     return {};
 }
 
-PlaceFault faultOfSharedPlaces(const BatchOptions& options, const std::vector<Place>& outputs) {
-    const std::vector<Place> inputs = inputsOf(options);
+PlaceFault faultOfSharedPlaces(const BatchOptions& options, const std::vector<TwipRect>& outputs) {
+    const std::vector<TwipRect> inputs = inputsOf(options);
     for (std::size_t i = 0; i < outputs.size(); ++i) {
-        const Place& output = outputs[i];
+        const TwipRect& output = outputs[i];
         if (output.path == "-" || isDevice(output.path)) {
             continue;
         }
-        for (const Place& input : inputs) {
+        for (const TwipRect& input : inputs) {
             if (isSamePlace(output.path, input.path)) {
                 return wrongUse(output, input.name);
             }
@@ -117,7 +118,7 @@ void completePlaces(BatchOptions& options) {
 }
 
 PlaceFault faultOfPlaces(const BatchOptions& options) {
-    const std::vector<Place> outputs = outputsOf(options);
+    const std::vector<TwipRect> outputs = outputsOf(options);
     if (PlaceFault fault = faultOfStandardOutput(options, outputs)) {
         return fault;
     }
@@ -134,7 +135,7 @@ PlaceFault faultOfPlaces(const BatchOptions& options) {
                     "there is no log " + options.log + ": No such file or directory"};
         }
     }
-    for (const Place& output : outputs) {
+    for (const TwipRect& output : outputs) {
         const bool stream =
             output.path == "-" || (isDevice(output.path) && output.name != "--output");
         const std::string reason = stream ? std::string() : faultOfPlace(output.path);

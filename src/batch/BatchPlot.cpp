@@ -8,7 +8,7 @@
 #include "map/MapImage.h"
 #include "platform/Twips.h"
 #include "plot/GCMapLoadADIF.h"
-#include "run/MapRun.h"
+#include "run/MapPictures.h"
 #include "state/StationInfo.h"
 
 #include <QFontInfo>
@@ -18,7 +18,7 @@ namespace tovrel {
 
 namespace {
 
-QImage stampedMap(const RunData& data, const MapRun& map) {
+QImage stampedMap(const RunData& data, const MapPictures& map) {
     PictureSurface Picture3(map.Picture2.Width(), map.Picture2.Height());
     composeMapImage(map.Picture2, *data.map(), QDateTime::currentDateTime(), Picture3);
     return Picture3.Image();
@@ -40,7 +40,7 @@ std::string tipLines(RunData& data, const std::vector<TipPlace>& positions) {
 }
 
 /// @return whether nothing is missing; what is, is told
-bool drawBaseMap(MapRun& map, BatchConsole& console) {
+bool drawBaseMap(MapPictures& map, BatchConsole& console) {
     // Families of a few names stand in the list even where no font is installed.
     const bool hasFonts = !QFontInfo(QFont(QStringLiteral("Arial"))).family().isEmpty();
     if (!hasFonts) {
@@ -61,7 +61,7 @@ BatchResult batchPlot(const BatchOptions& options) {
     }
     const float width = twipsFromPixels(options.size);
     BatchScreen screen(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
-    MapRun map(data, screen, console, console);
+    MapPictures map(data, screen, console, console);
     readHome(data.ini, data.run);
     const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
     if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {

@@ -8,7 +8,7 @@
 
 namespace tovrel {
 
-// Reports are a JSON object in UTF-8 with a line end behind it. Bytes of the log that are no UTF-8
+// Reports are a JSON object in UTF-8 with a line end after it. Bytes of the log that are no UTF-8
 // are taken as Windows-1252; numbers are the shortest text that reads back the same.
 
 /// What a plot pass found: counters, message texts, the lists lstStats and lstPfxNotPlotted, and

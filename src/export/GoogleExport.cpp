@@ -163,7 +163,7 @@ private:
 };
 
 ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder, LogFile& log) {
-    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::BehindYield);
+    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::AfterYield);
     FolderPass records(*this, folder);
     const PassEnd end = pass.read(records);
     switch (end) {

@@ -57,7 +57,7 @@ enum class ExportEnd {
 /// has each contact once. An archive that stands there is replaced by a whole one or stays; exports
 /// of one log may run side by side.
 ///
-/// It looks at AbortRequested behind each record and blank line, and at the options at every
+/// It looks at AbortRequested after each record and blank line, and at the options at every
 /// record, live, since the user may change either whenever events run.
 class GoogleExport {
 public:

@@ -118,7 +118,7 @@ bool LogBook::WriteKmlHead(const std::string& KmlFileName, std::string_view MyCa
 }
 
 void LogBook::writeStyle(std::string_view folder, std::string_view scale,
-                         std::string_view behindIcon) {
+                         std::string_view afterIcon) {
     print("  <Style id=\"Tovrel", folder,
           "\">\r\n"
           "   <PolyStyle>\r\n"
@@ -136,7 +136,7 @@ void LogBook::writeStyle(std::string_view folder, std::string_view scale,
           scale,
           "</scale>\r\n"
           "   </IconStyle>",
-          behindIcon,
+          afterIcon,
           "\r\n"
           "  </Style>\r\n"
           "  \r\n");

@@ -23,7 +23,7 @@ struct GoogleCounters {
     std::int32_t GooglePlaced() const { return GoogleConfirmed + GoogleWorked + GoogleHeard; }
 };
 
-/// Path of the document for a log, beside it: in the log's name the text behind the last dot
+/// Path of the document for a log, beside it: in the log's name the text after the last dot
 /// becomes "kml", and all other dots go. A name without a dot gives ".kml".
 std::string kmlFileNameFor(std::string_view LogFileName);
 
@@ -81,7 +81,7 @@ private:
     void put(std::string_view text);
     void writeBuffer();
     void write(std::string_view bytes);
-    void writeStyle(std::string_view folder, std::string_view scale, std::string_view behindIcon);
+    void writeStyle(std::string_view folder, std::string_view scale, std::string_view afterIcon);
 
     QFile file_;
     ByteSum written_;

@@ -73,11 +73,11 @@ public:
     /// Short reason of a failure, UTF-8.
     const std::string& error() const { return error_; }
 
-    /// The text behind the last separator of a path, "/" or "\"; all of it when there is none.
+    /// The text after the last separator of a path, "/" or "\"; all of it when there is none.
     static std::string_view NameFromPath(std::string_view path);
 
     /// Stamps of a local time in DOS form: day, month, year; and seconds halved, minutes, hours.
-    /// The form knows the years 1980 to 2107; a time before or behind them has the first or last
+    /// The form knows the years 1980 to 2107; a time before or after them has the first or last
     /// stamp.
     static std::uint16_t DosDate(const QDateTime& time);
     static std::uint16_t DosTime(const QDateTime& time);

@@ -41,7 +41,7 @@ public:
                (upperCase(tag_[3]) == 'R' || upperCase(tag_[3]) == 'H');
     }
 
-    /// Whether there is a ":" somewhere behind the tag's `<`, which its name needs.
+    /// Whether there is a ":" somewhere after the tag's `<`, which its name needs.
     bool hasName() {
         if (colon_ <= tag_) {
             colon_ = findByte(tag_ + 1, end_, ':');
@@ -52,7 +52,7 @@ public:
     /// The tag's name as the line has it, up to the next ":", be that within the tag or not.
     std::string_view TagNameOf() const { return text(tag_ + 1, colon_); }
 
-    /// The text between the next ">" and the `<` behind that.
+    /// The text between the next ">" and the `<` after that.
     std::string_view TagValueOf() {
         if (tagEnd_ <= tag_) {
             tagEnd_ = findByte(tag_ + 1, end_, '>');

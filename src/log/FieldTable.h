@@ -76,8 +76,8 @@ public:
     int FindFieldRow(std::string_view name) const { return tags_.find(name); }
 
     /// Takes the values of a record's fields, which end where the next `<` begins, whatever length
-    /// a tag declares. A later field of a row replaces an earlier one. A `<` with no ":" behind it
-    /// has no name and is passed over; a tag with no ">" behind it has an empty value. Any bytes
+    /// a tag declares. A later field of a row replaces an earlier one. A `<` with no ":" after it
+    /// has no name and is passed over; a tag with no ">" after it has an empty value. Any bytes
     /// will do; the time is linear in the line's length.
     /// @param line must live as long as the values are read, since they are views into it
     void ParseRecordLine(std::string_view line);

@@ -38,7 +38,7 @@ PassEnd LogPass::read(Visitor& visitor) {
         listener_.showProgress(
             visitor.progress(static_cast<double>(LogBytesDone_), static_cast<double>(log_.size())));
         listener_.yield();
-        if (takeAbort(Abort::BehindYield))
+        if (takeAbort(Abort::AfterYield))
             return PassEnd::Aborted;
     }
 }

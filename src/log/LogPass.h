@@ -37,7 +37,7 @@ public:
         /// @param line its text, valid within the call
         virtual void takeRecord(FieldTable& fields, std::string_view line) = 0;
 
-        /// Whether the pass shall stop; asked behind each record and each blank line.
+        /// Whether the pass shall stop; asked after each record and each blank line.
         virtual bool failed() const { return false; }
 
         /// Value of the progress bar.
@@ -48,8 +48,8 @@ public:
 
     /// When a request to abort is looked at.
     enum class Abort {
-        BeforeYield, ///< behind a record: one that is made in a yield stops it behind the next
-        BehindYield  ///< behind each record and blank line
+        BeforeYield, ///< after a record: one that is made in a yield stops it after the next
+        AfterYield   ///< after each record and blank line
     };
 
     /// @param log, ini, run, listener have to outlive the pass

@@ -134,7 +134,7 @@ bool RecordReader::readLine() {
     return true;
 }
 
-/// Position of the first CR or LF at or behind position_, blockEnd_ when there is none. A CR is
+/// Position of the first CR or LF at or after position_, blockEnd_ when there is none. A CR is
 /// sought only up to the next LF, and that is kept, so that no byte is looked at more than twice.
 std::size_t RecordReader::findLineEnd() {
     if (nextLineFeed_ < position_) {
@@ -143,7 +143,7 @@ std::size_t RecordReader::findLineEnd() {
     return findByte('\r', nextLineFeed_);
 }
 
-/// Position of the first `byte` at or behind position_, `end` when there is none before it.
+/// Position of the first `byte` at or after position_, `end` when there is none before it.
 std::size_t RecordReader::findByte(char byte, std::size_t end) const {
     const void* found = std::memchr(block_.get() + position_, byte, end - position_);
     return found == nullptr

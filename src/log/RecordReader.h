@@ -14,7 +14,7 @@ namespace tovrel {
 enum class Cut {
     Record, ///< a record line stands in line()
     Blank,  ///< an empty line between two records; it counts as nothing, but a pass yields here
-    End,    ///< the end of the log; text behind the last `<EOR>` is dropped
+    End,    ///< the end of the log; text after the last `<EOR>` is dropped
     Failed  ///< the log could not be opened or read; its error() says why
 };
 
@@ -66,7 +66,7 @@ private:
     std::unique_ptr<char[], FreeBlock> block_;
     std::size_t blockEnd_ = 0;
     std::size_t position_ = 0;     ///< in the block, of the first byte not yet taken
-    std::size_t nextLineFeed_ = 0; ///< in the block, at or behind position_; blockEnd_ for none
+    std::size_t nextLineFeed_ = 0; ///< in the block, at or after position_; blockEnd_ for none
     bool skipLineFeed_ = false;    ///< the last line ended in a CR that was the block's last byte
 
     bool headerPending_ = true;

@@ -15,7 +15,7 @@ struct MapHome {
     bool operator==(const MapHome&) const = default;
 };
 
-/// A base map in its file: a bitmap, behind whose pixels its home stands if it has one. Readers of
+/// A base map in its file: a bitmap, after whose pixels its home stands if it has one. Readers of
 /// bitmaps pass over that.
 struct CachedBaseMap {
     LoadedPicture picture;

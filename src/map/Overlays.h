@@ -12,7 +12,7 @@ struct DotWidths {
     int inner = 3;
 };
 
-/// Draws a mark at a position in map units; DrawWidth is 1 behind it.
+/// Draws a mark at a position in map units; DrawWidth is 1 after it.
 void drawMark(PictureSurface& surface, MapPoint at, DotWidths widths, Colour outline, Colour inner);
 
 struct CompassStyle {

@@ -12,7 +12,7 @@ namespace {
 /// What a pixel takes of the pixels before the stretch, along one axis.
 struct Share {
     int first = 0;
-    std::vector<float> weights; ///< of `first` and those behind it; their sum is 1
+    std::vector<float> weights; ///< of `first` and those after it; their sum is 1
 };
 
 /// A triangle over the middle of each pixel, as wide as a pixel of the coarser side.

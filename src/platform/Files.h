@@ -12,7 +12,7 @@
 /// space left on device"), UTF-8, and name no file.
 namespace tovrel {
 
-/// The two parts of a path, cut behind the last separator ("/" or "\").
+/// The two parts of a path, cut after the last separator ("/" or "\").
 struct PathParts {
     std::string_view folder; ///< with its separator; empty when the path has none
     std::string_view name;

@@ -25,7 +25,7 @@ inline double roundHalfEven(double value) {
     return std::abs(value) < roomBelow ? (value + shift) - shift : std::nearbyint(value);
 }
 
-/// The same at `decimals` (0 to 9) places behind the point; never gives a negative zero.
+/// The same at `decimals` (0 to 9) places after the point; never gives a negative zero.
 double roundHalfEven(double value, int decimals);
 
 /// Nearest whole number, a tie going to the even neighbour, held within the range of int; NaN is 0.

@@ -26,7 +26,7 @@ constexpr std::int64_t longestFile = std::int64_t{4} << 20U;
 struct Line {
     std::size_t start;     ///< position of its first byte
     std::size_t end;       ///< of its line end
-    std::size_t next;      ///< behind its line end
+    std::size_t next;      ///< after its line end
     std::string_view text; ///< without blanks at its ends
 };
 
@@ -47,17 +47,17 @@ void forEachLine(std::string_view content, Visit visit) {
 }
 
 /// Where in the content a key stands, or would have to be added.
-struct Place {
+struct TwipRect {
     bool sectionFound = false;
-    std::size_t sectionEnd = 0;   ///< behind the line end of the section's last used line
+    std::size_t sectionEnd = 0;   ///< after the line end of the section's last used line
     std::size_t lineStart = npos; ///< of the key's line; npos when it is missing
     std::size_t lineEnd = npos;   ///< before its line end
     std::string_view name;        ///< the key as the file spells it
     std::string_view value;
 };
 
-Place findKey(std::string_view content, std::string_view section, std::string_view key) {
-    Place place;
+TwipRect findKey(std::string_view content, std::string_view section, std::string_view key) {
+    TwipRect place;
     forEachLine(content, [&](const Line& line) {
         if (line.text.starts_with('[')) {
             if (place.sectionFound)
@@ -148,7 +148,7 @@ bool PrivateProfile::store(std::string text) {
 std::string PrivateProfile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t size) const {
     const Content now = content();
-    const Place place = findKey(now.text, section, key);
+    const TwipRect place = findKey(now.text, section, key);
     std::string_view value = place.lineStart == npos ? defaultValue : place.value;
     if (value.size() > 1 && (value.front() == '"' || value.front() == '\'') &&
         value.front() == value.back()) {
@@ -163,7 +163,7 @@ bool PrivateProfile::write(std::string_view section, std::string_view key, std::
         heldGood_ = false;
         return false;
     }
-    const Place place = findKey(now.text, section, key);
+    const TwipRect place = findKey(now.text, section, key);
     if (place.lineStart != npos) {
         if (place.value == value)
             return true;

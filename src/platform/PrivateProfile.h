@@ -44,7 +44,7 @@ public:
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t size) const;
 
-    /// Sets a key, adding it behind the last line of its section, and the section at the end. A key
+    /// Sets a key, adding it after the last line of its section, and the section at the end. A key
     /// that has the value already is left as it is spelt.
     /// @return whether the key has the value now, in a batch in what the batch holds; not when the
     ///         file can't be read or written, is no settings file, or the value holds a line end

@@ -26,7 +26,7 @@ QFont windowFont(int pixelSize, bool bold) {
     return font;
 }
 
-bool place(QWidget& control, const Place& at) {
+bool place(QWidget& control, const TwipRect& at) {
     if (!(at.width > 0.0F && at.height > 0.0F))
         return false;
     control.setGeometry(pixelsFromTwips(at.left), pixelsFromTwips(at.top),
@@ -44,7 +44,7 @@ void setUpDialog(QDialog& dialog, const QString& name, const QString& title, flo
     dialog.setFixedSize(pixelsFromTwips(width), pixelsFromTwips(height));
 }
 
-void setUpControl(QWidget& control, const QString& name, const Place& at) {
+void setUpControl(QWidget& control, const QString& name, const TwipRect& at) {
     control.setObjectName(name);
     place(control, at);
 }
@@ -57,7 +57,7 @@ QString memberName(std::string_view array, int member) {
     return QStringLiteral("%1(%2)").arg(displayText(array)).arg(member);
 }
 
-QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, const Place& at) {
+QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, const TwipRect& at) {
     auto* label = new QLabel(&parent);
     setUpControl(*label, name, at);
     // File names and calls stand in labels too: none of them is markup.
@@ -68,14 +68,14 @@ QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, c
 }
 
 QCheckBox* addCheckBox(QWidget& parent, const QString& name, const QString& caption,
-                       const Place& at) {
+                       const TwipRect& at) {
     auto* box = new QCheckBox(caption, &parent);
     setUpControl(*box, name, at);
     return box;
 }
 
 QRadioButton* addOptionButton(QWidget& parent, const QString& name, const QString& caption,
-                              const Place& at) {
+                              const TwipRect& at) {
     auto* button = new QRadioButton(caption, &parent);
     setUpControl(*button, name, at);
     // Tab comes to the button of a frame that is on; Qt sees to that only from the first focus on.
@@ -87,7 +87,7 @@ QRadioButton* addOptionButton(QWidget& parent, const QString& name, const QStrin
 }
 
 QPushButton* addButton(QWidget& parent, const QString& name, const QString& caption,
-                       const Place& at) {
+                       const TwipRect& at) {
     auto* button = new QPushButton(caption, &parent);
     setUpControl(*button, name, at);
     button->setAutoDefault(false);

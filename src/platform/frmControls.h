@@ -18,7 +18,7 @@ class QWidget;
 namespace tovrel {
 
 /// Left, top, width and height in twips, relative to the parent.
-struct Place {
+struct TwipRect {
     float left = 0.0F;
     float top = 0.0F;
     float width = 0.0F;
@@ -30,7 +30,7 @@ QFont windowFont(int pixelSize = 11, bool bold = false);
 
 /// Puts a control at its place, to the nearest pixel.
 /// @return false, with the control left where it is, when width or height is not positive
-bool place(QWidget& control, const Place& at);
+bool place(QWidget& control, const TwipRect& at);
 
 /// Makes a dialog of a fixed client size in twips that has a close box and nothing else in its
 /// frame, in the program's font.
@@ -38,7 +38,7 @@ void setUpDialog(QDialog& dialog, const QString& name, const QString& title, flo
                  float height);
 
 /// Names a control and puts it at its place.
-void setUpControl(QWidget& control, const QString& name, const Place& at);
+void setUpControl(QWidget& control, const QString& name, const TwipRect& at);
 
 /// `caption` without a mnemonic: each "&" stands for itself.
 QString plainCaption(std::string_view caption);
@@ -47,13 +47,13 @@ QString plainCaption(std::string_view caption);
 QString memberName(std::string_view array, int member);
 
 /// Controls with a caption; "&" marks a mnemonic in that of a button alone.
-QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, const Place& at);
+QLabel* addLabel(QWidget& parent, const QString& name, const QString& caption, const TwipRect& at);
 QCheckBox* addCheckBox(QWidget& parent, const QString& name, const QString& caption,
-                       const Place& at);
+                       const TwipRect& at);
 QRadioButton* addOptionButton(QWidget& parent, const QString& name, const QString& caption,
-                              const Place& at);
+                              const TwipRect& at);
 QPushButton* addButton(QWidget& parent, const QString& name, const QString& caption,
-                       const Place& at);
+                       const TwipRect& at);
 
 /// A horizontal line from `left` to `right` at `top`, in twips.
 QFrame* addLine(QWidget& parent, const QString& name, float left, float right, float top);

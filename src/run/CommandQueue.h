@@ -16,7 +16,7 @@ class CommandQueue {
 public:
     using Command = std::function<void()>;
 
-    /// Runs a command now, and behind it those that arrived meanwhile; or lets it wait.
+    /// Runs a command now, and after it those that arrived meanwhile; or lets it wait.
     /// @param name what makes two commands the same
     void run(std::string_view name, Command command);
 
@@ -28,7 +28,7 @@ public:
     /// No command runs any more: those that wait are dropped and new ones are not taken.
     void close();
 
-    /// Called behind each command.
+    /// Called after each command.
     Signal<> commandEnded;
 
 private:

@@ -19,7 +19,7 @@ namespace tovrel {
 
 std::string_view GetVersionString() { return TOVREL_VERSION; }
 
-Commands::Commands(RunData& data, MapRun& map, const Windows& windows, PassListener& listener,
+Commands::Commands(RunData& data, MapPictures& map, const Windows& windows, PassListener& listener,
                    UserPrompt& prompt, Clock clock)
     : data_(data), map_(map), windows_(windows), listener_(listener), prompt_(prompt),
       clock_(std::move(clock)) {}
@@ -209,8 +209,8 @@ void Commands::mnuClearMap() {
     data_.tables.HoverTable.clear();
 }
 
-void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(),
-                             bool MenuMarks::*otherMark, void (MapRun::*drawOther)()) {
+void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapPictures::*draw)(),
+                             bool MenuMarks::*otherMark, void (MapPictures::*drawOther)()) {
     MenuMarks& marks = data_.run.marks;
     marks.*mark = !(marks.*mark);
     data_.run.marksChanged();
@@ -227,13 +227,13 @@ void Commands::toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(),
 }
 
 void Commands::mnuShowMe() {
-    toggleOverlay(&MenuMarks::mnuShowMe, &MapRun::DrawHomeMarker, &MenuMarks::mnuMeridian,
-                  &MapRun::DrawGraticule);
+    toggleOverlay(&MenuMarks::mnuShowMe, &MapPictures::DrawHomeMarker, &MenuMarks::mnuMeridian,
+                  &MapPictures::DrawGraticule);
 }
 
 void Commands::mnuMeridian() {
-    toggleOverlay(&MenuMarks::mnuMeridian, &MapRun::DrawGraticule, &MenuMarks::mnuShowMe,
-                  &MapRun::DrawHomeMarker);
+    toggleOverlay(&MenuMarks::mnuMeridian, &MapPictures::DrawGraticule, &MenuMarks::mnuShowMe,
+                  &MapPictures::DrawHomeMarker);
 }
 
 void Commands::mnuTopo() {

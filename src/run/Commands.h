@@ -2,7 +2,7 @@
 
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
-#include "run/MapRun.h"
+#include "run/MapPictures.h"
 #include "run/MapWindow.h"
 #include "run/RunData.h"
 
@@ -19,7 +19,7 @@ public:
     using Clock = std::function<QDateTime()>;
 
     /// @param clock local time, for the names and stamps of saved maps
-    Commands(RunData& data, MapRun& map, const Windows& windows, PassListener& listener,
+    Commands(RunData& data, MapPictures& map, const Windows& windows, PassListener& listener,
              UserPrompt& prompt, Clock clock = &QDateTime::currentDateTime);
 
     /// Start-up: settings, state, options and the first map, all before the window is first shown.
@@ -81,12 +81,12 @@ private:
     void setCompassWeight(bool bold);
     void setCompassStep(bool every15);
     void switchProjection(Projection projection);
-    void toggleOverlay(bool MenuMarks::*mark, void (MapRun::*draw)(), bool MenuMarks::*otherMark,
-                       void (MapRun::*drawOther)());
+    void toggleOverlay(bool MenuMarks::*mark, void (MapPictures::*draw)(),
+                       bool MenuMarks::*otherMark, void (MapPictures::*drawOther)());
     void changeBaseColour(MapColour which);
 
     RunData& data_;
-    MapRun& map_;
+    MapPictures& map_;
     Windows windows_;
     PassListener& listener_;
     UserPrompt& prompt_;

@@ -45,7 +45,7 @@ public:
     /// Takes over the selection of another group of the same criterion.
     void assign(const FilterGroup& other) { select(other.selection_); }
 
-    /// Called behind every change with the state already consistent.
+    /// Called after every change with the state already consistent.
     Signal<> changed;
 
 private:

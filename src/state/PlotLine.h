@@ -35,7 +35,7 @@ public:
         changed();
     }
 
-    /// Called behind every change.
+    /// Called after every change.
     Signal<> changed;
 
 private:

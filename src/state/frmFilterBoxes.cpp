@@ -14,9 +14,9 @@ namespace {
 
 /// Places of a criterion's column.
 struct Column {
-    Place heading;
-    Place off;
-    Place firstMember; ///< each further one 240 twips below
+    TwipRect heading;
+    TwipRect off;
+    TwipRect firstMember; ///< each further one 240 twips below
 };
 
 constexpr float memberStep = 240.0F;
@@ -68,7 +68,7 @@ frmFilterBoxes::frmFilterBoxes(QWidget& window, const IotaColumn& iota) {
                                  plainCaption(names.heading), column.heading);
         heading->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
         for (int member = 0; member <= names.lastMember; ++member) {
-            Place at = member == 0 ? column.off : column.firstMember;
+            TwipRect at = member == 0 ? column.off : column.firstMember;
             if (member > 0)
                 at.top += memberStep * static_cast<float>(member - 1);
             auto* box =

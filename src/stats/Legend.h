@@ -43,7 +43,7 @@ public:
     /// The colours that the window is made with, before it reads the settings.
     void resetToDesign();
 
-    /// Called behind every change of a colour.
+    /// Called after every change of a colour.
     Signal<> changed;
 
 private:

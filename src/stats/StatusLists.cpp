@@ -15,9 +15,9 @@ namespace tovrel {
 
 namespace {
 
-constexpr std::size_t blanksBehindCall = 60;
+constexpr std::size_t blanksAfterCall = 60;
 
-/// What an item's text holds behind the call and its blanks.
+/// What an item's text holds after the call and its blanks.
 std::string coordinateText(const Station& station) {
     if (!station.shown())
         return "||";
@@ -27,7 +27,7 @@ std::string coordinateText(const Station& station) {
 } // namespace
 
 std::string itemText(const Station& station) {
-    return std::string(station.call).append(blanksBehindCall, ' ') + coordinateText(station);
+    return std::string(station.call).append(blanksAfterCall, ' ') + coordinateText(station);
 }
 
 bool itemLess(const Station& a, const Station& b) {
@@ -39,7 +39,7 @@ bool itemLess(const Station& a, const Station& b) {
         const bool samePlace = a.mapX == b.mapX && a.mapY == b.mapY;
         return !samePlace && coordinateText(a) < coordinateText(b);
     }
-    // Behind the shorter call stands a blank.
+    // After the shorter call stands a blank.
     const bool aShorter = a.call.size() == common;
     const char next = aShorter ? b.call[common] : a.call[common];
     if (next != ' ')
@@ -51,9 +51,9 @@ namespace {
 
 /// The first eight bytes of an item's text as a number that sorts as they do: a comparison of two
 /// numbers settles nearly every pair of items without a look at their texts.
-std::uint64_t textKey(std::string_view text, char behind) {
+std::uint64_t textKey(std::string_view text, char after) {
     std::array<char, sizeof(std::uint64_t)> bytes;
-    bytes.fill(behind);
+    bytes.fill(after);
     text.copy(bytes.data(), bytes.size());
     return qFromBigEndian<std::uint64_t>(bytes.data());
 }
@@ -89,7 +89,7 @@ void sortSameCall(const std::vector<Station>& stations, Order order) {
 void sortSameCall(const std::vector<std::string_view>& /*equal*/, Order /*order*/) {}
 
 /// An item and what it is sorted by.
-struct Place {
+struct KeyedItem {
     std::uint64_t key;
     std::uint32_t item;
 };
@@ -98,15 +98,15 @@ struct Place {
 /// million items take a fraction of the time that comparing them does.
 /// @param other room for as many
 /// @return which of the two holds the result
-std::span<Place> sortByKey(std::span<Place> places, std::span<Place> other) {
+std::span<KeyedItem> sortByKey(std::span<KeyedItem> places, std::span<KeyedItem> other) {
     constexpr unsigned digitBits = 8;
     constexpr std::size_t digits = std::size_t{1} << digitBits;
     constexpr std::size_t keyDigits = sizeof(std::uint64_t);
-    const auto digit = [](const Place& place, std::size_t number) {
+    const auto digit = [](const KeyedItem& place, std::size_t number) {
         return place.key >> (number * digitBits) & (digits - 1);
     };
     std::array<std::array<std::size_t, digits + 1>, keyDigits> starts{};
-    for (const Place& place : places) {
+    for (const KeyedItem& place : places) {
         for (std::size_t number = 0; number < keyDigits; ++number) {
             ++starts[number][digit(place, number) + 1];
         }
@@ -117,7 +117,7 @@ std::span<Place> sortByKey(std::span<Place> places, std::span<Place> other) {
             continue; // all have the same digit
         }
         std::partial_sum(next.begin(), next.end(), next.begin());
-        for (const Place& place : places) {
+        for (const KeyedItem& place : places) {
             other[next[digit(place, number)]++] = place;
         }
         std::swap(places, other);
@@ -145,14 +145,14 @@ void sortAlike(const std::vector<Item>& items, Order order) {
 template <typename Item>
 void sortItems(const std::vector<Item>& items, Order order) {
     // Room that is written before it is read needs no zeros.
-    const auto room = std::make_unique_for_overwrite<Place[]>(2 * order.size());
+    const auto room = std::make_unique_for_overwrite<KeyedItem[]>(2 * order.size());
     const std::span unsorted(room.get(), order.size());
     std::transform(order.begin(), order.end(), unsorted.begin(), [&items](std::uint32_t item) {
-        return Place{itemKey(items[item]), item};
+        return KeyedItem{itemKey(items[item]), item};
     });
     const std::span places = sortByKey(unsorted, {room.get() + order.size(), order.size()});
     std::transform(places.begin(), places.end(), order.begin(),
-                   [](const Place& place) { return place.item; });
+                   [](const KeyedItem& place) { return place.item; });
     for (std::size_t first = 0, last = 0; first < places.size(); first = last) {
         do {
             ++last;

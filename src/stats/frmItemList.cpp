@@ -8,7 +8,7 @@ namespace tovrel {
 namespace {
 
 /// Makes all items as high as a line and no wider than the list: asking each text for its size
-/// would take long, and the blanks behind a call would make the list scroll sideways.
+/// would take long, and the blanks after a call would make the list scroll sideways.
 class LineDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

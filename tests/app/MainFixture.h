@@ -94,7 +94,7 @@ protected:
         throw std::runtime_error(std::string("no window ") + name);
     }
 
-    /// Names of the dialogs that are on the screen, each with a blank behind it, in alphabetic
+    /// Names of the dialogs that are on the screen, each with a blank after it, in alphabetic
     /// order.
     static std::string shownDialogs() {
         std::set<std::string> names;

@@ -82,7 +82,7 @@ TEST_F(RunTest, AbortStopsThePassWithABareMap) {
     EXPECT_TRUE(plotOnMap());
 }
 
-TEST_F(RunTest, ClosingDuringAPassAbortsItAndClosesBehindIt) {
+TEST_F(RunTest, ClosingDuringAPassAbortsItAndClosesAfterIt) {
     startWithLongLog();
     plotAnd([this] {
         main_->close();

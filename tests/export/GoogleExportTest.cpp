@@ -129,7 +129,7 @@ TEST_F(ExportTest, tellsWhenNoRecordGotAPlacemark) {
     EXPECT_TRUE(prompt.asked.empty());
 }
 
-TEST_F(ExportTest, stopsBehindTheRecordInWhichTheUserAborts) {
+TEST_F(ExportTest, stopsAfterTheRecordInWhichTheUserAborts) {
     useLog(record("A1A", "<QSL_RCVD:1>Y ") + "\r\n" + record("B1B") + record("C1C="));
     constexpr int yieldsOfAPass = 4; // the blank line has one too
     for (int yield = 1; yield <= 3 * yieldsOfAPass; ++yield) {
@@ -158,7 +158,7 @@ TEST_F(ExportTest, stopsBehindTheRecordInWhichTheUserAborts) {
 TEST_F(ExportTest, obeysOptionsThatChangeMeanwhile) {
     useLog(record("A1A") + record("B1B") + record("C1C") + record("D1D", "<BAND:2>2M "));
     listener.onYield = [this](int yield) {
-        if (yield == 5) // behind the first record of the second pass
+        if (yield == 5) // after the first record of the second pass
             data.google.chkCall = false;
         if (yield == 6)
             data.google.filter.band.set(1, true);

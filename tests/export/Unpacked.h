@@ -27,7 +27,7 @@ inline std::string firstEntryOf(const std::string& archive) {
     stream.next_out = reinterpret_cast<Bytef*>(content.data());
     stream.avail_out = static_cast<uInt>(content.size());
     EXPECT_EQ(inflate(&stream, Z_FINISH), Z_STREAM_END);
-    EXPECT_EQ(stream.avail_in, 0U) << "bytes behind the stream";
+    EXPECT_EQ(stream.avail_in, 0U) << "bytes after the stream";
     content.resize(stream.total_out);
     inflateEnd(&stream);
     return content;

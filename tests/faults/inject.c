@@ -5,7 +5,7 @@
  *     INJECT_KIND   write, rename, fsync, fsyncdir (of a folder), openw, openr, read or mkdir
  *     INJECT_AT     number of the call of that kind, from 1; 0 for none
  *     INJECT_DO     number of an error; or short (half of it is written or read), kill (before the
- *                   call), killed (behind it), torn (behind half of a write), stop (before it,
+ *                   call), killed (after it), torn (after half of a write), stop (before it,
  * until somebody lets the program go on) INJECT_LOG    a file that gets a line for each call that
  * counts: kind, blank, path
  *
@@ -29,7 +29,7 @@
 #include <unistd.h>
 
 enum { descriptors = 4096 };
-enum act { pass, fail, halve, killBehind };
+enum act { pass, fail, halve, killAfter };
 
 static atomic_uchar watched[descriptors];
 static atomic_uchar onDisk[descriptors]; /* nothing was written since the last fsync */
@@ -77,7 +77,7 @@ static struct fate decide(const char* kind, const char* path) {
     if (strcmp(what, "kill") == 0)
         die();
     if (strcmp(what, "killed") == 0)
-        return (struct fate){killBehind, 0};
+        return (struct fate){killAfter, 0};
     if (strcmp(what, "short") == 0 || strcmp(what, "torn") == 0)
         return (struct fate){halve, what[0] == 't'};
     if (strcmp(what, "stop") == 0) {
@@ -145,7 +145,7 @@ static struct fate decideOnWrite(int file) {
             return failed;                                                                         \
         }                                                                                          \
         result = call;                                                                             \
-        if ((fate).act == killBehind)                                                              \
+        if ((fate).act == killAfter)                                                              \
             die();                                                                                 \
     } while (0)
 

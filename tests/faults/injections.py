@@ -21,7 +21,7 @@ ERRORS = {
 NAMES = {"openw": "opening to write", "openr": "opening to read", "fsyncdir": "fsync of folder"}
 HARMLESS = ("short", errno.EINTR)
 READING = ("openr", "read")
-# Nothing that comes behind can mend these, so that success in silence is a lie.
+# Nothing that comes after can mend these, so that success in silence is a lie.
 FINAL = ("write", "fsync")
 # Not every file takes these.
 RARE = ("mkdir", "fsyncdir")

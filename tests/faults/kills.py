@@ -1,5 +1,5 @@
 """The programs killed at random moments, and at each call that touches the files which they write.
-Behind every kill the next run has to work."""
+After every kill the next run has to work."""
 
 import shutil
 import subprocess
@@ -21,7 +21,7 @@ def check_killed(kind, tally, trial, label):
 def check_next(kind, tally, trial, label):
     end = kind.bench.run(kind.command(trial))
     state = kind.state(trial, kind.old)
-    # The start behind one that was cut off between two steps adds keys in another order.
+    # The start after one that was cut off between two steps adds keys in another order.
     if end.status != 0 or (state != "new" and not (state == "other" and kind.steps)):
         tally.fault(f"{label}: the next run ends with {end.status}, the file is {state}")
     # An export clears the work folders of dead ones.

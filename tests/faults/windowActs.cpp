@@ -24,7 +24,7 @@ struct Run {
     FakeWindow window;
     ScriptedListener listener;
     ScriptedPrompt prompt;
-    MapRun map{data, window, listener, prompt};
+    MapPictures map{data, window, listener, prompt};
     Commands commands{data, map, window.faces(), listener, prompt, clock};
 };
 

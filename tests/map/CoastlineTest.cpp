@@ -81,7 +81,7 @@ TEST(Coastline, MillerLongitudesFromTheEdgeOnAreWrapped) {
     EXPECT_EQ(colourAt(drawing.surface, -21918, 0), black);
 }
 
-TEST(Coastline, AnAzimuthalStrokeBreaksAtTheAntipodeAndGoesOnBehindIt) {
+TEST(Coastline, AnAzimuthalStrokeBreaksAtTheAntipodeAndGoesOnAfterIt) {
     CoastDrawing drawing(coastAlong(0, 170, 190), Projection::Azimuthal);
     const Ink ink = drawing.ink();
     EXPECT_GT(ink.count, 30);

@@ -72,7 +72,7 @@ TEST(Graticule, StopsAtItsCutRoundTheAntipode) {
     PictureSurface surface = whiteSurface(667, 667);
     ScriptedListener listener;
     DrawGraticule(surface, *worldMap(Projection::Azimuthal, 10.0F, 20.0F), grey, listener);
-    EXPECT_EQ(listener.yields, 18) << "once behind each meridian";
+    EXPECT_EQ(listener.yields, 18) << "once after each meridian";
     const auto reach = [&](Colour colour, double from, double to) {
         return inkWhere(surface,
                         [&](int x, int y, Colour found) {

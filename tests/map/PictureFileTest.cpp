@@ -61,7 +61,7 @@ TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
     EXPECT_EQ(loadBaseMap(longer).picture.end, ReadEnd::Unreadable);
 }
 
-TEST(BaseMapCache, KeepsTheHomeBehindThePicture) {
+TEST(BaseMapCache, KeepsTheHomeAfterThePicture) {
     const TestFolder folder;
     const std::string path = folder.path("GCBaseMap.map");
     EXPECT_FALSE(loadBaseMap(path).home);

@@ -51,9 +51,9 @@ TEST(GCMapLoadADIF, CountsListsAndSumsUpASmallLog) {
 
 TEST(GCMapLoadADIF, ShowsTheShareOfTheBytesDone) {
     const std::string one = record({"W1A", "41", "72", "20M", "CW", "", ""}); // ends in CR LF
-    PlotRun run(one + "\r\n\r\n" + one + "behind the last record");
+    PlotRun run(one + "\r\n\r\n" + one + "after the last record");
     run.plot();
-    const double size = 2.0 * static_cast<double>(one.size()) + 4.0 + 22.0;
+    const double size = 2.0 * static_cast<double>(one.size()) + 4.0 + 21.0;
     const double line = static_cast<double>(one.size()) - 2.0;
     std::vector<float>& shown = run.listener.progress;
     shown.erase(std::unique(shown.begin(), shown.end()), shown.end());
@@ -131,7 +131,7 @@ TEST(GCMapLoadADIF, SaysWhyThereIsNothingToShow) {
     }
 }
 
-TEST(GCMapLoadADIF, AnAbortStopsBehindTheNextRecord) {
+TEST(GCMapLoadADIF, AnAbortStopsAfterTheNextRecord) {
     std::string log;
     for (const char* call : {"W1A", "W2A", "W3A", "W4A", "W5A", "W6A"})
         log += record({call, call[1] % 2 ? "41" : "", "72", "", "", "", ""});
@@ -165,7 +165,7 @@ TEST(GCMapLoadADIF, BlankLinesDontLookForAnAbort) {
     EXPECT_EQ(run.listener.yields, 4);
     EXPECT_EQ(run.data.tables.counters.QsosRead, 2);
     run.listener.onYield = [&](int n) { run.data.run.AbortRequested |= n == 6; };
-    EXPECT_EQ(run.plot(), PassEnd::Done) << "too late, behind the last record";
+    EXPECT_EQ(run.plot(), PassEnd::Done) << "too late, after the last record";
     EXPECT_FALSE(run.data.run.AbortRequested);
     EXPECT_EQ(run.data.stats.lists().lstStats.size(), 8U);
 }

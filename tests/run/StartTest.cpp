@@ -239,7 +239,7 @@ TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
     }
 }
 
-TEST(MapRun, FitsThePictureToTheWindowUnlessThatIsMinimized) {
+TEST(MapPictures, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     TestProgram program(home);
     program.start();
     program.data->lneGCPlotLine.show({.toX = 5});
@@ -268,7 +268,7 @@ TEST(MapRun, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     EXPECT_EQ(program.window.lastPlace, (MapPlace{0, 0, 5100, 5100}));
 }
 
-TEST(MapRun, TakesANewSizeBeforeTheMarksAreDrawn) {
+TEST(MapPictures, TakesANewSizeBeforeTheMarksAreDrawn) {
     PlottedProgram program;
     program.window.onSettle = [&program] {
         program.window.height = 9000;

@@ -51,7 +51,7 @@ public:
         commands.reset();
         map.reset();
         data = std::make_unique<RunData>(folder.path(), "Tovrel.ini");
-        map = std::make_unique<MapRun>(*data, window, listener, prompt);
+        map = std::make_unique<MapPictures>(*data, window, listener, prompt);
         commands = std::make_unique<Commands>(*data, *map, window.faces(), listener, prompt);
         window.onCloseStats = [this] { data->stats.unload(); };
     }
@@ -121,7 +121,7 @@ public:
     ScriptedListener listener;
     ScriptedPrompt prompt;
     std::unique_ptr<RunData> data;
-    std::unique_ptr<MapRun> map;
+    std::unique_ptr<MapPictures> map;
     std::unique_ptr<Commands> commands;
 
 private:

@@ -28,7 +28,7 @@ class Includes(unittest.TestCase):
         "src/map/BaseMap.h": b'#include "platform/Numbers.h"\n',
         "src/log/QsoFilter.h": b"#pragma once\n",
         "src/stats/frmMapStats.h": b"#include <QDialog>\n",
-        "src/run/MapRun.h": b"#pragma once\n",
+        "src/run/MapPictures.h": b"#pragma once\n",
         "src/app/MapView.h": b"#include <QtWidgets/QWidget>\n",
     }
 

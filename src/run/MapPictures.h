@@ -15,9 +15,9 @@
 namespace tovrel {
 
 /// The map of a run: its two pictures and the ways in which they are made and put back.
-class MapRun {
+class MapPictures {
 public:
-    MapRun(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt);
+    MapPictures(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt);
 
     /// The base map with the compass, source of every redraw.
     PictureSurface Picture1;

@@ -1,4 +1,4 @@
-#include "run/MapRun.h"
+#include "run/MapPictures.h"
 
 #include "map/Overlays.h"
 #include "map/PictureFile.h"
@@ -43,29 +43,30 @@ public:
 
 } // namespace
 
-MapRun::MapRun(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt)
+MapPictures::MapPictures(RunData& data, MapScreen& screen, PassListener& listener,
+                         UserPrompt& prompt)
     : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data), screen_(screen),
       listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
-std::string MapRun::cachePath() const {
+std::string MapPictures::cachePath() const {
     return filePath(data_.ini.programFolder(), data_.mapNames().cacheFile);
 }
 
 /// The home that the base map in force was drawn for; nothing where it does not depend on one.
-std::optional<MapHome> MapRun::mapHome() const {
+std::optional<MapHome> MapPictures::mapHome() const {
     return data_.map()->centredOnHome()
                ? std::optional(MapHome{data_.run.HomeLatitude, data_.run.HomeLongitude})
                : std::nullopt;
 }
 
-void MapRun::noteCustomMap() {
+void MapPictures::noteCustomMap() {
     if (!customMap_) {
         customMap_ = data_.ini.ReadIniValue(data_.mapNames().section, "BaseMap");
     }
 }
 
 /// @param end is told when the custom picture can't be used
-const QImage& MapRun::mapPix(BaseMapEnd& end) {
+const QImage& MapPictures::mapPix(BaseMapEnd& end) {
     if (mapPix_.isNull() && !loadMapPix(customMap_.value_or(std::string()))) {
         end.dataUnreadable = true;
     }
@@ -75,7 +76,7 @@ const QImage& MapRun::mapPix(BaseMapEnd& end) {
     return mapPix_;
 }
 
-bool MapRun::loadMapPix(const std::string& path) {
+bool MapPictures::loadMapPix(const std::string& path) {
     LoadedPicture picture = LoadPicture(path);
     if (picture) {
         mapPix_ = std::move(picture.image);
@@ -86,7 +87,7 @@ bool MapRun::loadMapPix(const std::string& path) {
     return picture.end != ReadEnd::Unreadable;
 }
 
-void MapRun::LoadBaseMap() {
+void MapPictures::LoadBaseMap() {
     noteCustomMap();
     Picture2.Cls();
     const bool settingsServe = !data_.ini.isOutOfReach();
@@ -110,17 +111,17 @@ void MapRun::LoadBaseMap() {
     cacheBaseMap(drawBaseMap(silence, consent));
 }
 
-void MapRun::BuildBaseMap() {
+void MapPictures::BuildBaseMap() {
     cacheBaseMap(drawBaseMapInMemory());
     screen_.setWaitPointer(false);
 }
 
-BaseMapEnd MapRun::drawBaseMapInMemory() {
+BaseMapEnd MapPictures::drawBaseMapInMemory() {
     PointerPrompt prompt(prompt_, screen_);
     return drawBaseMap(listener_, prompt);
 }
 
-BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
+BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
     noteCustomMap();
     const Projection projection = data_.run.marks.projection;
     const auto colour = [this, projection](MapColour which) {
@@ -146,7 +147,7 @@ BaseMapEnd MapRun::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
     return end;
 }
 
-void MapRun::cacheBaseMap(const BaseMapEnd& end) {
+void MapPictures::cacheBaseMap(const BaseMapEnd& end) {
     if (end.dataUnreadable || data_.ini.isOutOfReach()) {
         return;
     }
@@ -156,7 +157,7 @@ void MapRun::cacheBaseMap(const BaseMapEnd& end) {
     }
 }
 
-void MapRun::RebuildBaseMap() {
+void MapPictures::RebuildBaseMap() {
     screen_.setWaitPointer(true);
     BuildBaseMap();
     ResetMap();
@@ -164,7 +165,7 @@ void MapRun::RebuildBaseMap() {
     screen_.setWaitPointer(false);
 }
 
-void MapRun::ResetMap() {
+void MapPictures::ResetMap() {
     data_.lneGCPlotLine.hide();
     Picture1.setPicture(baseMap_);
     const MenuMarks& marks = data_.run.marks;
@@ -174,7 +175,7 @@ void MapRun::ResetMap() {
     Form_Resize();
 }
 
-void MapRun::Form_Resize() {
+void MapPictures::Form_Resize() {
     if (screen_.isMinimized()) {
         return;
     }
@@ -194,20 +195,20 @@ void MapRun::Form_Resize() {
     showMap();
 }
 
-void MapRun::followSize() {
+void MapPictures::followSize() {
     if (screen_.area() != fittedTo_) {
         Form_Resize();
     }
 }
 
-void MapRun::DrawGraticule() {
+void MapPictures::DrawGraticule() {
     data_.stats.load();
     tovrel::DrawGraticule(Picture2, *data_.map(), data_.stats.legend().colour(MapColour::Meridian),
                           listener_);
     showMap();
 }
 
-void MapRun::DrawHomeMarker() {
+void MapPictures::DrawHomeMarker() {
     // Where the map does not depend on it, the home of this moment counts.
     if (!data_.map()->centredOnHome()) {
         readHome(data_.ini, data_.run);
