@@ -29,8 +29,8 @@ QMargins frameOf(const QWidget& window) {
 frmGCMapCalculations::frmGCMapCalculations(QWidget* parent)
     : QWidget(parent, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                           Qt::WindowCloseButtonHint | Qt::WindowDoesNotAcceptFocus),
-      Label1_(addLabel(*this, QStringLiteral("Label1"), QString(), labelPlace)),
       ProgressBar1_(new QProgressBar(this)) {
+    Label1_ = addLabel(*this, QStringLiteral("Label1"), QString(), labelPlace);
     setObjectName(QStringLiteral("frmGCMapCalculations"));
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFont(windowFont());

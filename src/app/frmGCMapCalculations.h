@@ -37,7 +37,7 @@ private:
     void layOut();
     void fitFrame();
 
-    QLabel* Label1_;
+    QLabel* Label1_ = nullptr;
     QProgressBar* ProgressBar1_;
     QRect mainWindowFrame_;
     QMargins laidOutFrame_;

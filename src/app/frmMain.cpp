@@ -1,8 +1,8 @@
 #include "app/frmMain.h"
 
 #include "app/MainMenu.h"
+#include "app/MainParts.h"
 #include "app/MapView.h"
-#include "map/WindowShape.h"
 #include "platform/ByteText.h"
 
 #include <QApplication>
@@ -19,23 +19,12 @@ constexpr int timerInterval = 60000; // milliseconds
 
 } // namespace
 
-frmMain::frmMain(RunData& runData)
-    : data_(runData), prompt_(this), outer_(*this),
-      frame_(outer_,
-             [this](const QRect& before, const QRect& after) {
-                 return shapedWindow(before, after, data_.map()->shape(), outer_.chrome());
-             }),
-      windows_(outer_, runData, prompt_,
-               [this](Projection map) { commands_.applyMapOptions(map); }),
-      window_(outer_, frame_, runData.stats, Timer1_,
-              {[this] { windows_.askStationInfo(); },
-               [this](MapColour entry) { pickLegendColour(entry); }}),
-      listener_(*this, [this] { return outer_.outer(); }),
-      map_(runData, window_, listener_, prompt_),
-      commands_(runData, map_, {window_, window_, window_, window_}, listener_, prompt_),
-      Picture2View_(new MapView(
-          map_.Picture2, runData.lneGCPlotLine,
-          [this](double mapY, double mapX) { return hoverTip(mapY, mapX); }, this)) {
+frmMain::frmMain(RunData& runData) : data_(runData) {
+    parts_ = std::make_unique<MainParts>(*this, Timer1_, runData,
+                                         [this](MapColour entry) { pickLegendColour(entry); });
+    Picture2View_ = new MapView(
+        parts_->map.Picture2, runData.lneGCPlotLine,
+        [this](double mapY, double mapX) { return hoverTip(mapY, mapX); }, this);
     setObjectName(QStringLiteral("frmMain"));
     setCentralWidget(Picture2View_);
     // Tool tips of the map show while another window of the program is the active one, too.
@@ -47,13 +36,15 @@ frmMain::frmMain(RunData& runData)
     Timer1_.setInterval(timerInterval);
     connect(&Timer1_, &QTimer::timeout, this, [this] {
         if (!queue_.busy()) {
-            queue_.run("Timer1", [this] { map_.ResetMap(); });
+            queue_.run("Timer1", [this] { parts_->map.ResetMap(); });
         }
     });
-    window_.showOn(*Picture2View_);
+    parts_->window.showOn(*Picture2View_);
     connectRun();
     connectMenu();
 }
+
+frmMain::~frmMain() = default;
 
 void frmMain::connectRun() {
     follows_.push_back(data_.run.marksChanged.connect([this] {
@@ -64,23 +55,25 @@ void frmMain::connectRun() {
     follows_.push_back(data_.ini.failed.connect(
         [this] { QTimer::singleShot(0, this, [this] { tellSettingsFailure(); }); }));
     data_.ini.failed(); // of what was read before
-    follows_.push_back(listener_.refreshLists.connect([this] { window_.refreshLists(); }));
+    follows_.push_back(
+        parts_->listener.refreshLists.connect([this] { parts_->window.refreshLists(); }));
     follows_.push_back(queue_.commandEnded.connect([this] {
-        window_.refreshLists();
+        parts_->window.refreshLists();
         followSize();
     }));
 }
 
 void frmMain::start() {
-    queue_.run("Form_Load", [this] { commands_.Form_Load(); });
+    queue_.run("Form_Load", [this] { parts_->commands.Form_Load(); });
     setVisible(true);
     activateWindow();
     fitToFrame(0);
 }
 
 void frmMain::onCommand(const char* name, void (Commands::*command)()) {
-    onAct(name,
-          [this, name, command] { queue_.run(name, [this, command] { (commands_.*command)(); }); });
+    onAct(name, [this, name, command] {
+        queue_.run(name, [this, command] { (parts_->commands.*command)(); });
+    });
 }
 
 void frmMain::onAct(const char* name, std::function<void()> act) {
@@ -113,15 +106,15 @@ void frmMain::connectMenu() {
     onCommand("mnuRecreateMap", &Commands::mnuRecreateMap);
 
     // These neither start a pass nor change the map: they work at any time.
-    onAct("mnuAbort", [this] { commands_.mnuAbort(); });
-    onAct("mnuOpenADIFFile", [this] { commands_.mnuOpenADIFFile(); });
-    onAct("mnuHidePlotLine", [this] { commands_.mnuHidePlotLine(); });
-    onAct("mnuView_Stats", [this] { window_.mnuView_Stats(); });
-    onAct("mnuPlotOptions", [this] { windows_.showMapOptions(); });
-    onAct("mnuGoogleMapOptions", [this] { windows_.showGoogleMapOptions(); });
-    onAct("mnuInfo", [this] { windows_.showStationInfo(); });
-    onAct("mnuHelp", [this] { commands_.mnuHelp(); });
-    onAct("mnuAbout", [this] { windows_.showAbout(); });
+    onAct("mnuAbort", [this] { parts_->commands.mnuAbort(); });
+    onAct("mnuOpenADIFFile", [this] { parts_->commands.mnuOpenADIFFile(); });
+    onAct("mnuHidePlotLine", [this] { parts_->commands.mnuHidePlotLine(); });
+    onAct("mnuView_Stats", [this] { parts_->window.mnuView_Stats(); });
+    onAct("mnuPlotOptions", [this] { parts_->windows.showMapOptions(); });
+    onAct("mnuGoogleMapOptions", [this] { parts_->windows.showGoogleMapOptions(); });
+    onAct("mnuInfo", [this] { parts_->windows.showStationInfo(); });
+    onAct("mnuHelp", [this] { parts_->commands.mnuHelp(); });
+    onAct("mnuAbout", [this] { parts_->windows.showAbout(); });
 }
 
 QStringList frmMain::hoverTip(double mapY, double mapX) const {
@@ -137,54 +130,55 @@ QStringList frmMain::hoverTip(double mapY, double mapX) const {
 }
 
 void frmMain::pickLegendColour(MapColour entry) {
-    if (commands_.pickLegendColour(entry)) {
-        queue_.run("RebuildBaseMap", [this] { map_.RebuildBaseMap(); });
+    if (parts_->commands.pickLegendColour(entry)) {
+        queue_.run("RebuildBaseMap", [this] { parts_->map.RebuildBaseMap(); });
     }
 }
 
 void frmMain::tellSettingsFailure() {
     if (const std::optional<FileFailure> failure = data_.ini.takeFailure()) {
-        prompt_.tellFailure(*failure);
+        parts_->prompt.tellFailure(*failure);
     }
 }
 
 /// The smallest window of a map's shape has its menu in one line and the map 240 pixels wide.
 void frmMain::holdAboveSmallest() {
     constexpr int smallestMap = 240;
-    const QMargins& frame = outer_.margins;
+    const QMargins& frame = parts_->outer.margins;
     const int width = std::max(menuBar()->sizeHint().width(), smallestMap);
     const int outerWidth = width + frame.left() + frame.right();
     const MapShape shape = data_.map()->shape();
-    const int outerHeight = outerWidth / shape.widthPerHeight + shape.beside(outer_.chrome());
+    const int outerHeight =
+        outerWidth / shape.widthPerHeight + shape.beside(parts_->outer.chrome());
     setMinimumSize(width, outerHeight - frame.top() - frame.bottom());
 }
 
 void frmMain::fitToFrame(int attempt) {
     constexpr int attempts = 10; // a window system without frames never tells of one
     constexpr int pause = 30;    // milliseconds
-    const bool known = outer_.learnMargins();
+    const bool known = parts_->outer.learnMargins();
     if (!known && attempt < attempts) {
         QTimer::singleShot(pause, this, [this, attempt] { fitToFrame(attempt + 1); });
         return;
     }
     holdAboveSmallest();
     if (known) {
-        queue_.run("fitToFrame", [this] { commands_.fitWindow(); });
+        queue_.run("fitToFrame", [this] { parts_->commands.fitWindow(); });
     }
-    commands_.loadLegendAtStart();
+    parts_->commands.loadLegendAtStart();
     shown_ = true;
-    frame_.watch(true);
+    parts_->frame.watch(true);
 }
 
 void frmMain::followSize() {
     if (shown_ && !closing_) {
-        map_.followSize();
+        parts_->map.followSize();
     }
 }
 
 void frmMain::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    frame_.changed();
+    parts_->frame.changed();
     // While a command works, it looks at the size itself before it draws marks, and at its end.
     if (!queue_.busy()) {
         queue_.run("Form_Resize", [this] { followSize(); });
@@ -193,15 +187,15 @@ void frmMain::resizeEvent(QResizeEvent* event) {
 
 void frmMain::enterEvent(QEnterEvent* event) {
     QMainWindow::enterEvent(event);
-    frame_.settle(true);
+    parts_->frame.settle(true);
 }
 
 void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange && shown_) {
-        frame_.changed();
-        window_.followState();
-        map_.fitAgain();
+        parts_->frame.changed();
+        parts_->window.followState();
+        parts_->map.fitAgain();
         if (!queue_.busy()) {
             queue_.run("Form_Resize", [this] { followSize(); });
         }
@@ -223,11 +217,11 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     queue_.close();
     Timer1_.stop();
-    frame_.watch(false);
-    commands_.Form_Unload();
-    window_.setWaitPointer(false);
+    parts_->frame.watch(false);
+    parts_->commands.Form_Unload();
+    parts_->window.setWaitPointer(false);
     tellSettingsFailure();
-    listener_.closeWindow();
+    parts_->listener.closeWindow();
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (window != this) {
             window->close();

@@ -1,24 +1,19 @@
 #pragma once
 
-#include "app/MapFrame.h"
-#include "app/OptionWindows.h"
-#include "app/QtFrame.h"
-#include "app/QtListener.h"
-#include "app/QtMapWindow.h"
-#include "app/QtPrompt.h"
 #include "run/CommandQueue.h"
 #include "run/Commands.h"
-#include "run/MapPictures.h"
 #include "run/RunData.h"
 
 #include <QMainWindow>
 #include <QTimer>
 #include <functional>
+#include <memory>
 #include <vector>
 
 namespace tovrel {
 
 class MapView;
+struct MainParts;
 
 /// The main window: the menu bar and the map, and the owner of all other windows.
 class frmMain : public QMainWindow {
@@ -27,6 +22,7 @@ class frmMain : public QMainWindow {
 public:
     /// @param runData has to outlive the window
     explicit frmMain(RunData& runData);
+    ~frmMain() override;
 
     /// Runs the start-up and shows the window.
     void start();
@@ -51,17 +47,10 @@ private:
     void followSize();
 
     RunData& data_;
-    QtPrompt prompt_;
     QTimer Timer1_{this};
-    QtFrame outer_;
-    MapFrame frame_;
-    OptionWindows windows_;
-    QtMapWindow window_;
-    QtListener listener_;
-    MapPictures map_;
-    Commands commands_;
     CommandQueue queue_;
-    MapView* Picture2View_;
+    std::unique_ptr<MainParts> parts_;
+    MapView* Picture2View_ = nullptr;
     std::vector<Connection> follows_;
     bool shown_ = false; ///< the window was shown and has its frame
     bool closing_ = false;

@@ -37,11 +37,12 @@ std::array<QRadioButton*, 3> addOptions(QWidget& frame, const std::array<QString
 
 frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
                              std::function<void()> cmdApply_Click, QWidget* parent)
-    : frmDialog(parent), projection_(projection), forms_(forms), options_(forms.of(projection)),
-      filterBoxes_(*this, {.headingLeft = 2400, .offWidth = 735}) {
+    : frmDialog(parent), projection_(projection), forms_(forms), options_(forms.of(projection)) {
     const MapNames& names = namesOf(projection);
     setUpDialog(*this, displayText(names.dialog),
                 displayText(names.caption) + QStringLiteral(" Map Options"), 6150, 6810);
+    filterBoxes_ = std::make_unique<frmFilterBoxes>(
+        *this, frmFilterBoxes::IotaColumn{.headingLeft = 2400, .offWidth = 735});
     addMarkers();
     addLines();
     addTipBoxes();
@@ -51,7 +52,7 @@ frmMapOptions::frmMapOptions(Projection projection, MapOptionForms& forms,
     connect(cmdApply_, &QPushButton::clicked, this, std::move(cmdApply_Click));
     setTabOrders();
     follows_ = options_.changed.connect([this] { mirror(); });
-    filterBoxes_.bind(options_.filter);
+    filterBoxes_->bind(options_.filter);
 }
 
 void frmMapOptions::addMarkers() {
@@ -94,11 +95,11 @@ void frmMapOptions::setTabOrders() {
     const auto append = [&order](const auto& controls) {
         order.insert(order.end(), controls.begin(), controls.end());
     };
-    append(filterBoxes_.column(Criterion::Band));
+    append(filterBoxes_->column(Criterion::Band));
     order.push_back(cmdApply_);
-    append(filterBoxes_.column(Criterion::Mode));
+    append(filterBoxes_->column(Criterion::Mode));
     order.push_back(chkCall_);
-    append(filterBoxes_.column(Criterion::Iota));
+    append(filterBoxes_->column(Criterion::Iota));
     append(markers_);
     order.insert(order.end(), {chkLatLong_, chkCountry_, lines_[2], lines_[1], lines_[0]});
     for (std::size_t i = 1; i < order.size(); ++i)

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 
 class QCheckBox;
 class QPushButton;
@@ -41,7 +42,7 @@ private:
     Projection projection_;
     MapOptionForms& forms_;
     MapOptions& options_;
-    frmFilterBoxes filterBoxes_;
+    std::unique_ptr<frmFilterBoxes> filterBoxes_;
     Connection follows_;
     std::array<QRadioButton*, 3> markers_{};
     std::array<QRadioButton*, 3> lines_{};

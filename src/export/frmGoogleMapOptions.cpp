@@ -9,10 +9,11 @@
 namespace tovrel {
 
 frmGoogleMapOptions::frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& options, QWidget* parent)
-    : frmDialog(parent), ini_(ini), options_(options),
-      filterBoxes_(*this, {.headingLeft = 2520, .offWidth = 855}) {
+    : frmDialog(parent), ini_(ini), options_(options) {
     setUpDialog(*this, QStringLiteral("frmGoogleMapOptions"), QStringLiteral("Google Map Options"),
                 6120, 5670);
+    filterBoxes_ = std::make_unique<frmFilterBoxes>(
+        *this, frmFilterBoxes::IotaColumn{.headingLeft = 2520, .offWidth = 855});
     addMarkers();
     chkCall_ = addCheckBox(*this, QStringLiteral("chkCall"),
                            QStringLiteral("Show Callsign with Plot"), {3240, 4320, 2055, 375});
@@ -22,7 +23,7 @@ frmGoogleMapOptions::frmGoogleMapOptions(iniFiles& ini, GoogleMapOptions& option
     apply->setFont(windowFont(11, true));
     connect(apply, &QPushButton::clicked, this, [this] { cmdApply_Click(); });
 
-    filterBoxes_.bind(options_.filter);
+    filterBoxes_->bind(options_.filter);
     follows_ = options_.changed.connect([this] { mirror(); });
     mirror();
 }

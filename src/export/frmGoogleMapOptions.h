@@ -5,6 +5,7 @@
 #include "state/frmFilterBoxes.h"
 
 #include <array>
+#include <memory>
 #include <optional>
 
 class QCheckBox;
@@ -42,7 +43,7 @@ private:
     iniFiles& ini_;
     GoogleMapOptions& options_;
     std::optional<Choices> applied_; ///< while the window is open
-    frmFilterBoxes filterBoxes_;
+    std::unique_ptr<frmFilterBoxes> filterBoxes_;
     Connection follows_;
     std::array<QRadioButton*, 3> markers_{}; ///< in the order of MarkerSize
     QCheckBox* chkCall_ = nullptr;

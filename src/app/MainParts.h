@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/MapFrame.h"
+#include "app/OptionWindows.h"
+#include "app/QtFrame.h"
+#include "app/QtListener.h"
+#include "app/QtMapWindow.h"
+#include "app/QtPrompt.h"
+#include "map/WindowShape.h"
+#include "run/Commands.h"
+#include "run/MapPictures.h"
+#include "run/RunData.h"
+
+#include <functional>
+#include <utility>
+
+namespace tovrel {
+
+/// What the main window works with. Each part is handed those above it.
+struct MainParts {
+    /// @param main, Timer1, data have to outlive the parts
+    /// @param pickColour called when the user clicks a colour of the key
+    MainParts(QMainWindow& main, QTimer& Timer1, RunData& data,
+              std::function<void(MapColour)> pickColour)
+        : prompt(&main), outer(main),
+          frame(outer,
+                [this, &data](const QRect& before, const QRect& after) {
+                    return shapedWindow(before, after, data.map()->shape(), outer.chrome());
+                }),
+          windows(outer, data, prompt,
+                  [this](Projection applied) { commands.applyMapOptions(applied); }),
+          window(outer, frame, data.stats, Timer1,
+                 {[this] { windows.askStationInfo(); }, std::move(pickColour)}),
+          listener(main, [this] { return outer.outer(); }), map(data, window, listener, prompt),
+          commands(data, map, {window, window, window, window}, listener, prompt) {}
+
+    QtPrompt prompt;
+    QtFrame outer;
+    MapFrame frame;
+    OptionWindows windows;
+    QtMapWindow window;
+    QtListener listener;
+    MapPictures map;
+    Commands commands;
+};
+
+} // namespace tovrel
