@@ -13,29 +13,34 @@ namespace {
 
 constexpr int contacts = 1'000'000;
 
-PlotRow rowAt(double mapY, double mapX) {
-    PlotRow row;
-    row.mapY = mapY;
-    row.mapX = mapX;
-    return row;
-}
+struct MapPlace {
+    double mapY;
+    double mapX;
+};
 
 /// Contacts all over the map, or 5,000 of them on one spot.
-std::vector<PlotRow> hoverTable(bool spot) {
+std::vector<MapPlace> hoverTable(bool spot) {
     constexpr int onSpot = 5000;
     std::mt19937 random{1};
     std::uniform_real_distribution<double> units(-19000.0, 19000.0);
-    std::vector<PlotRow> rows;
+    std::vector<MapPlace> rows;
     for (int i = 0; i < contacts; ++i)
-        rows.push_back(rowAt(units(random), units(random)));
+        rows.push_back({units(random), units(random)});
     for (int i = 0; spot && i < onSpot; ++i)
-        rows[static_cast<std::size_t>(i) * (contacts / onSpot)] = rowAt(20.0, 30.0);
+        rows[static_cast<std::size_t>(i) * (contacts / onSpot)] = {20.0, 30.0};
     return rows;
+}
+
+void fill(HoverIndex& index, const std::vector<MapPlace>& table) {
+    index.begin(table.size());
+    for (const MapPlace& row : table)
+        index.add(row.mapY, row.mapX);
+    index.finish();
 }
 
 void walkHits(benchmark::State& state, bool spot) {
     HoverIndex index;
-    index.build(hoverTable(spot));
+    fill(index, hoverTable(spot));
     for (auto _ : state) {
         std::uint64_t sum = 0;
         HoverHits hits(index, 20.0, 30.0);
@@ -49,7 +54,7 @@ BENCHMARK_CAPTURE(walkHits, spot, true)->Name("hoverSpot")->Unit(benchmark::kMic
 
 /// Every row compared with the pointer, as its rule says.
 void scan(benchmark::State& state) {
-    const std::vector<PlotRow> table = hoverTable(false);
+    const std::vector<MapPlace> table = hoverTable(false);
     const auto step = [](double units) {
         return roundToInt(static_cast<double>(toSingle(roundHalfEven(units)) / 100.0F));
     };
@@ -66,10 +71,10 @@ void scan(benchmark::State& state) {
 BENCHMARK(scan)->Name("hoverYardstick")->Unit(benchmark::kMicrosecond);
 
 void build(benchmark::State& state) {
-    const std::vector<PlotRow> table = hoverTable(false);
+    const std::vector<MapPlace> table = hoverTable(false);
     HoverIndex index;
     for (auto _ : state) {
-        index.build(table);
+        fill(index, table);
         benchmark::DoNotOptimize(index);
     }
 }

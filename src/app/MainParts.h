@@ -34,14 +34,14 @@ struct MainParts {
           listener(main, [this] { return outer.outer(); }), map(data, window, listener, prompt),
           commands(data, map, {window, window, window, window}, listener, prompt) {}
 
-    QtPrompt prompt;
-    QtFrame outer;
-    MapFrame frame;
-    OptionWindows windows;
-    QtMapWindow window;
-    QtListener listener;
-    MapPictures map;
-    Commands commands;
+    QtPrompt prompt;       ///< message boxes over the main window
+    QtFrame outer;         ///< the main window with its frame
+    MapFrame frame;        ///< gives it the shape of the map
+    OptionWindows windows; ///< the dialogs beside it
+    QtMapWindow window;    ///< all windows as the map and the commands see them
+    QtListener listener;   ///< progress and event loop of the passes
+    MapPictures map;       ///< shown by the main window's MapView
+    Commands commands;     ///< run by the main window's queue
 };
 
 } // namespace tovrel

@@ -13,6 +13,7 @@ struct FramedWindow {
     virtual ~FramedWindow() = default;
     /// Whether it is neither minimized nor maximized nor full screen.
     virtual bool isFree() const = 0;
+    /// The rectangle that the window has, or was given last.
     virtual QRect outer() const = 0;
     /// Asks for a rectangle. The system answers later, with that or another one, or never.
     virtual void request(const QRect& outer) = 0;

@@ -25,9 +25,16 @@ public:
                   std::function<void(Projection)> apply)
         : frame_(frame), data_(data), prompt_(prompt), apply_(std::move(apply)) {}
 
+    /// The options of the map in force; each map has a window of its own, which stays with it.
     void showMapOptions();
+
+    /// The options of the export.
     void showGoogleMapOptions();
+
+    /// frmInfoInput beside the main window, its boxes filled from the settings as it opens.
     void showStationInfo();
+
+    /// The program's name and version, in the middle of the main window's screen.
     void showAbout();
 
     /// Shows frmInfoInput and waits until the user has closed it.

@@ -10,7 +10,9 @@ namespace tovrel {
 
 /// The main window by its frame, of which the window system tells some time after it was shown.
 struct QtFrame : FramedWindow {
+    /// @param mainWindow has to outlive this object
     explicit QtFrame(QMainWindow& mainWindow) : window(mainWindow) {}
+
     /// @return whether the widths of the frame are known
     bool learnMargins() {
         if (window.windowHandle() != nullptr && !window.windowHandle()->frameMargins().isNull())
@@ -19,8 +21,11 @@ struct QtFrame : FramedWindow {
     }
     bool isFree() const override { return !(window.windowState() & ~Qt::WindowActive); }
     QRect outer() const override { return window.geometry().marginsAdded(margins); }
+
+    /// Pixels that the menu bar takes in a window of this width, one line or more.
     int menuHeight() const { return window.menuBar()->heightForWidth(window.width()); }
-    /// What its height has beside the map: title bar, frame and menu.
+
+    /// What its height has beside the map: title bar, frame and menu; pixels.
     int chrome() const { return margins.top() + margins.bottom() + menuHeight(); }
     void request(const QRect& wanted) override {
         const QRect inner = wanted.marginsRemoved(margins);
@@ -31,8 +36,8 @@ struct QtFrame : FramedWindow {
             window.setGeometry(inner);
     }
 
-    QMainWindow& window;
-    QMargins margins;
+    QMainWindow& window; ///< its geometry is without the frame
+    QMargins margins;    ///< widths of the frame, pixels; 0 until learnMargins() has succeeded
 };
 
 } // namespace tovrel

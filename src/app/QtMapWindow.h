@@ -20,8 +20,8 @@ class QtMapWindow : public MapScreen, public MainWindow, public StatsWindow, pub
 public:
     /// What the window asks of others.
     struct Acts {
-        std::function<void()> askStationInfo;
-        std::function<void(MapColour)> pickColour;
+        std::function<void()> askStationInfo;      ///< returns when frmInfoInput was closed
+        std::function<void(MapColour)> pickColour; ///< a colour of the key was clicked
     };
 
     /// @param outer, frame, stats, Timer1 have to outlive this object

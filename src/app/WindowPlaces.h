@@ -12,7 +12,7 @@ QPoint centred(const QRect& screen, const QRect& available, QSize outer);
 /// Where the main window and the statistics window go when the latter is opened.
 struct PairPlaces {
     QPoint main; ///< upper left corner
-    QRect stats;
+    QRect stats; ///< outer rectangle
 };
 
 /// The main window makes room to the left by half of the statistics window's width, as far as the

@@ -15,7 +15,8 @@ namespace tovrel {
 class BatchConsole : public UserPrompt, public PassListener {
 public:
     /// @param quiet messages are only kept, and no progress is shown
-    /// @param AbortRequested set when the program was interrupted within a pass
+    /// @param AbortRequested set when the program was interrupted within a pass; has to outlive
+    ///        this object
     BatchConsole(bool quiet, bool& AbortRequested);
 
     void tell(const std::string& text, MessageIcon icon) override;
@@ -35,6 +36,7 @@ public:
     void endPass() override { endLine(); }
     void yield() override;
 
+    /// All messages so far, also those of a quiet run, in full and with their CR LF.
     const std::vector<std::string>& messages() const { return messages_; }
 
 private:

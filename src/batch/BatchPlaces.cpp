@@ -12,7 +12,7 @@ namespace tovrel {
 
 namespace {
 
-struct TwipRect {
+struct NamedPath {
     std::string name; ///< the option, or what the file is
     std::string path;
 };
@@ -23,8 +23,8 @@ constexpr std::string_view folderFiles[] = {
     "Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"};
 
 /// What a run writes, standard output included.
-std::vector<TwipRect> outputsOf(const BatchOptions& options) {
-    std::vector<TwipRect> outputs;
+std::vector<NamedPath> outputsOf(const BatchOptions& options) {
+    std::vector<NamedPath> outputs;
     const auto add = [&outputs](const char* name, const std::string& path) {
         if (!path.empty()) {
             outputs.push_back({name, path});
@@ -39,8 +39,8 @@ std::vector<TwipRect> outputsOf(const BatchOptions& options) {
 }
 
 /// What a run reads and must not replace.
-std::vector<TwipRect> inputsOf(const BatchOptions& options) {
-    std::vector<TwipRect> inputs;
+std::vector<NamedPath> inputsOf(const BatchOptions& options) {
+    std::vector<NamedPath> inputs;
     if (!isPiped(options.log)) {
         inputs.push_back({"the log", options.log});
     }
@@ -55,15 +55,15 @@ bool isDevice(const std::string& path) {
     return place.exists() && !place.isFile() && !place.isDir();
 }
 
-PlaceFault wrongUse(const TwipRect& output, const std::string& other) {
+PlaceFault wrongUse(const NamedPath& output, const std::string& other) {
     return {BatchResult::WrongUse, output.name + ": the file would replace " + other};
 }
 
 PlaceFault faultOfStandardOutput(const BatchOptions& options,
-                                 const std::vector<TwipRect>& outputs) {
+                                 const std::vector<NamedPath>& outputs) {
     // A report may follow the tips, a picture or an archive may not.
     std::string taken = options.tips.empty() ? "" : "--tip";
-    for (const TwipRect& output : outputs) {
+    for (const NamedPath& output : outputs) {
         if (output.path != "-") {
             continue;
         }
@@ -76,14 +76,14 @@ PlaceFault faultOfStandardOutput(const BatchOptions& options,
     return {};
 }
 
-PlaceFault faultOfSharedPlaces(const BatchOptions& options, const std::vector<TwipRect>& outputs) {
-    const std::vector<TwipRect> inputs = inputsOf(options);
+PlaceFault faultOfSharedPlaces(const BatchOptions& options, const std::vector<NamedPath>& outputs) {
+    const std::vector<NamedPath> inputs = inputsOf(options);
     for (std::size_t i = 0; i < outputs.size(); ++i) {
-        const TwipRect& output = outputs[i];
+        const NamedPath& output = outputs[i];
         if (output.path == "-" || isDevice(output.path)) {
             continue;
         }
-        for (const TwipRect& input : inputs) {
+        for (const NamedPath& input : inputs) {
             if (isSamePlace(output.path, input.path)) {
                 return wrongUse(output, input.name);
             }
@@ -118,7 +118,7 @@ void completePlaces(BatchOptions& options) {
 }
 
 PlaceFault faultOfPlaces(const BatchOptions& options) {
-    const std::vector<TwipRect> outputs = outputsOf(options);
+    const std::vector<NamedPath> outputs = outputsOf(options);
     if (PlaceFault fault = faultOfStandardOutput(options, outputs)) {
         return fault;
     }
@@ -135,7 +135,7 @@ PlaceFault faultOfPlaces(const BatchOptions& options) {
                     "there is no log " + options.log + ": No such file or directory"};
         }
     }
-    for (const TwipRect& output : outputs) {
+    for (const NamedPath& output : outputs) {
         const bool stream =
             output.path == "-" || (isDevice(output.path) && output.name != "--output");
         const std::string reason = stream ? std::string() : faultOfPlace(output.path);

@@ -12,6 +12,7 @@ struct PlaceFault {
     BatchResult status = BatchResult::Done; ///< Done: nothing is
     std::string line;                       ///< for standard error
 
+    /// Whether anything is wrong.
     explicit operator bool() const { return status != BatchResult::Done; }
 };
 

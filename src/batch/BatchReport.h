@@ -17,11 +17,11 @@ std::string plotReport(RunData& data, const std::vector<std::string>& messages);
 
 /// Counters of an export.
 struct KmzCounters {
-    std::int64_t GoogleRecords = 0; ///< records read by its three passes
-    std::int32_t GooglePlaced = 0;
-    std::int32_t GoogleConfirmed = 0;
-    std::int32_t GoogleWorked = 0;
-    std::int32_t GoogleHeard = 0;
+    std::int64_t GoogleRecords = 0;   ///< records read by its three passes
+    std::int32_t GooglePlaced = 0;    ///< placemarks in all three folders
+    std::int32_t GoogleConfirmed = 0; ///< placemarks in each folder
+    std::int32_t GoogleWorked = 0;    ///< likewise
+    std::int32_t GoogleHeard = 0;     ///< likewise
 };
 
 /// What an export found: the counters as the summary shows them and under their own names, message

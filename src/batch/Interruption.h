@@ -14,6 +14,7 @@ bool interrupted();
 /// meanwhile ends.
 class UnfinishedFile {
 public:
+    /// Several may live at once: the end of the last one counts.
     UnfinishedFile();
     ~UnfinishedFile();
     UnfinishedFile(const UnfinishedFile&) = delete;

@@ -30,8 +30,8 @@ struct ExportFiles {
     };
 
     std::string KmlFileName; ///< place of the document; the archive has its name
-    std::string archive;
-    Document document = Document::Unpacked;
+    std::string archive;     ///< path of the KMZ file; a file that stands there is replaced
+    Document document = Document::Unpacked; ///< when KmlFileName gets it
     std::string archiveTitle{}; ///< how to name the archive when its path means nothing to the user
 };
 

@@ -16,10 +16,11 @@ namespace tovrel {
 
 /// Placemarks that a document holds.
 struct GoogleCounters {
-    std::int32_t GoogleConfirmed = 0;
-    std::int32_t GoogleWorked = 0;
-    std::int32_t GoogleHeard = 0;
+    std::int32_t GoogleConfirmed = 0; ///< in each folder
+    std::int32_t GoogleWorked = 0;    ///< likewise
+    std::int32_t GoogleHeard = 0;     ///< likewise
 
+    /// In all three folders.
     std::int32_t GooglePlaced() const { return GoogleConfirmed + GoogleWorked + GoogleHeard; }
 };
 
@@ -53,6 +54,8 @@ public:
 
     /// Opens the folder of a class. The document has them in the order Confirmed, Worked, Heard.
     void WriteFolderHead(QsoStatus folder);
+
+    /// Closes the open folder.
     void WriteFolderEnd();
 
     /// Writes a placemark into the open folder, which has to be the record's.
@@ -60,6 +63,7 @@ public:
     /// @param withName whether the placemark carries the call as its name
     void WritePlacemark(const FieldTable& record, bool withName);
 
+    /// Ends the document's text; no folder may be open.
     void WriteKmlTail();
 
     /// Brings what was written to the disk and closes the document.
@@ -69,10 +73,13 @@ public:
     /// What was written, to be compared with what is read of the document.
     const ByteSum& written() const { return written_; }
 
+    /// Placemarks that were handed over, also those after a failure.
     const GoogleCounters& counters() const { return counters_; }
 
+    /// Whether the document could not be opened, written or closed; it stays so.
     bool failed() const { return !error_.empty(); }
-    /// Short reason of a failure, UTF-8.
+
+    /// Short reason of the first failure, UTF-8; empty when there was none.
     const std::string& error() const { return error_; }
 
 private:

@@ -24,6 +24,7 @@ inline constexpr std::size_t textLength = 0x7FFF; ///< of a name, in bytes
 /// A record of the archive under construction: numbers little-endian, nothing between them.
 class ZipRecord {
 public:
+    /// Append a number of so many bits, or bytes as they are; what does not fit is cut off.
     ZipRecord& put16(std::uint32_t value) { return put(value, 2); }
     ZipRecord& put32(std::uint32_t value) { return put(value, 4); }
     ZipRecord& putText(std::string_view text) {

@@ -13,16 +13,16 @@ namespace tovrel {
 
 /// Rows of FieldTable that hold the tags the program asks for, 0 where the dictionary lacks one.
 struct FieldRows {
-    int RowCall = 0;
-    int RowMode = 0;
-    int RowQslRcvd = 0;
-    int RowBand = 0;
-    int RowIota = 0;
+    int RowCall = 0;      ///< CALL
+    int RowMode = 0;      ///< MODE
+    int RowQslRcvd = 0;   ///< QSL_RCVD
+    int RowBand = 0;      ///< BAND
+    int RowIota = 0;      ///< IOTA
     int RowLatitude = 0;  ///< APP_LOGGER32_LAT
     int RowLongitude = 0; ///< APP_LOGGER32_LNG
-    int RowEqslRcvd = 0;
-    int RowLotwRcvd = 0;
-    int RowCountry = 0;
+    int RowEqslRcvd = 0;  ///< eQSL_QSL_RCVD
+    int RowLotwRcvd = 0;  ///< LOTW_QSL_RCVD
+    int RowCountry = 0;   ///< COUNTRY
 };
 
 /// The field dictionary, a list of the tags that the program keeps, and the values that they have
@@ -30,6 +30,7 @@ struct FieldRows {
 /// tag and takes the value of every tag without a row. The case of a tag's letters does not count.
 class FieldTable {
 public:
+    /// Name of the dictionary in its folder, where it is found in any case of its letters.
     static constexpr std::string_view fileName = "TVADIF.txt";
 
     /// What the user is told when the dictionary is missing at the start of a pass.
@@ -67,6 +68,8 @@ public:
 
     /// Looks up the rows of all tags that the program asks for.
     void ResolveFieldRows();
+
+    /// The rows as ResolveFieldRows() found them.
     const FieldRows& rows() const { return rows_; }
 
     /// Number of lines of the dictionary, the row 0 not counted.

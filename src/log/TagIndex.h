@@ -16,6 +16,7 @@ namespace tovrel {
 /// each of its records, so this is a flat table that compares numbers, and no node-based map.
 class TagIndex {
 public:
+    /// Forgets all names, so that they need not live any longer.
     void clear() { *this = {}; }
 
     /// Adds a name; of two equal ones the first counts. An empty name is found by nobody.

@@ -16,9 +16,9 @@ inline constexpr float baseMapSize = 10000.0F;
 
 /// What a base map depends on besides its data files.
 struct BaseMapStyle {
-    const WorldMap* map; ///< never null
-    Colour land;
-    Colour water;
+    const WorldMap* map;            ///< never null
+    Colour land;                    ///< fills the map before the coastlines are drawn
+    Colour water;                   ///< of the seas round the seed points
     const QImage* relief = nullptr; ///< world picture for the land, see TopoOverlay; null for none
     Colour reliefLand = 0;          ///< the land colour that it covers
 };

@@ -9,8 +9,8 @@ namespace tovrel {
 
 /// A home position as a base map was drawn for it, in degrees.
 struct MapHome {
-    float latitude = 0.0F;
-    float longitude = 0.0F;
+    float latitude = 0.0F;  ///< north positive
+    float longitude = 0.0F; ///< east positive
 
     bool operator==(const MapHome&) const = default;
 };
@@ -18,7 +18,7 @@ struct MapHome {
 /// A base map in its file: a bitmap, after whose pixels its home stands if it has one. Readers of
 /// bitmaps pass over that.
 struct CachedBaseMap {
-    LoadedPicture picture;
+    LoadedPicture picture;       ///< of any size; it need not be that of a base map
     std::optional<MapHome> home; ///< of a plain bitmap it is not known
 };
 

@@ -12,10 +12,10 @@ inline constexpr int MapRadius = 20000;
 /// Factor from MapRadius to the outer circle, which is also the length of the compass ticks.
 inline constexpr double outerCircleFactor = 1.02;
 
-/// A position in map units, X to the right, Y upward, both -22000 to 22000 on the surface.
+/// A position in map units, -22000 to 22000 on the surface; it may lie off it.
 struct MapPoint {
-    double x = 0.0;
-    double y = 0.0;
+    double x = 0.0; ///< to the right
+    double y = 0.0; ///< upward
 };
 
 /// The shape of a map and of a window that is free to take it.

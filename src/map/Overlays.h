@@ -8,16 +8,17 @@ namespace tovrel {
 
 /// Pixels across the two dots of a mark: the inner one leaves a ring of the outer.
 struct DotWidths {
-    int outer = 5;
-    int inner = 3;
+    int outer = 5; ///< odd
+    int inner = 3; ///< odd, less than the outer one
 };
 
 /// Draws a mark at a position in map units; DrawWidth is 1 after it.
 void drawMark(PictureSurface& surface, MapPoint at, DotWidths widths, Colour outline, Colour inner);
 
+/// How the compass is drawn.
 struct CompassStyle {
-    int step = 15; ///< degrees between two ticks, 15 or 45
-    bool bold = false;
+    int step = 15;     ///< degrees between two ticks, 15 or 45
+    bool bold = false; ///< the labels are
 };
 
 /// Draws the compass rose round the azimuthal map: ticks between its circles and labels "000" to

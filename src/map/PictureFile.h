@@ -13,6 +13,7 @@ struct LoadedPicture {
     QImage image;                   ///< with Content: 32-bit without alpha
     std::string reason;             ///< with Unreadable, UTF-8
 
+    /// Whether there is an image.
     explicit operator bool() const { return end == ReadEnd::Content; }
 };
 

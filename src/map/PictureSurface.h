@@ -21,8 +21,11 @@ public:
     /// A white surface, its size in twips.
     PictureSurface(float width, float height);
 
+    /// The size in twips, as it was given.
     float Width() const { return width_; }
     float Height() const { return height_; }
+
+    /// The size in whole pixels, at least 1 by 1.
     int pixelWidth() const { return image_.width(); }
     int pixelHeight() const { return image_.height(); }
 
@@ -38,12 +41,12 @@ public:
     /// Covers the surface with BackColor and shows an image at its top left.
     void setPicture(const QImage& picture);
 
-    Colour BackColor = 0xFFFFFF;
-    Colour ForeColor = 0x000000;
+    Colour BackColor = 0xFFFFFF; ///< of what is cleared, or comes with a new size
+    Colour ForeColor = 0x000000; ///< of what is drawn without a colour of its own
     int DrawWidth = 1; ///< pixels across a dot of PSet, odd; lines and circles are one pixel wide
 
     double CurrentX = 0.0; ///< the current point, map units
-    double CurrentY = 0.0;
+    double CurrentY = 0.0; ///< likewise
 
     /// A round dot DrawWidth pixels wide; the current point moves there.
     void PSet(double x, double y, Colour colour);

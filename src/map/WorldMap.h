@@ -32,15 +32,15 @@ enum class MapLine { Coast, Graticule };
 /// Where a stroke that runs over a side edge of the map leaves it and comes in again, X in map
 /// units, beyond the surface.
 struct EdgeCrossing {
-    double leavesAt = 0.0;
-    double entersAt = 0.0;
+    double leavesAt = 0.0; ///< at the Y of the point before
+    double entersAt = 0.0; ///< at the Y of the next point
 };
 
 /// The home station in the units of a map: radians on the azimuthal map, map units on the Miller
 /// map.
 struct HomePosition {
-    float HomeY = 0.0F;
-    float HomeX = 0.0F;
+    float HomeY = 0.0F; ///< north positive
+    float HomeX = 0.0F; ///< east positive
 };
 
 /// A map of the world, as a rule from places to positions. It has no state: where lines are drawn
@@ -51,6 +51,7 @@ class WorldMap {
 public:
     virtual ~WorldMap() = default;
 
+    /// The shape of the map, wherever the home station is.
     virtual MapShape shape() const = 0;
 
     /// Whether the map ends in circles, with room for the compass outside.

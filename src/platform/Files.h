@@ -15,9 +15,10 @@ namespace tovrel {
 /// The two parts of a path, cut after the last separator ("/" or "\").
 struct PathParts {
     std::string_view folder; ///< with its separator; empty when the path has none
-    std::string_view name;
+    std::string_view name;   ///< empty when the path ends with a separator
 };
 
+/// @return views into `path`, both empty when that is
 PathParts splitPath(std::string_view path);
 
 /// Folder and name joined with the platform's separator, never two of them.
@@ -52,16 +53,19 @@ std::string filePath(const std::string& folder, std::string_view name);
 /// can't be read has to be told and must not be written over.
 enum class ReadEnd { Content, Missing, Unreadable };
 
+/// How the reading of a file ended, and what came of it.
 struct FileContent {
-    ReadEnd end = ReadEnd::Missing;
-    std::string bytes;  ///< with Content
-    std::string reason; ///< with Unreadable
+    ReadEnd end = ReadEnd::Missing; ///< tells which of the others is set
+    std::string bytes;              ///< with Content
+    std::string reason;             ///< with Unreadable
 
+    /// The ends that have something to tell: bytes, be it none at all, or a reason.
     static FileContent of(std::string bytes) { return {ReadEnd::Content, std::move(bytes), {}}; }
     static FileContent unreadable(std::string reason) {
         return {ReadEnd::Unreadable, {}, std::move(reason)};
     }
 
+    /// The end by its name; in a condition, whether the file was read.
     bool isMissing() const { return end == ReadEnd::Missing; }
     bool isUnreadable() const { return end == ReadEnd::Unreadable; }
     explicit operator bool() const { return end == ReadEnd::Content; }

@@ -47,7 +47,7 @@ void forEachLine(std::string_view content, Visit visit) {
 }
 
 /// Where in the content a key stands, or would have to be added.
-struct TwipRect {
+struct KeyPlace {
     bool sectionFound = false;
     std::size_t sectionEnd = 0;   ///< after the line end of the section's last used line
     std::size_t lineStart = npos; ///< of the key's line; npos when it is missing
@@ -56,8 +56,8 @@ struct TwipRect {
     std::string_view value;
 };
 
-TwipRect findKey(std::string_view content, std::string_view section, std::string_view key) {
-    TwipRect place;
+KeyPlace findKey(std::string_view content, std::string_view section, std::string_view key) {
+    KeyPlace place;
     forEachLine(content, [&](const Line& line) {
         if (line.text.starts_with('[')) {
             if (place.sectionFound)
@@ -148,7 +148,7 @@ bool PrivateProfile::store(std::string text) {
 std::string PrivateProfile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t size) const {
     const Content now = content();
-    const TwipRect place = findKey(now.text, section, key);
+    const KeyPlace place = findKey(now.text, section, key);
     std::string_view value = place.lineStart == npos ? defaultValue : place.value;
     if (value.size() > 1 && (value.front() == '"' || value.front() == '\'') &&
         value.front() == value.back()) {
@@ -163,7 +163,7 @@ bool PrivateProfile::write(std::string_view section, std::string_view key, std::
         heldGood_ = false;
         return false;
     }
-    const TwipRect place = findKey(now.text, section, key);
+    const KeyPlace place = findKey(now.text, section, key);
     if (place.lineStart != npos) {
         if (place.value == value)
             return true;

@@ -31,10 +31,14 @@ public:
     /// file.
     enum class State { Missing, Settings, Unreadable, Foreign };
 
+    /// @param path UTF-8; nothing need stand there
+    /// @param storage with Memory the file is read here, else at every use but in a batch
     explicit PrivateProfile(std::string path, Storage storage = Storage::File);
 
+    /// The path that was given.
     const std::string& path() const { return path_; }
 
+    /// What stands at the path now; in a batch, or in memory, what stood there at its start.
     State state() const { return content().state; }
 
     /// Why the file can't serve, with the states Unreadable and Foreign; else empty.
@@ -52,8 +56,8 @@ public:
 
     /// What the file could not be used for, and why.
     struct Failure {
-        enum class Of { Reading, Writing } of;
-        std::string reason;
+        enum class Of { Reading, Writing } of; ///< what was tried
+        std::string reason;                    ///< short, UTF-8, without the name of the file
     };
 
     /// Called at each failure, within the read or write that met it.
@@ -63,6 +67,8 @@ public:
     /// the end of the outermost, and only if a write changed it.
     class Batch {
     public:
+        /// Reads the file, unless another batch has done so that still lives.
+        /// @param profile has to outlive the batch
         explicit Batch(PrivateProfile& profile);
         ~Batch() { finish(); }
         Batch(const Batch&) = delete;

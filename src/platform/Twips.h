@@ -5,6 +5,7 @@
 /// Windows and controls are measured in twips, 1/1440 inch; a pixel is always 15 of them.
 namespace tovrel {
 
+/// The same on every screen: an inch has 96 pixels here, whatever the screen's real size.
 inline constexpr int twipsPerPixel = 15;
 
 /// Whole pixels nearest to a length in twips.

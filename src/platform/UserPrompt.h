@@ -5,22 +5,25 @@
 
 namespace tovrel {
 
+/// The picture beside a message: none, that of a warning, or that of what ends the program.
 enum class MessageIcon { None, Exclamation, Critical };
 
 /// A question with two answers.
 struct Question {
+    /// Captions of the two, of which the first one agrees.
     enum class Buttons { OkCancel, YesNo };
-    std::string title;
-    std::string text;
-    Buttons buttons = Buttons::OkCancel;
-    MessageIcon icon = MessageIcon::None;
-    bool defaultYes = true; ///< whether the first button is the default one
+    std::string title;                    ///< in the caption bar, bytes
+    std::string text;                     ///< bytes, lines parted by CR LF
+    Buttons buttons = Buttons::OkCancel;  ///< see there
+    MessageIcon icon = MessageIcon::None; ///< beside the text
+    bool defaultYes = true;               ///< whether the first button is the default one
 };
 
 /// What a file could not be used for, and why.
 struct FileFailure {
+    /// What was tried. Use is what comes after reading: to decode the file, to have it opened.
     enum class Act { Read, Write, Use };
-    Act act;
+    Act act;            ///< for those who word the failure themselves
     std::string what;   ///< a sentence that says what could not be done
     std::string path;   ///< bytes, as a user knows the file
     std::string reason; ///< short, without a stop
@@ -51,6 +54,7 @@ public:
 /// Hands everything on to another prompt, for those that want a part of it otherwise.
 class ForwardingPrompt : public UserPrompt {
 public:
+    /// @param prompt has to outlive this object
     explicit ForwardingPrompt(UserPrompt& prompt) : prompt_(prompt) {}
 
     void tell(const std::string& text, MessageIcon icon) override { prompt_.tell(text, icon); }

@@ -19,6 +19,7 @@ public:
     WorkFolder(const WorkFolder&) = delete;
     WorkFolder& operator=(const WorkFolder&) = delete;
 
+    /// Whether it could be made; path() leads nowhere else.
     bool isValid() const { return folder_->isValid(); }
 
     /// Why it could not be made; to be asked for when it is not valid.

@@ -19,6 +19,7 @@ namespace tovrel {
 
 /// Left, top, width and height in twips, relative to the parent.
 struct TwipRect {
+    /// Offsets to the right and down, then the extent; place() wants that to be positive.
     float left = 0.0F;
     float top = 0.0F;
     float width = 0.0F;

@@ -21,6 +21,10 @@ namespace tovrel {
 /// the user may change either whenever events run.
 class GCMapLoadADIF : private LogPass::Visitor {
 public:
+    /// All have to outlive the pass.
+    /// @param run names the log and the map; its MapPlotted is set at the start of the pass
+    /// @param stats, tables take what the pass finds
+    /// @param Picture2 the map on show, on which the marks are drawn
     GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
                   PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
                   UserPrompt& prompt);

@@ -34,37 +34,42 @@ bool later(std::span<const std::uint32_t> a, std::span<const std::uint32_t> b) {
 
 void HoverIndex::clear() { *this = {}; }
 
-void HoverIndex::build(const std::vector<PlotRow>& table) {
+void HoverIndex::begin(std::size_t rows) {
     clear();
-    // Counting sort by cell, rows of a cell in their order.
-    constexpr std::uint32_t noCell = std::numeric_limits<std::uint32_t>::max();
-    std::vector<std::uint32_t> cells(table.size(), noCell);
+    cells_.reserve(rows);
     starts_.assign(static_cast<std::size_t>(side) * side + 1, 0);
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        const PlotRow& row = table[i];
-        if (!row.shown()) {
-            continue;
-        }
-        const int y = gridStep(row.mapY);
-        const int x = gridStep(row.mapX);
-        // Not by std::abs: a log may hold 1e38 degrees, and the least int has no opposite.
-        if (y < -reach || y > reach || x < -reach || x > reach) {
-            outside_[{y, x}].push_back(static_cast<std::uint32_t>(i));
-            continue;
-        }
-        cells[i] = static_cast<std::uint32_t>((y + reach) * side + (x + reach));
-        ++starts_[cells[i] + 1];
+}
+
+void HoverIndex::add(double mapY, double mapX) {
+    const auto row = static_cast<std::uint32_t>(cells_.size());
+    std::uint32_t& cell = cells_.emplace_back(noCell);
+    if (mapY != mapY || mapX != mapX) {
+        return;
     }
+    const int y = gridStep(mapY);
+    const int x = gridStep(mapX);
+    // Not by std::abs: a log may hold 1e38 degrees, and the least int has no opposite.
+    if (y < -reach || y > reach || x < -reach || x > reach) {
+        outside_[{y, x}].push_back(row);
+        return;
+    }
+    cell = static_cast<std::uint32_t>((y + reach) * side + (x + reach));
+    ++starts_[cell + 1];
+}
+
+void HoverIndex::finish() {
+    // A counting sort by cell, which keeps the rows of a cell in their order.
     for (std::size_t cell = 1; cell < starts_.size(); ++cell) {
         starts_[cell] += starts_[cell - 1];
     }
     rows_.resize(starts_.back());
     std::vector<std::uint32_t> next(starts_.begin(), starts_.end() - 1);
-    for (std::size_t i = 0; i < table.size(); ++i) {
-        if (cells[i] != noCell) {
-            rows_[next[cells[i]]++] = static_cast<std::uint32_t>(i);
+    for (std::size_t row = 0; row < cells_.size(); ++row) {
+        if (cells_[row] != noCell) {
+            rows_[next[cells_[row]]++] = static_cast<std::uint32_t>(row);
         }
     }
+    cells_ = {};
 }
 
 std::vector<std::span<const std::uint32_t>> HoverIndex::near(double mapY, double mapX) const {

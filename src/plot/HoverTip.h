@@ -1,7 +1,5 @@
 #pragma once
 
-#include "plot/PlotRow.h"
-
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -19,9 +17,14 @@ namespace tovrel {
 /// away on both axes. So the rows of 9 by 9 cells are all the hits there are.
 class HoverIndex {
 public:
-    /// Replaces the index by that of a table's rows, in time linear in their number. Those that are
-    /// not shown are never found.
-    void build(const std::vector<PlotRow>& table);
+    /// Replaces the index by that of a table: begin(), add() for each row in their order, finish().
+    /// In between nothing may be looked for. The time is linear in the number of rows, and one that
+    /// is not shown is never found.
+    /// @param rows of the table
+    void begin(std::size_t rows);
+    /// @param mapY, mapX map units; NaN for a row that is not shown
+    void add(double mapY, double mapX);
+    void finish();
 
     /// The map shows no plot any more: nothing is found.
     void clear();
@@ -34,7 +37,9 @@ private:
     // The surface and four steps beyond; what lies farther out only a script can point at.
     static constexpr int reach = 225;
     static constexpr int side = 2 * reach + 1;
+    static constexpr std::uint32_t noCell = std::numeric_limits<std::uint32_t>::max();
 
+    std::vector<std::uint32_t> cells_;  ///< of each row, from begin() to finish()
     std::vector<std::uint32_t> starts_; ///< of each cell's rows in rows_, and their end
     std::vector<std::uint32_t> rows_;
 
@@ -64,11 +69,12 @@ struct PlotTables;
 
 /// Which parts a tool tip has.
 struct TipParts {
-    bool latLong = false;
-    bool country = false;
-    bool call = false;
+    bool latLong = false; ///< degrees of the first station, to 4 decimals
+    bool country = false; ///< of the first station
+    bool call = false;    ///< of every station; without it the tip ends with the first one
 };
 
+/// No limit to a tip's length, which counts in bytes.
 inline constexpr std::size_t wholeTip = std::numeric_limits<std::size_t>::max();
 
 /// The tool tip at a position of the map, a text for each station: coordinates and country of the

@@ -40,13 +40,15 @@ void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
 }
 
 void fillHoverTable(PlotTables& tables, const WorldMap& map) {
+    tables.HoverTable.begin(tables.plotTable.size());
     for (PlotRow& row : tables.plotTable.rows()) {
         const MapPoint at = pointOr(map.position(row.latitude, row.longitude),
                                     {PlotRow::nowhere, PlotRow::nowhere});
         row.mapY = roundHalfEven(at.y, listDecimals);
         row.mapX = roundHalfEven(at.x, listDecimals);
+        tables.HoverTable.add(row.mapY, row.mapX);
     }
-    tables.HoverTable.build(tables.plotTable.rows());
+    tables.HoverTable.finish();
 }
 
 } // namespace

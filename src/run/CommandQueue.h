@@ -14,12 +14,14 @@ namespace tovrel {
 /// message boxes, and then runs once, however often it was asked for.
 class CommandQueue {
 public:
+    /// The steps of a command, message boxes included, from its start to its end.
     using Command = std::function<void()>;
 
     /// Runs a command now, and after it those that arrived meanwhile; or lets it wait.
     /// @param name what makes two commands the same
     void run(std::string_view name, Command command);
 
+    /// Whether a command runs, be it that it lets events run at this moment.
     bool busy() const { return busy_; }
 
     /// Those that wait are dropped.

@@ -6,17 +6,18 @@ namespace tovrel {
 
 /// A window as far as the map's place in it depends on it, in twips.
 struct WindowArea {
-    float Width = 0.0F; ///< of the outer window
-    float Height = 0.0F;
-    float ScaleWidth = 0.0F; ///< of the client area below the menu
-    float ScaleHeight = 0.0F;
-    bool free = true; ///< neither maximized nor full screen
+    float Width = 0.0F;       ///< of the outer window
+    float Height = 0.0F;      ///< likewise
+    float ScaleWidth = 0.0F;  ///< of the client area below the menu
+    float ScaleHeight = 0.0F; ///< likewise
+    bool free = true;         ///< neither maximized nor full screen
 
     bool operator==(const WindowArea&) const = default;
 };
 
 /// The rectangle of the map within the client area, in twips.
 struct MapPlace {
+    /// Offsets to the right and down from the client area's top left corner, then the extent.
     float left = 0.0F;
     float top = 0.0F;
     float width = 0.0F;

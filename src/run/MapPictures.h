@@ -17,6 +17,7 @@ namespace tovrel {
 /// The map of a run: its two pictures and the ways in which they are made and put back.
 class MapPictures {
 public:
+    /// All have to outlive this object. The pictures are white until a base map is loaded or drawn.
     MapPictures(RunData& data, MapScreen& screen, PassListener& listener, UserPrompt& prompt);
 
     /// The base map with the compass, source of every redraw.
@@ -64,7 +65,12 @@ public:
     /// What is drawn on Picture2 reaches the screen.
     void showMap() { screen_.showMap(place_); }
 
+    /// Draws meridians and parallels over what is on Picture2, in the colour of the key, whether
+    /// the menu has them on or not, and shows that. Events run meanwhile.
     void DrawGraticule();
+
+    /// Draws the home station's mark over it, too, as wide as the map's marks are. For a map that
+    /// is not centred on the home, the settings are asked for the position first.
     void DrawHomeMarker();
 
 private:

@@ -13,6 +13,7 @@ class MapScreen {
 public:
     virtual ~MapScreen() = default;
 
+    /// Whether nobody sees the map, so that it need not be fitted to a size.
     virtual bool isMinimized() const = 0;
 
     /// The window as it is now, free or not.
@@ -32,8 +33,12 @@ class MainWindow {
 public:
     virtual ~MainWindow() = default;
 
+    /// A size that was asked for counts at once, until the window system has granted another.
     virtual float Width() const = 0;
     virtual float Height() const = 0;
+
+    /// Asks for a size, the other side as it is. A screen that is smaller, a menu that is wider, or
+    /// the window system may grant another one, and at a later time.
     virtual void setWidth(float width) = 0;
     virtual void setHeight(float height) = 0;
 
@@ -48,6 +53,8 @@ public:
 
     /// @param caption bytes, UTF-8
     virtual void setCaption(const std::string& caption) = 0;
+
+    /// Shows the window, in the place that it had, or hides it.
     virtual void setVisible(bool visible) = 0;
 
     /// Starts or stops Timer1.
@@ -62,7 +69,10 @@ class StatsWindow {
 public:
     virtual ~StatsWindow() = default;
 
+    /// Whether it is on the screen; it is not while the main window is minimized.
     virtual bool statsVisible() const = 0;
+
+    /// Takes it off the screen. What it holds stays.
     virtual void hideStats() = 0;
 
     /// Closes it, visible or not, which drops what it holds.
@@ -95,12 +105,12 @@ public:
     virtual bool openWithSystem(const std::string& path) = 0;
 };
 
-/// The windows that a command works with.
+/// The windows that a command works with. They have to outlive whoever keeps a copy of this.
 struct Windows {
-    MapScreen& screen;
-    MainWindow& main;
-    StatsWindow& stats;
-    UserDialogs& dialogs;
+    MapScreen& screen;    ///< for the wait pointer
+    MainWindow& main;     ///< takes its size from the commands
+    StatsWindow& stats;   ///< opened and closed by them
+    UserDialogs& dialogs; ///< for what they ask
 };
 
 } // namespace tovrel

@@ -34,13 +34,13 @@ struct RunData {
     /// What that map is called.
     const MapNames& mapNames() const { return namesOf(run.marks.projection); }
 
-    iniFiles ini;
-    RunState run;
-    MapOptionForms maps{ini, run};
-    GoogleMapOptions google;
-    PlotLine lneGCPlotLine;
-    MapStats stats{ini, maps, run, lneGCPlotLine};
-    PlotTables tables;
+    iniFiles ini;                                  ///< what lasts
+    RunState run;                                  ///< which map of which log is on show
+    MapOptionForms maps{ini, run};                 ///< the options of both maps
+    GoogleMapOptions google;                       ///< the options of the export
+    PlotLine lneGCPlotLine;                        ///< from home to the station picked last
+    MapStats stats{ini, maps, run, lneGCPlotLine}; ///< lists, filter texts and colours
+    PlotTables tables;                             ///< what the last plot pass found
 };
 
 } // namespace tovrel

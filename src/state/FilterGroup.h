@@ -10,6 +10,8 @@ namespace tovrel {
 
 /// The three criteria of a filter, in the order of the option windows.
 enum class Criterion { Band, Mode, Iota };
+
+/// All of them, in that order.
 inline constexpr std::array<Criterion, 3> allCriteria = {Criterion::Band, Criterion::Mode,
                                                          Criterion::Iota};
 
@@ -22,6 +24,7 @@ struct CriterionNames {
     std::array<std::string_view, 13> captions; ///< of the boxes, also the values in a log from 1 on
 };
 
+/// @return names that live as long as the program
 const CriterionNames& namesOf(Criterion criterion);
 
 /// The check boxes of one criterion. Member 0, "OFF", is selected exactly when no other is: picking
@@ -32,11 +35,18 @@ public:
     /// Starts with OFF alone selected.
     explicit FilterGroup(Criterion criterion) : criterion_(criterion) {}
 
+    /// Settled when the group is made: only the selection changes.
     Criterion criterion() const { return criterion_; }
+
+    /// Number of the last member: 12 bands, 3 kinds of mode, or 7 continents.
     int lastMember() const { return namesOf(criterion_).lastMember; }
 
     /// @param member 0 to lastMember()
     bool selected(int member) const { return (selection_ >> member & 1U) != 0; }
+
+    /// Selects a member or clears it, as a click on its box does. One that is so already changes
+    /// nothing; OFF alone can't be cleared.
+    /// @param member 0 to lastMember()
     void set(int member, bool on);
 
     /// Back to OFF alone.
@@ -59,12 +69,16 @@ private:
 
 /// The filter of one option window.
 struct Filter {
+    /// A QSO passes when each of the three lets it through, and one that is OFF lets all through.
     FilterGroup band{Criterion::Band};
     FilterGroup mode{Criterion::Mode};
     FilterGroup iota{Criterion::Iota};
 
+    /// The one of the three that is the criterion's.
     FilterGroup& group(Criterion criterion);
     const FilterGroup& group(Criterion criterion) const;
+
+    /// Puts all three back to OFF; each that changes by that tells its listeners.
     void reset();
 };
 

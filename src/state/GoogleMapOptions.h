@@ -11,9 +11,9 @@ namespace tovrel {
 /// and the marker size from the settings, where a click on a marker button puts it at once.
 class GoogleMapOptions {
 public:
-    Filter filter;
-    MarkerSize marker = MarkerSize::Large;
-    bool chkCall = true;
+    Filter filter;                         ///< which QSOs the document has
+    MarkerSize marker = MarkerSize::Large; ///< as the window shows it; see storedMarker()
+    bool chkCall = true;                   ///< the placemarks have the calls as their names
 
     /// Called when something but a filter group was set by the program; a group tells by itself.
     Signal<> changed;

@@ -16,10 +16,11 @@ enum class MapColour { Confirmed, Worked, Heard, Home, PlotOutline, Line, Meridi
 
 /// Key of a colour in the settings, and the colour that it is when nobody has chosen another.
 struct MapColourKey {
-    std::string_view key;
-    Colour byDefault;
+    std::string_view key; ///< the same in the section of each map
+    Colour byDefault;     ///< the same for both maps
 };
 
+/// One for each colour, in the order of MapColour.
 inline constexpr std::array<MapColourKey, 9> mapColourKeys = {{{"ConfirmedColor", 0x40FF00},
                                                                {"WorkedColor", 0x0000FF},
                                                                {"HeardColor", 0xFF0000},
@@ -30,6 +31,7 @@ inline constexpr std::array<MapColourKey, 9> mapColourKeys = {{{"ConfirmedColor"
                                                                {"LandColor", 0xC0FFC0},
                                                                {"WaterColor", 0xFECDA5}}};
 
+/// @return a key that lives as long as the program
 constexpr const MapColourKey& keyOf(MapColour colour) {
     return mapColourKeys[static_cast<std::size_t>(colour)];
 }

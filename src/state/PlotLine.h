@@ -9,16 +9,18 @@ namespace tovrel {
 /// part of it.
 class PlotLine {
 public:
+    /// Where the line runs, in map units, and how it looks.
     struct Shape {
-        bool visible = false;
-        double fromX = 0.0; ///< map units
-        double fromY = 0.0;
-        double toX = 0.0;
-        double toY = 0.0;
-        int width = 1; ///< pixels
-        Colour colour = 0;
+        bool visible = false; ///< set by show() and hide() themselves
+        double fromX = 0.0;   ///< where lines begin, at home
+        double fromY = 0.0;   ///< likewise
+        double toX = 0.0;     ///< the station picked
+        double toY = 0.0;     ///< likewise
+        int width = 1;        ///< pixels, 1 to 3
+        Colour colour = 0;    ///< as the key had it when the station was picked
     };
 
+    /// The line as it was shown last, visible or not.
     const Shape& shape() const { return shape_; }
 
     /// Shows the line in a new place.
@@ -28,6 +30,7 @@ public:
         changed();
     }
 
+    /// Takes the line away. Nobody is told when there was none.
     void hide() {
         if (!shape_.visible)
             return;

@@ -10,15 +10,15 @@ namespace tovrel {
 /// The check marks of the menu. They hold the options of the map; which projection is on stands in
 /// `projection` (mnuGreatCircle or mnuMiller is checked, never both).
 struct MenuMarks {
-    Projection projection = Projection::Azimuthal;
-    bool mnuShowMe = false;
-    bool mnuMeridian = false;
-    bool mnuTopo = false;
-    bool mnuShowCompass = false;
-    bool mnuBoldCompass = false;
-    bool mnuLightCompass = false;
-    bool mnu15Degrees = false;
-    bool mnu45Degrees = false;
+    Projection projection = Projection::Azimuthal; ///< of the map on show
+    bool mnuShowMe = false;                        ///< the home station has its mark
+    bool mnuMeridian = false;                      ///< meridians and parallels are drawn
+    bool mnuTopo = false;                          ///< the base map has the relief
+    bool mnuShowCompass = false;                   ///< the azimuthal map has its compass
+    bool mnuBoldCompass = false;                   ///< with bold labels
+    bool mnuLightCompass = false;                  ///< with normal ones, also when neither is set
+    bool mnu15Degrees = false;                     ///< with a tick every 15 degrees
+    bool mnu45Degrees = false;                     ///< or every 45, also when neither is set
 
     bool operator==(const MenuMarks&) const = default;
 };
@@ -32,7 +32,7 @@ struct RunState {
     bool MapPlotted = false;     ///< a plot pass was started on the map on show
     bool AbortRequested = false; ///< polled and cleared by the passes over the log
     bool FormReady = false;      ///< Form_Resize may rearrange the map
-    MenuMarks marks;
+    MenuMarks marks;             ///< whoever changes one calls marksChanged
 
     /// The log as messages name it.
     const std::string& shownLog() const { return LogTitle.empty() ? LogFileName : LogTitle; }

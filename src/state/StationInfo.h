@@ -10,11 +10,12 @@ namespace tovrel {
 
 /// What the user tells of the station, as typed (bytes, UTF-8).
 struct StationInfo {
-    std::string MyCall;
+    std::string MyCall;    ///< any text; its form is not tested
     std::string Latitude;  ///< decimal degrees, south negative; empty counts as 0
     std::string Longitude; ///< decimal degrees, west negative; empty counts as 0
 };
 
+/// The three texts as the settings have them; empty for those that they lack.
 StationInfo readStationInfo(const iniFiles& ini);
 
 /// Stores the three texts as they stand. The keys of the station are read and written here alone,

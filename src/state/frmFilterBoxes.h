@@ -17,8 +17,8 @@ class frmFilterBoxes {
 public:
     /// Where the windows differ, in twips.
     struct IotaColumn {
-        float headingLeft;
-        float offWidth;
+        float headingLeft; ///< left edge of the column's heading
+        float offWidth;    ///< width of its "OFF" box
     };
 
     /// Makes the controls in `window`. They do nothing until there is a filter.

@@ -23,9 +23,16 @@ public:
     iniFiles(std::string programFolder, std::string_view IniFileName,
              PrivateProfile::Storage storage = PrivateProfile::Storage::File);
 
+    /// Where settings and data files are, and all that the program writes by itself; UTF-8.
     const std::string& programFolder() const { return programFolder_; }
+
+    /// Path of the settings file, be it there or not, with its name as the folder spells it.
     const std::string& path() const { return profile_.path(); }
+
+    /// What stands at the path; see PrivateProfile::state().
     PrivateProfile::State state() const { return profile_.state(); }
+
+    /// Whether this is a run that must leave the folder as it is.
     bool isMemoryOnly() const { return storage_ == PrivateProfile::Storage::Memory; }
 
     /// Whether there is a file that can't serve: it can't be read or is no settings file. Defaults,
@@ -56,15 +63,20 @@ public:
 
     /// Whether a key reads "True", case not counting; `fallback` when it is empty.
     bool readBoolean(std::string_view section, std::string_view key, bool fallback = false) const;
+
+    /// Stores "True" or "False".
     void writeBoolean(std::string_view section, std::string_view key, bool value);
 
     /// Whether a check box value reads as the number 1.
     bool readCheck(std::string_view section, std::string_view key) const;
+
+    /// Stores 1 or 0.
     void writeCheck(std::string_view section, std::string_view key, bool value);
 
     /// While one lives, the file is looked at once, and all writes reach it together, at its end.
     class Batch {
     public:
+        /// @param ini has to outlive the batch; batches may lie within one another
         explicit Batch(iniFiles& ini) : batch_(ini.profile_) {}
 
         /// Ends the batch.

@@ -27,7 +27,11 @@ const LegendNames& namesOf(MapColour entry);
 /// drawing uses. Each map's section of the settings remembers a palette of its own.
 class Legend {
 public:
+    /// @param entry one of legendColours
     Colour colour(MapColour entry) const { return colours_[index(entry)]; }
+
+    /// Takes a colour for the drawings to come, and tells; it is not stored.
+    /// @param entry one of legendColours
     void set(MapColour entry, Colour colour);
 
     /// Takes the colour of each entry from its key in a map's section. An empty key, or one that is

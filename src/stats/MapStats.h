@@ -20,14 +20,18 @@ namespace tovrel {
 /// from the settings of the map in force. Who draws or counts loads first; looking changes nothing.
 class MapStats {
 public:
+    /// Starts with nothing loaded. All have to outlive this object.
     MapStats(iniFiles& ini, MapOptionForms& maps, RunState& run, PlotLine& lneGCPlotLine);
 
+    /// What the last pass found; whoever fills the lists loads first.
     StatusLists& lists() { return lists_; }
     const StatusLists& lists() const { return lists_; }
+
+    /// The colours of the next drawing; whoever draws loads first.
     Legend& legend() { return legend_; }
     const Legend& legend() const { return legend_; }
 
-    /// Text of the filter boxes txtBand, txtMode and txtIOTA; empty while nothing is loaded.
+    /// Text of the filter boxes txtBand, txtMode and txtIOTA; empty before the first load.
     const std::string& filterText(Criterion criterion) const {
         return filterTexts_[static_cast<std::size_t>(criterion)];
     }
@@ -45,8 +49,10 @@ public:
     /// Loads what was dropped, if anything was.
     void load();
 
-    /// The window was closed.
+    /// The window was closed: the lists are empty, the colours those of the design.
     void unload();
+
+    /// Whether there is anything that unload() would drop.
     bool loaded() const { return loaded_; }
 
     /// Called when filter texts have changed or the window's content was dropped.

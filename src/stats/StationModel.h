@@ -32,10 +32,11 @@ private:
     std::size_t rows_ = 0;
 };
 
-/// Rows of a list that keeps itself in order. The list has to outlive the model.
+/// Rows of a list that keeps itself in order.
 template <typename Item>
 class SortedListModel : public StatusListModel {
 public:
+    /// @param list has to outlive the model
     explicit SortedListModel(const SortedList<Item>& list) : list_(list) {}
 
     /// Item of a row; nothing for a row beyond the list.
@@ -51,12 +52,14 @@ private:
     std::size_t seenRevision_ = 0;
 };
 
+/// Models of the lists of plotted stations, and of that of the calls that can't be plotted.
 using StationModel = SortedListModel<Station>;
 using CallModel = SortedListModel<std::string_view>;
 
 /// Rows of the few lines of lstStats, in the order of adding.
 class LineModel : public StatusListModel {
 public:
+    /// @param lines has to outlive the model
     explicit LineModel(const std::vector<std::string>& lines) : lines_(lines) {}
 
 protected:

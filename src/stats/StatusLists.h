@@ -15,16 +15,19 @@ namespace tovrel {
 /// A plotted contact as an item of a status list. The coordinates are map units rounded to 4
 /// decimals, NaN for a contact too near the antipode to be shown.
 struct Station {
-    std::string_view call;
-    double mapY = 0.0;
-    double mapX = 0.0;
+    std::string_view call; ///< view into the texts that its list holds
+    double mapY = 0.0;     ///< upward
+    double mapX = 0.0;     ///< to the right
 
+    /// Whether it has a place, to which a line can be drawn.
     bool shown() const { return mapX == mapX && mapY == mapY; }
 };
 
 /// Text of a station's item: the call, 60 blanks, "|", map Y, "|", map X. The blanks keep the
 /// numbers out of sight; they are empty for a station that can't be shown.
 std::string itemText(const Station& station);
+
+/// Text of the item of a call alone: the call.
 inline std::string itemText(std::string_view call) { return std::string(call); }
 
 /// Whether an item stands before another: by the bytes of the whole item text.
@@ -35,12 +38,17 @@ inline bool itemLess(std::string_view a, std::string_view b) { return a < b; }
 template <typename Item>
 class SortedItems {
 public:
+    /// @param items, order have to outlive this object unchanged
+    /// @param order numbers of items
     SortedItems(const std::vector<Item>& items, const std::vector<std::uint32_t>& order)
         : items_(items), order_(order) {}
 
     std::size_t size() const { return order_.size(); }
+
+    /// @param place below size()
     const Item& operator[](std::size_t place) const { return items_[order_[place]]; }
 
+    /// Walks the items in their order; good until the list changes.
     struct Iterator {
         using iterator_category = std::forward_iterator_tag;
         using value_type = Item;
@@ -69,12 +77,15 @@ private:
 template <typename Item>
 class SortedList {
 public:
+    /// Drops the items and lets their texts go; views of them may end here.
     void clear() {
         items_ = {};
         order_ = {};
         texts_ = {};
         ++revision_;
     }
+
+    /// Number of items, in order or not yet.
     std::size_t size() const { return items_.size(); }
 
     /// All items in order; good until the list changes.
@@ -116,12 +127,13 @@ private:
 
 /// The five lists of the statistics window: what the last pass over the log found.
 struct StatusLists {
-    StationList lstConfirmed;
-    StationList lstWorked;
-    StationList lstHeard;
-    CallList lstPfxNotPlotted;
-    std::vector<std::string> lstStats; ///< in the order of adding
+    StationList lstConfirmed;          ///< rows of the plot with each status
+    StationList lstWorked;             ///< likewise
+    StationList lstHeard;              ///< likewise
+    CallList lstPfxNotPlotted;         ///< calls of the QSOs that could not be plotted
+    std::vector<std::string> lstStats; ///< lines of the summary, in the order of adding
 
+    /// Empties all five.
     void clear();
 };
 

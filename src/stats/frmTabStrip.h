@@ -20,7 +20,10 @@ public:
     /// @param captions of the tabs, an even number of them; the first half stands in the upper row
     frmTabStrip(const QStringList& captions, QWidget* parent);
 
+    /// Number of the tab in front, from 0.
     int current() const { return current_; }
+
+    /// @param tab 0 to the number of captions less 1
     const QString& caption(int tab) const { return captions_[tab]; }
 
     /// Brings a tab to the front. Tabs out of range are ignored.
@@ -31,6 +34,8 @@ public:
     QRect clientRect() const;
 
 signals:
+    /// Another tab has come to the front, brought by the user or by choose().
+    /// @param tab its number, from 0
     void chosen(int tab);
 
 protected:

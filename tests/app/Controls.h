@@ -27,20 +27,4 @@ inline bool checked(const QWidget& window, const char* name) {
     return control<QAbstractButton>(window, name).isChecked();
 }
 
-/// Names of the controls that Tab visits from `first` on until it comes back there, each followed
-/// by a blank.
-inline std::string tabTravel(QWidget& window, const char* first) {
-    QApplication::setActiveWindow(&window);
-    control(window, first).setFocus();
-    std::string names;
-    for (int steps = 0; steps < 100; ++steps) {
-        const std::string name = window.focusWidget()->objectName().toStdString();
-        if (steps > 0 && name == first)
-            break;
-        names += name + ' ';
-        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
-    }
-    return names;
-}
-
 } // namespace tovrel

@@ -12,44 +12,12 @@ protected:
         furnish();
         start();
     }
-    static std::string members(const std::string& array, int last) {
-        std::string names;
-        for (int i = 0; i <= last; ++i)
-            names += array + '(' + std::to_string(i) + ") ";
-        return names;
-    }
     static Qt::Key letterOf(const QAction& action) {
         const QString caption = action.text();
         return static_cast<Qt::Key>(
             caption.at(caption.indexOf(QLatin1Char('&')) + 1).toUpper().unicode());
     }
 };
-
-TEST_F(KeyboardTest, TabVisitsTheControlsInTheirOrder) {
-    const std::string band = members("chkBand", 12);
-    const std::string mode = members("chkMode", 3);
-    const std::string iota = members("chkIOTA", 7);
-    // Of the option buttons of a frame Tab stops at the one that is on.
-    const std::string ofAMap =
-        band + "cmdApply " + mode + "chkCall " + iota + "Option3 chkLatLong chkCountry optLine1 ";
-    struct Row {
-        const char *projection, *item, *window, *first;
-        std::string order;
-    };
-    for (const Row& row :
-         {Row{"mnuGreatCircle", "mnuPlotOptions", "frmGCMapOptions", "chkBand(0)", ofAMap},
-          Row{"mnuMiller", "mnuPlotOptions", "frmMCMapOptions", "chkBand(0)", ofAMap},
-          Row{"mnuMiller", "mnuGoogleMapOptions", "frmGoogleMapOptions", "chkBand(0)",
-              band + mode + iota + "optLargeMarker chkCall cmdApply "},
-          Row{"mnuMiller", "mnuInfo", "frmInfoInput", "txtCallSign",
-              "txtCallSign txtLatitude txtLongitude cmdInfoApply cmdInfoExit "},
-          Row{"mnuMiller", "mnuAbout", "frmAbout", "cmdOK", "cmdOK cmdSysInfo "}}) {
-        pick(row.projection);
-        pick(row.item);
-        EXPECT_EQ(tabTravel(window(row.window), row.first), row.order) << row.window;
-        window(row.window).close();
-    }
-}
 
 TEST_F(KeyboardTest, SpaceChoosesArrowsWalkAFrameAndReturnPressesTheButtonThatHasTheFocusAlone) {
     pick("mnuPlotOptions");

@@ -32,21 +32,5 @@ TEST_F(frmGCMapCalculationsTest, LiesAlongTheBottomOfTheMainWindow) {
     EXPECT_EQ(label.textFormat(), Qt::PlainText);
 }
 
-TEST_F(frmGCMapCalculationsTest, BarTellsWholeNumbersOfItsOwnScale) {
-    struct Row {
-        double maximum;
-        double value;
-        int shown;
-    };
-    for (const Row& row : {Row{100.0, 42.4F, 42}, Row{100.0, 100.0, 100}, Row{100.0, 250.0, 100},
-                           Row{4860000.0F, 1215000.0F, 1215000}, Row{0.0, 0.0, 0}}) {
-        window_.begin("", "", row.maximum, {0, 0, 440, 400});
-        EXPECT_EQ(bar().value(), 0) << "taken over with an empty bar";
-        window_.showProgress(row.value);
-        EXPECT_EQ(bar().value(), row.shown);
-        EXPECT_LT(bar().minimum(), bar().maximum()) << "an empty range runs to and fro";
-    }
-}
-
 } // namespace
 } // namespace tovrel

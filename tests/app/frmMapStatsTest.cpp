@@ -32,27 +32,6 @@ protected:
     frmMapStats window_{data_.stats, [this](MapColour entry) { picked_.push_back(entry); }};
 };
 
-TEST_F(frmMapStatsTest, LaysOutByItsRuleAtTheDefaultSize) {
-    ASSERT_EQ(window_.size(), QSize(133, 506));
-    EXPECT_EQ(at("tabStats"), QRect(4, 4, 125, 498));
-    const QRect frame = at("fraTab(0)");
-    EXPECT_EQ(at("fraTab(5)"), frame);
-    EXPECT_TRUE(at("tabStats").contains(frame));
-    EXPECT_EQ(at("lstHeard"), QRect(4, 4, frame.width() - 8, frame.height() - 8));
-    const QRect upper = at("lstStats");
-    EXPECT_EQ(upper.topLeft(), QPoint(4, 4));
-    EXPECT_NEAR(upper.height(), frame.height() / 2.0 - 80.0 / 15.0, 0.5);
-    EXPECT_NEAR(at("lblPfxNotPlotted").top(), upper.height() + 140.0 / 15.0, 0.5);
-    EXPECT_EQ(at("lblPfxNotPlotted").height(), 17);
-    EXPECT_NEAR(at("lstPfxNotPlotted").top(), upper.height() + 455.0 / 15.0, 0.5);
-    EXPECT_EQ(at("lstPfxNotPlotted").bottom() + 1, frame.height() - 4) << "within its frame";
-    const double third = (frame.width() - 16.0) / 3.0;
-    EXPECT_NEAR(at("txtBand").width(), third, 0.5);
-    EXPECT_EQ(at("txtMode").left(), 4 + at("txtBand").width() + 4);
-    EXPECT_EQ(at("txtIOTA").left(), at("txtMode").right() + 1 + 4);
-    EXPECT_EQ(at("txtIOTA").height(), frame.height() - 8);
-}
-
 TEST_F(frmMapStatsTest, TheKeyScrollsToTheEntryThatHasTheFocus) {
     window_.resize(133, 180);
     QApplication::setActiveWindow(&window_);
@@ -63,29 +42,6 @@ TEST_F(frmMapStatsTest, TheKeyScrollsToTheEntryThatHasTheFocus) {
     QTest::keyClick(&control(window_, "cmdLine"), Qt::Key_Tab);
     EXPECT_TRUE(last.hasFocus());
     EXPECT_EQ(last.visibleRegion().boundingRect(), last.rect());
-}
-
-TEST_F(frmMapStatsTest, ATooSmallWindowSkipsWhatHasNoRoom) {
-    const QRect band = at("txtBand");
-    const QRect mode = at("txtMode");
-    const QSize whole = window_.size();
-    window_.resize(20, 400);
-    EXPECT_EQ(at("fraTab(0)").width(), 20 - 8 - 2);
-    EXPECT_EQ(at("txtBand"), band) << "a third of less than nothing";
-    EXPECT_EQ(at("txtMode"), mode);
-    EXPECT_EQ(at("lstConfirmed").width(), 2) << "the rest still runs";
-    window_.resize(whole);
-    EXPECT_EQ(at("txtBand"), band);
-}
-
-TEST_F(frmMapStatsTest, TabsShowTheirFrames) {
-    for (int tab = 0; tab < 6; ++tab) {
-        control<frmTabStrip>(window_, "tabStats").choose(tab);
-        for (int frame = 0; frame < 6; ++frame) {
-            const QByteArray name = QStringLiteral("fraTab(%1)").arg(frame).toLatin1();
-            EXPECT_EQ(control(window_, name).isVisible(), frame == tab);
-        }
-    }
 }
 
 TEST_F(frmMapStatsTest, AChosenItemDrawsTheLineToItsStation) {

@@ -27,14 +27,6 @@ protected:
     frmTabStrip strip_{{"Confirmed", "Stats", "Heard", "Filters", "Worked", "Key"}, nullptr};
 };
 
-TEST_F(frmTabStripTest, MouseBringsATabToTheFront) {
-    click(tab(4));
-    click(tab(4));
-    EXPECT_EQ(chosen_, std::vector<int>({4}));
-    EXPECT_TRUE(tab(4).isChecked());
-    EXPECT_FALSE(tab(0).isChecked());
-}
-
 TEST_F(frmTabStripTest, KeysWalkThroughBothRows) {
     for (const int key : {Qt::Key_Left, Qt::Key_Down, Qt::Key_Right, Qt::Key_Up, Qt::Key_End,
                           Qt::Key_Right, Qt::Key_Home}) {
@@ -69,18 +61,6 @@ TEST_F(frmTabStripTest, AssistiveToolsFindAndPressTheTabs) {
     EXPECT_TRUE(key->state().selected && key->state().checked);
     EXPECT_FALSE(list->child(0)->state().selected);
     EXPECT_EQ(list->text(QAccessible::Name), "Key");
-}
-
-TEST_F(frmTabStripTest, RowsFillTheWidthWithoutGaps) {
-    for (const int width : {40, 117, 127, 400}) {
-        strip_.resize(width, 300);
-        for (const int first : {0, 3}) {
-            EXPECT_EQ(tab(first).x(), 0);
-            EXPECT_EQ(tab(first + 1).x(), tab(first).x() + tab(first).width());
-            EXPECT_EQ(tab(first + 2).geometry().right() + 1, strip_.width());
-        }
-        EXPECT_GT(tab(3).y(), tab(0).y());
-    }
 }
 
 } // namespace

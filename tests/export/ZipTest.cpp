@@ -158,16 +158,6 @@ TEST_F(ZipTest, leavesTheOldFileWhereItCannotReplaceIt) {
     EXPECT_EQ(firstEntryOf(folder.read("out.zip")), noise(300'000));
 }
 
-TEST(ZipFile, storesNoPath) {
-    const std::pair<std::string, std::string> cases[] = {{"C:\\logs\\my.kml", "my.kml"},
-                                                         {"/home/op/my.kml", "my.kml"},
-                                                         {"my.kml", "my.kml"},
-                                                         {"C:/logs\\x/my.kml", "my.kml"},
-                                                         {"logs/", ""}};
-    for (const auto& [path, name] : cases)
-        EXPECT_EQ(ZipFile::NameFromPath(path), name) << path;
-}
-
 TEST(ZipFile, stampsDosTimesFromTheirFirstYearToTheirLast) {
     EXPECT_EQ(ZipFile::DosDate(QDateTime({1980, 1, 1}, {0, 0, 0})), 0x0021);
     EXPECT_EQ(ZipFile::DosDate(QDateTime({2107, 12, 31}, {0, 0, 0})), 0xFF9F);

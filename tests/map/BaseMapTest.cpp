@@ -64,20 +64,6 @@ TEST(BaseMap, TheSeaDoesNotRunRoundACoastThatIsCutAtTheAntipode) {
     EXPECT_EQ(colourAt(map.surface, 19850, -600), white);
 }
 
-TEST(BaseMap, GarbageInItsFilesIsDrawnOrPassedOver) {
-    const TestFolder folder;
-    std::string garbage;
-    for (unsigned i = 0; i < 30011; ++i)
-        garbage += static_cast<char>(i * i * 31 + i / 7);
-    folder.write("mapper.pnt", garbage);
-    folder.write("paintma.txt", garbage + ",,,\n91,1e99\n-1e99,5\n");
-    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        const Drawn map(folder.path(), projection);
-        EXPECT_TRUE(map.prompt.told.empty());
-        EXPECT_GT(inkOf(map.surface, black).count, 1000);
-    }
-}
-
 TEST(BaseMap, TheSuppliedFilesMakeAWorld) {
     const struct {
         double latitude, longitude;

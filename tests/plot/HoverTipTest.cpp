@@ -19,7 +19,10 @@ protected:
     void add(const std::string& call, double mapY, double mapX) {
         tables.plotTable.add(46.5F, -72.25F, QsoStatus::Worked, call, "Country of " + call);
         place(mapY, mapX);
-        tables.HoverTable.build(tables.plotTable.rows());
+        tables.HoverTable.begin(tables.plotTable.size());
+        for (const PlotRow& row : tables.plotTable.rows())
+            tables.HoverTable.add(row.mapY, row.mapX);
+        tables.HoverTable.finish();
     }
     /// Where the row that was added last was drawn.
     void place(double mapY, double mapX) {

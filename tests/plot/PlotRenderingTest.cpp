@@ -125,18 +125,5 @@ TEST(PlotRendering, AContactAtTheAntipodeIsCountedAndListedWithoutAMark) {
     EXPECT_TRUE(run.data.tables.plotTable.rows()[1].shown());
 }
 
-TEST(PlotRendering, PlacesOffTheMapShowNothingAndHarmNothing) {
-    const struct {
-        const char *latitude, *longitude;
-    } cases[] = {{"95", "10"}, {"1e300", "1"}, {"-1e38", "1e38"}, {"10", "400"}, {"10", "-1e9"}};
-    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
-        for (const auto& c : cases) {
-            PlotRun run(record({"G1A", c.latitude, c.longitude, "", "", "", ""}), projection);
-            EXPECT_EQ(run.plot(), PassEnd::Done);
-            EXPECT_EQ(run.counters(), "1 1 0 1 0 0");
-        }
-    }
-}
-
 } // namespace
 } // namespace tovrel
