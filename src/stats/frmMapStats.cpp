@@ -127,8 +127,9 @@ void frmMapStats::loadForm(const QRect& outer, const QMargins& frame) {
 
 void frmMapStats::showEvent(QShowEvent* event) {
     // Some X11 window managers put the buttons to minimize and maximize on all other windows, and
-    // the caption has no room beside them. Only a native window takes the type, and by now this is
-    // one.
+    // the caption has no room beside them. Only a native window takes the type, by now this is one,
+    // and one that comes back is a new one: the attribute counts when it changes.
+    setAttribute(Qt::WA_X11NetWmWindowTypeMenu, false);
     setAttribute(Qt::WA_X11NetWmWindowTypeMenu);
     if (models_.empty())
         follow();

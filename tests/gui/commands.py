@@ -5,8 +5,8 @@ import signal
 import time
 
 from desktop import PATIENCE, SCREEN, Failed, lasting, until
-from program import Program
-from maximised import CLEAR_MAP, MERIDIANS, PLOT, RECREATE_MAP
+from program import MILLER, Program
+from maximised import CLEAR_MAP, MERIDIANS, MILLER_MAP, PLOT, RECREATE_MAP
 
 INFORMATION = ("f", "y")
 PLOT_OPTIONS = ("p",)
@@ -115,6 +115,23 @@ def statistics_beside(settings):
     return check
 
 
+def statistics_opened_again(bench):
+    """Window managers give a menu no buttons but that to close it, which leaves its caption room."""
+    with Program(bench) as program:
+        program.menu(*STATISTICS)
+        expect_menu(program)
+        program.menu(*MILLER_MAP)
+        program.window = program.wait_for(MILLER)
+        expect_menu(program)
+        program.close()
+
+
+def expect_menu(program):
+    stats = program.wait_for("Tovrel Stats")
+    lasting("statistics that are a menu", lambda:
+            "_MENU" in program.desktop.ask("xprop", "-id", stats, "_NET_WM_WINDOW_TYPE"))
+
+
 def find_dot(before, after):
     """The middle of a spot of which all pixels differ in two pictures."""
     reach = 3
@@ -165,5 +182,6 @@ CHECKS = {
     "the statistics are on the screen": statistics_beside(""),
     "the statistics of a window as large as the screen are on it":
         statistics_beside("GCHeight=1000000000"),
+    "the statistics opened again have a close button alone": statistics_opened_again,
     "a tip comes over a dot, and none after Clear Map": tip_over_dot,
 }
