@@ -36,7 +36,7 @@ frmMain::frmMain(RunData& runData) : data_(runData) {
     Timer1_.setInterval(timerInterval);
     connect(&Timer1_, &QTimer::timeout, this, [this] {
         if (!queue_.busy()) {
-            queue_.run("Timer1", [this] { parts_->map.ResetMap(); });
+            queue_.submit("Timer1", [this] { parts_->map.ResetMap(); });
         }
     });
     parts_->window.showOn(*Picture2View_);
@@ -64,7 +64,7 @@ void frmMain::connectRun() {
 }
 
 void frmMain::start() {
-    queue_.run("Form_Load", [this] { parts_->commands.Form_Load(); });
+    queue_.submit("Form_Load", [this] { parts_->commands.Form_Load(); });
     setVisible(true);
     activateWindow();
     fitToFrame(0);
@@ -72,7 +72,7 @@ void frmMain::start() {
 
 void frmMain::onCommand(const char* name, void (Commands::*command)()) {
     onAct(name, [this, name, command] {
-        queue_.run(name, [this, command] { (parts_->commands.*command)(); });
+        queue_.submit(name, [this, command] { (parts_->commands.*command)(); });
     });
 }
 
@@ -131,7 +131,7 @@ QStringList frmMain::hoverTip(double mapY, double mapX) const {
 
 void frmMain::pickLegendColour(MapColour entry) {
     if (parts_->commands.pickLegendColour(entry)) {
-        queue_.run("RebuildBaseMap", [this] { parts_->map.RebuildBaseMap(); });
+        queue_.submit("RebuildBaseMap", [this] { parts_->map.RebuildBaseMap(); });
     }
 }
 
@@ -163,7 +163,7 @@ void frmMain::fitToFrame(int attempt) {
     }
     holdAboveSmallest();
     if (known) {
-        queue_.run("fitToFrame", [this] { parts_->commands.fitWindow(); });
+        queue_.submit("fitToFrame", [this] { parts_->commands.fitWindow(); });
     }
     parts_->commands.loadLegendAtStart();
     shown_ = true;
@@ -181,7 +181,7 @@ void frmMain::resizeEvent(QResizeEvent* event) {
     parts_->frame.changed();
     // While a command works, it looks at the size itself before it draws marks, and at its end.
     if (!queue_.busy()) {
-        queue_.run("Form_Resize", [this] { followSize(); });
+        queue_.submit("Form_Resize", [this] { followSize(); });
     }
 }
 
@@ -197,7 +197,7 @@ void frmMain::changeEvent(QEvent* event) {
         parts_->window.followState();
         parts_->map.fitAgain();
         if (!queue_.busy()) {
-            queue_.run("Form_Resize", [this] { followSize(); });
+            queue_.submit("Form_Resize", [this] { followSize(); });
         }
     }
 }
@@ -208,7 +208,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
         // waits after it is not wanted any more.
         data_.run.AbortRequested = true;
         queue_.dropWaiting();
-        queue_.run("close", [this] {
+        queue_.submit("close", [this] {
             closing_ = true;
             QMainWindow::close();
         });

@@ -70,7 +70,7 @@ BatchResult print(const std::string& text) {
     return tovrel::writeResult("-", text) ? BatchResult::Done : BatchResult::FileFailed;
 }
 
-BatchResult run(int argc, char* argv[]) {
+BatchResult answer(int argc, char* argv[]) {
     const tovrel::ParsedOptions parsed = tovrel::parseOptions({argv + 1, argv + argc});
     if (!parsed.error.empty()) {
         return fail(BatchResult::WrongUse, parsed.error);
@@ -99,7 +99,7 @@ BatchResult run(int argc, char* argv[]) {
 
 int main(int argc, char* argv[]) {
     try {
-        return static_cast<int>(run(argc, argv));
+        return static_cast<int>(answer(argc, argv));
     } catch (const std::bad_alloc&) {
         return static_cast<int>(
             fail(BatchResult::FileFailed, "the memory is too small for this log"));

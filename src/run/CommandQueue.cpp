@@ -5,7 +5,7 @@
 
 namespace tovrel {
 
-void CommandQueue::run(std::string_view name, Command command) {
+void CommandQueue::submit(std::string_view name, Command command) {
     const bool known = std::any_of(waiting_.begin(), waiting_.end(),
                                    [name](const Waiting& other) { return other.name == name; });
     if (closed_ || known) {

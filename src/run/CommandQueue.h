@@ -19,7 +19,7 @@ public:
 
     /// Runs a command now, and after it those that arrived meanwhile; or lets it wait.
     /// @param name what makes two commands the same
-    void run(std::string_view name, Command command);
+    void submit(std::string_view name, Command command);
 
     /// Whether a command runs, be it that it lets events run at this moment.
     bool busy() const { return busy_; }

@@ -125,5 +125,16 @@ TEST(PlotRendering, AContactAtTheAntipodeIsCountedAndListedWithoutAMark) {
     EXPECT_TRUE(run.data.tables.plotTable.rows()[1].shown());
 }
 
+TEST(PlotRendering, AContactOffTheMapIsListedAndShowsNothing) {
+    for (const auto& [latitude, longitude] :
+         {std::pair{"95", "10"}, {"-1e38", "1e38"}, {"10", "-1e9"}}) {
+        PlotRun run(record({"G1A", latitude, longitude, "", "", "", ""}), Projection::Miller);
+        run.plot();
+        EXPECT_EQ(run.counters(), "1 1 0 1 0 0");
+        EXPECT_EQ(run.calls(run.data.stats.lists().lstWorked), "G1A ");
+        EXPECT_EQ(inkOver(run.surface, white).count, 0) << latitude << ", " << longitude;
+    }
+}
+
 } // namespace
 } // namespace tovrel

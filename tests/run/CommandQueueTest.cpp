@@ -12,7 +12,7 @@ struct CommandQueueTest : testing::Test {
             EXPECT_TRUE(queue.busy());
             log += name + "(";
             for (const std::string& other : midway)
-                queue.run(other, command(other));
+                queue.submit(other, command(other));
             log += ")";
         };
     }
@@ -22,16 +22,16 @@ struct CommandQueueTest : testing::Test {
 
 TEST_F(CommandQueueTest, WhatArrivesMidwayWaitsAndRunsOnceInItsOrder) {
     const Connection ends = queue.commandEnded.connect([this] { log += ";"; });
-    queue.run("a", command("a", {"c", "b", "c", "a", "b", "a"}));
+    queue.submit("a", command("a", {"c", "b", "c", "a", "b", "a"}));
     EXPECT_EQ(log, "a();c();b();a();") << "the running one may be asked for again";
     EXPECT_FALSE(queue.busy());
 }
 
 TEST_F(CommandQueueTest, WhatWaitsMayLetOthersWait) {
-    queue.run("a", [this] {
+    queue.submit("a", [this] {
         log += "a(";
-        queue.run("b", command("b", {"a", "c"}));
-        queue.run("c", command("c"));
+        queue.submit("b", command("b", {"a", "c"}));
+        queue.submit("c", command("c"));
         log += ")";
     });
     EXPECT_EQ(log, "a()b()c()a()");
@@ -40,13 +40,13 @@ TEST_F(CommandQueueTest, WhatWaitsMayLetOthersWait) {
 TEST_F(CommandQueueTest, ClosingDropsWhatWaitsAndTakesNothingMore) {
     int ended = 0;
     const Connection ends = queue.commandEnded.connect([&] { ++ended; });
-    queue.run("a", [this] {
-        queue.run("b", command("b"));
+    queue.submit("a", [this] {
+        queue.submit("b", command("b"));
         queue.close();
-        queue.run("c", command("c"));
+        queue.submit("c", command("c"));
         log += "a";
     });
-    queue.run("d", command("d"));
+    queue.submit("d", command("d"));
     EXPECT_EQ(log, "a");
     EXPECT_EQ(ended, 1);
     EXPECT_FALSE(queue.busy());
