@@ -1,6 +1,5 @@
 #pragma once
 
-#include "app/MapFrame.h"
 #include "app/OptionWindows.h"
 #include "app/QtFrame.h"
 #include "app/QtListener.h"
@@ -8,6 +7,7 @@
 #include "app/QtPrompt.h"
 #include "map/WindowShape.h"
 #include "run/Commands.h"
+#include "run/MapFrame.h"
 #include "run/MapPictures.h"
 #include "run/RunData.h"
 

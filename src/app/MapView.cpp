@@ -4,34 +4,12 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QTextDocument>
 #include <QToolTip>
 #include <utility>
 
 namespace tovrel {
 
 namespace {
-
-/// A tip as the tool tip window takes it, its lines broken between stations. One that could be
-/// taken for rich text has to be that.
-QString toolTipText(const QStringList& stations) {
-    constexpr qsizetype longestLine = 120;
-    QString tip;
-    qsizetype line = 0;
-    for (const QString& station : stations) {
-        if (line > 0 && line + station.size() > longestLine) {
-            tip += QLatin1Char('\n');
-            line = 0;
-        }
-        tip += station;
-        line += station.size();
-    }
-    if (!Qt::mightBeRichText(tip)) {
-        return tip;
-    }
-    return QStringLiteral("<p style=\"white-space: pre\">") + tip.toHtmlEscaped() +
-           QStringLiteral("</p>");
-}
 
 /// Takes the tip off the screen. QToolTip::hideText() would leave it there for a third of a second.
 void hideTipAtOnce() {
@@ -94,7 +72,7 @@ void MapView::mouseMoveEvent(QMouseEvent* event) {
     const QPointF at = event->position() - at_;
     const double mapX = Picture2_.mapX(at.x());
     const double mapY = Picture2_.mapY(at.y());
-    const QString tip = toolTipText(tipText_(mapY, mapX));
+    const QString tip = tipText_(mapY, mapX);
     if (tip == toolTip()) {
         return;
     }

@@ -3,7 +3,7 @@
 #include "map/PictureSurface.h"
 #include "state/PlotLine.h"
 
-#include <QStringList>
+#include <QString>
 #include <QWidget>
 #include <functional>
 
@@ -32,8 +32,8 @@ class MapView : public QWidget {
     Q_OBJECT
 
 public:
-    /// Tool tip at a position in map units, Y and X, a text for each station; empty for none.
-    using TipText = std::function<QStringList(double mapY, double mapX)>;
+    /// Tool tip at a position in map units, Y and X; empty for none.
+    using TipText = std::function<QString(double mapY, double mapX)>;
 
     /// @param Picture2, line have to outlive the widget
     MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText,

@@ -1,12 +1,12 @@
 #include "app/OptionWindows.h"
 
-#include "app/WindowPlaces.h"
 #include "app/frmAbout.h"
 #include "app/frmInfoInput.h"
 #include "app/frmMapOptions.h"
 #include "export/frmGoogleMapOptions.h"
 #include "platform/ByteText.h"
 #include "run/Commands.h"
+#include "run/WindowPlaces.h"
 
 #include <QScreen>
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/MapFrame.h"
+#include "run/MapFrame.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
@@ -8,9 +8,8 @@
 
 namespace tovrel {
 
-/// The main window by its frame, of which the window system tells some time after it was shown.
+/// The main window, which has to outlive it, by its frame, known some time after it was shown.
 struct QtFrame : FramedWindow {
-    /// @param mainWindow has to outlive this object
     explicit QtFrame(QMainWindow& mainWindow) : window(mainWindow) {}
 
     /// @return whether the widths of the frame are known
@@ -21,10 +20,8 @@ struct QtFrame : FramedWindow {
     }
     bool isFree() const override { return !(window.windowState() & ~Qt::WindowActive); }
     QRect outer() const override { return window.geometry().marginsAdded(margins); }
-
     /// Pixels that the menu bar takes in a window of this width, one line or more.
     int menuHeight() const { return window.menuBar()->heightForWidth(window.width()); }
-
     /// What its height has beside the map: title bar, frame and menu; pixels.
     int chrome() const { return margins.top() + margins.bottom() + menuHeight(); }
     void request(const QRect& wanted) override {

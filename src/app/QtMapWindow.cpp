@@ -2,9 +2,9 @@
 
 #include "app/Dialogs.h"
 #include "app/MapView.h"
-#include "app/WindowPlaces.h"
 #include "platform/ByteText.h"
 #include "platform/Twips.h"
+#include "run/WindowPlaces.h"
 #include "stats/frmMapStats.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/MapFrame.h"
 #include "app/QtFrame.h"
+#include "run/MapFrame.h"
 #include "run/MapWindow.h"
 #include "stats/MapStats.h"
 

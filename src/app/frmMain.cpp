@@ -4,6 +4,7 @@
 #include "app/MainParts.h"
 #include "app/MapView.h"
 #include "platform/ByteText.h"
+#include "run/TipText.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -24,7 +25,10 @@ frmMain::frmMain(RunData& runData) : data_(runData) {
                                          [this](MapColour entry) { pickLegendColour(entry); });
     Picture2View_ = new MapView(
         parts_->map.Picture2, runData.lneGCPlotLine,
-        [this](double mapY, double mapX) { return hoverTip(mapY, mapX); }, this);
+        [&runData](double mapY, double mapX) {
+            return toolTipText(runData.tables, runData.maps.inForce(), mapY, mapX);
+        },
+        this);
     setObjectName(QStringLiteral("frmMain"));
     setCentralWidget(Picture2View_);
     // Tool tips of the map show while another window of the program is the active one, too.
@@ -115,18 +119,6 @@ void frmMain::connectMenu() {
     onAct("mnuInfo", [this] { parts_->windows.showStationInfo(); });
     onAct("mnuHelp", [this] { parts_->commands.mnuHelp(); });
     onAct("mnuAbout", [this] { parts_->windows.showAbout(); });
-}
-
-QStringList frmMain::hoverTip(double mapY, double mapX) const {
-    constexpr std::size_t longest = 1500; // a screen full of calls
-    const MapOptions& options = data_.maps.inForce();
-    const TipParts parts{
-        .latLong = options.chkLatLong, .country = options.chkCountry, .call = options.chkCall};
-    QStringList stations;
-    for (const std::string& station : tipStations(data_.tables, parts, mapY, mapX, longest)) {
-        stations << displayText(station);
-    }
-    return stations;
 }
 
 void frmMain::pickLegendColour(MapColour entry) {

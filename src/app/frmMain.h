@@ -38,7 +38,6 @@ private:
     void connectRun();
     void onCommand(const char* name, void (Commands::*command)());
     void onAct(const char* name, std::function<void()> act);
-    QStringList hoverTip(double mapY, double mapX) const;
     void pickLegendColour(MapColour entry);
     void tellSettingsFailure();
 

@@ -19,21 +19,18 @@ struct FramedWindow {
     virtual void request(const QRect& outer) = 0;
 };
 
-/// Gives a window its shape as far as its system goes along: when the user has changed the size and
-/// paused, the shape is asked for, and what comes in the end is taken.
+/// Gives a window its shape as far as its system goes along: when the user has changed the size
+/// and paused, the shape is asked for, and what comes in the end is taken.
 class MapFrame : public QObject {
 public:
     /// The rectangle of the right shape for a window that was `before` and is `after`.
     using Shape = std::function<QRect(const QRect& before, const QRect& after)>;
-
     /// @param window has to outlive this object
     MapFrame(FramedWindow& window, Shape shape);
-
     /// Size of the free window: that which it has, or will have when it is free again.
     QSize size() const;
     /// Asks for a size of the free window, when it is one.
     void ask(QSize outer);
-
     /// Whether from now on a change that was not asked for is the user's.
     void watch(bool on);
     /// To be called when the window has another size or state.

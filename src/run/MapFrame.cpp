@@ -1,4 +1,4 @@
-#include "app/MapFrame.h"
+#include "run/MapFrame.h"
 
 #include <utility>
 

@@ -1,8 +1,9 @@
-#include "app/MapFrame.h"
+#include "run/MapFrame.h"
 
 #include "map/WindowShape.h"
 
-#include <QTest>
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <gtest/gtest.h>
 #include <optional>
 
@@ -64,7 +65,9 @@ TEST_F(MapFrameTest, AsksOnceForTheShapeWhenTheUserHasPaused) {
     window.rect.setWidth(320);
     frame.changed();
     EXPECT_TRUE(window.asked.empty()) << "not while the edge moves";
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !window.asked.empty(); }, 5000));
+    const QDeadlineTimer patience(5000);
+    while (window.asked.empty() && !patience.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     EXPECT_EQ(window.rect, QRect(100, 100, 320, 360));
     drag({80, 90, 340, 370}); // the top left corner
     EXPECT_EQ(window.rect, QRect(90, 90, 330, 370));

@@ -1,4 +1,4 @@
-#include "app/WindowPlaces.h"
+#include "run/WindowPlaces.h"
 
 #include <algorithm>
 
