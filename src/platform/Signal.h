@@ -36,6 +36,7 @@ public:
 
     Signal() = default;
     Signal(const Signal&) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment): nothing is taken over, from nobody
     Signal& operator=(const Signal&) { return *this; }
 
     /// @return what the listener's life hangs on
