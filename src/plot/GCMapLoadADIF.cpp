@@ -29,6 +29,7 @@ PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
     progress_ = 0.0F;
 
     LogFile log(run_.LogFileName);
+    logSize_ = log.size();
     LogPass pass(log, ini_, run_, listener_, LogPass::Abort::BeforeYield);
     const PassEnd end = pass.read(*this);
     if (end != PassEnd::Done && end != PassEnd::Aborted) {
@@ -61,7 +62,12 @@ float GCMapLoadADIF::progress(double done, double size) {
 }
 
 void GCMapLoadADIF::takeRecord(FieldTable& fields, std::string_view line) {
-    ++tables_.counters.QsosRead;
+    // Records are about as long as the first one, some shorter. Room that is never used costs
+    // nothing, and a table that grows is copied each time.
+    if (tables_.counters.QsosRead++ == 0) {
+        const std::size_t likely = static_cast<std::size_t>(logSize_) / line.size();
+        tables_.plotTable.reserve(likely + likely / 4);
+    }
     fields.ParseRecordLine(line);
     const FieldRows& rows = fields.rows();
     const double west = coordinateValue(fields.trimmed(rows.RowLongitude));

@@ -50,6 +50,7 @@ private:
     PictureSurface& Picture2_;
     PassListener& listener_;
     UserPrompt& prompt_;
+    std::int64_t logSize_ = 0;
     float progress_ = 0.0F;
 };
 

@@ -1,5 +1,7 @@
 #include "plot/PlotTables.h"
 
+#include <algorithm>
+
 namespace tovrel {
 
 PlotTable::PlotTable() { clear(); }
@@ -10,6 +12,11 @@ void PlotTable::clear() {
     countries_.clear();
     countryNumbers_.clear();
     texts_ = std::make_shared<Texts>();
+}
+
+void PlotTable::reserve(std::size_t rows) {
+    constexpr std::size_t most = std::size_t{1} << 20U;
+    rows_.reserve(std::min(rows, most));
 }
 
 void PlotTable::add(float latitude, float longitude, QsoStatus status, std::string_view call,

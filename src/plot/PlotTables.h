@@ -24,6 +24,9 @@ public:
     void add(float latitude, float longitude, QsoStatus status, std::string_view call,
              std::string_view country);
 
+    /// Makes room for so many rows, up to a million.
+    void reserve(std::size_t rows);
+
     /// Drops all rows. Their texts stay for those who hold texts(), and go else.
     void clear();
 
