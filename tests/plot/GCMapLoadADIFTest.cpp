@@ -170,6 +170,14 @@ TEST(GCMapLoadADIF, BlankLinesDontLookForAnAbort) {
     EXPECT_EQ(run.data.stats.lists().lstStats.size(), 8U);
 }
 
+TEST(GCMapLoadADIF, ReadsTheTagListOnceAtItsFirstRecord) {
+    const std::string one = record({"W1A", "41", "72", "", "", "", ""});
+    PlotRun run(one + one);
+    run.listener.onYield = [&](int) { std::filesystem::remove(run.folder.path("TVADIF.txt")); };
+    EXPECT_EQ(run.plot(), PassEnd::Done);
+    EXPECT_EQ(run.data.tables.counters.QsosPlotted, 2);
+}
+
 TEST(GCMapLoadADIF, ASecondPassGivesTheSame) {
     PlotRun run(record({"W1A", "41", "72", "", "", "", "<QSL_RCVD:1>Y"}) +
                 record({"W2A=", "-41", "72"}) + record({"W3A"}));
