@@ -1,43 +1,50 @@
 // Reads a log as the plot pass does, and keeps and draws nothing: cut, parsed, classified.
 //
-//     read_log LOG
+//     read_log LOG [adif]        adif: as a log of any logger
 
-#include "log/FieldTable.h"
-#include "log/QsoFilter.h"
-#include "log/QsoStatus.h"
-#include "log/RecordReader.h"
-#include "platform/Numbers.h"
+#include "log/LogPass.h"
+#include "state/FilterGroup.h"
 
+#include <QTemporaryDir>
 #include <cstdio>
+#include <string_view>
+
+namespace {
+
+class Reading : public tovrel::LogPass::Visitor {
+public:
+    void takeRecord(const tovrel::Qso& qso) override {
+        const bool counts = qso.place().has_value() && qso.passes(everything_);
+        confirmed += counts && qso.status() == tovrel::QsoStatus::Confirmed ? 1 : 0;
+    }
+
+    float progress(double /*done*/, double /*size*/) override { return 0.0F; }
+
+    int confirmed = 0;
+
+private:
+    tovrel::Filter everything_;
+};
+
+} // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 2) {
-        std::fputs("usage: read_log LOG\n", stderr);
+    if (argc < 2) {
+        std::fputs("usage: read_log LOG [adif]\n", stderr);
         return 2;
     }
-    tovrel::FieldTable fields;
-    fields.loadFrom(tovrel::FieldTable::defaultFieldDictionary());
-    fields.ResolveFieldRows();
-    const tovrel::FieldRows& rows = fields.rows();
-    const auto field = [&fields](int row) { return fields.trimmed(row); };
-    const tovrel::Filter everything;
-    int confirmed = 0;
+    const QTemporaryDir empty;
+    const tovrel::iniFiles ini(empty.path().toStdString(), "Tovrel.ini",
+                               tovrel::PrivateProfile::Storage::Memory);
+    const bool adif = argc > 2 && std::string_view(argv[2]) == "adif";
+    tovrel::LogReading reading;
+    reading.format = adif ? tovrel::LogFormat::Adif : tovrel::LogFormat::Logger32;
+    tovrel::RunState run;
+    tovrel::SilentListener listener;
     tovrel::LogFile file(argv[1]);
-    tovrel::RecordReader log(file);
-    for (;;) {
-        const tovrel::Cut cut = log.next();
-        if (cut == tovrel::Cut::End || cut == tovrel::Cut::Failed) {
-            std::printf("%d\n", confirmed);
-            return cut == tovrel::Cut::End ? 0 : 1;
-        }
-        fields.ParseRecordLine(log.line());
-        const bool placed = tovrel::numberValue(field(rows.RowLatitude)) != 0.0 &&
-                            tovrel::numberValue(field(rows.RowLongitude)) != 0.0;
-        const bool passes = tovrel::passesFilter(everything, field(rows.RowBand),
-                                                 field(rows.RowMode), field(rows.RowIota));
-        const tovrel::QsoStatus status =
-            tovrel::statusOf(field(rows.RowCall), field(rows.RowQslRcvd), field(rows.RowEqslRcvd),
-                             field(rows.RowLotwRcvd));
-        confirmed += placed && passes && status == tovrel::QsoStatus::Confirmed ? 1 : 0;
-    }
+    tovrel::LogPass pass(file, reading, ini, run, listener, tovrel::LogPass::Abort::BeforeYield);
+    Reading visitor;
+    const tovrel::PassEnd end = pass.read(visitor);
+    std::printf("%d\n", visitor.confirmed);
+    return end == tovrel::PassEnd::Done ? 0 : 1;
 }

@@ -12,14 +12,17 @@ namespace tovrel {
 
 std::optional<std::string> openFileDialog(QWidget& parent, const std::string& title,
                                           const std::string& folder, const std::string& filter) {
-    // "Caption (*.A)|*.A|Caption (*.B)|*.B": the captions name the patterns once more.
+    // Qt wants the patterns in brackets behind the caption, parted by blanks, and shows them or
+    // not.
     QStringList nameFilters;
-    const QStringList parts = displayText(filter).split(QLatin1Char('|'));
-    for (qsizetype i = 0; i < parts.size(); i += 2) {
-        nameFilters.append(parts[i]);
+    QStringList parts = displayText(filter).split(QLatin1Char('|'));
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString patterns = parts[i + 1].replace(QLatin1Char(';'), QLatin1Char(' '));
+        nameFilters.append(QStringLiteral("%1 (%2)").arg(parts[i], patterns));
     }
     QFileDialog dialog(&parent, displayText(title), displayText(folder));
     dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters);
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;

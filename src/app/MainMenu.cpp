@@ -20,11 +20,17 @@ struct Item {
     Kind kind;
 };
 
-constexpr std::array<Item, 43> items = {{
+constexpr std::array items = std::to_array<Item>({
     {0, "mnuFile", "&File", Kind::Submenu},
     {1, "mnuInfo", "&Your Information", Kind::Command},
     {1, "mnuOpenADIFFile", "&Open ADIF File", Kind::Command},
     {1, "mnuSaveMap", "&Save Map", Kind::Command},
+    {1, "mnuNothing12", "-", Kind::Separator},
+    {1, "mnuLogFormat", "&Log Format", Kind::Submenu},
+    {2, "mnuLogger32", "&Logger32", Kind::Radio},
+    {2, "mnuAnyLogger", "&Any Logger (ADIF)", Kind::Radio},
+    {2, "mnuNothing13", "-", Kind::Separator},
+    {2, "mnuPlaceByCountry", "&Place by Country", Kind::Check},
     {0, "mnuLoadADIF", "&Load ADIF", Kind::Command},
     {0, "mnuMap", "&Map", Kind::Submenu},
     {1, "mnuClearMap", "&Clear Map", Kind::Command},
@@ -64,7 +70,7 @@ constexpr std::array<Item, 43> items = {{
     {0, "mnuHelpFile", "&Help", Kind::Submenu},
     {1, "mnuHelp", "&Help", Kind::Command},
     {1, "mnuAbout", "&About", Kind::Command},
-}};
+});
 
 /// Adds an item to the menu or bar `owner` and gives the menu that its own items go to, if it is
 /// one.
@@ -105,6 +111,7 @@ void buildMainMenu(QMenuBar& menuBar) {
             owners.push_back(menu);
         }
     }
+    pair(menuBar, "mnuLogger32", "mnuAnyLogger");
     pair(menuBar, "mnuBoldCompass", "mnuLightCompass");
     pair(menuBar, "mnu15Degrees", "mnu45Degrees");
     pair(menuBar, "mnuGreatCircle", "mnuMiller");
@@ -116,7 +123,8 @@ QAction& menuItem(const QMenuBar& menuBar, const char* name) {
     return *action;
 }
 
-void showMarks(const QMenuBar& menuBar, const MenuMarks& marks) {
+void showMarks(const QMenuBar& menuBar, const RunState& run) {
+    const MenuMarks& marks = run.marks;
     const auto check = [&menuBar](const char* name, bool on) {
         menuItem(menuBar, name).setChecked(on);
     };
@@ -131,6 +139,11 @@ void showMarks(const QMenuBar& menuBar, const MenuMarks& marks) {
     check("mnuGreatCircle", marks.projection == Projection::Azimuthal);
     check("mnuMiller", marks.projection == Projection::Miller);
     menuItem(menuBar, "mnuCompass").setEnabled(namesOf(marks.projection).compass);
+    const bool adif = run.reading.format == LogFormat::Adif;
+    check("mnuLogger32", !adif);
+    check("mnuAnyLogger", adif);
+    check("mnuPlaceByCountry", run.reading.placeByCountry);
+    menuItem(menuBar, "mnuPlaceByCountry").setEnabled(adif);
 }
 
 } // namespace tovrel

@@ -15,7 +15,7 @@ void buildMainMenu(QMenuBar& menuBar);
 /// The item of that name; the menu's table has it, so it is never missing.
 QAction& menuItem(const QMenuBar& menuBar, const char* name);
 
-/// Shows the check marks of the run's state, and whether the compass can be reached.
-void showMarks(const QMenuBar& menuBar, const MenuMarks& marks);
+/// Shows the check marks of the run's state, and which items can be reached.
+void showMarks(const QMenuBar& menuBar, const RunState& run);
 
 } // namespace tovrel

@@ -52,7 +52,7 @@ frmMain::~frmMain() = default;
 
 void frmMain::connectRun() {
     follows_.push_back(data_.run.marksChanged.connect([this] {
-        showMarks(*menuBar(), data_.run.marks);
+        showMarks(*menuBar(), data_.run);
         holdAboveSmallest();
     }));
     // Told when the act that met it has ended; it may be a move of the mouse.
@@ -83,7 +83,7 @@ void frmMain::onCommand(const char* name, void (Commands::*command)()) {
 void frmMain::onAct(const char* name, std::function<void()> act) {
     connect(&menuItem(*menuBar(), name), &QAction::triggered, this, [this, act = std::move(act)] {
         // The click has moved the item's own mark; what the mark shows is the state.
-        showMarks(*menuBar(), data_.run.marks);
+        showMarks(*menuBar(), data_.run);
         act();
     });
 }
@@ -112,6 +112,9 @@ void frmMain::connectMenu() {
     // These neither start a pass nor change the map: they work at any time.
     onAct("mnuAbort", [this] { parts_->commands.mnuAbort(); });
     onAct("mnuOpenADIFFile", [this] { parts_->commands.mnuOpenADIFFile(); });
+    onAct("mnuLogger32", [this] { parts_->commands.mnuLogger32(); });
+    onAct("mnuAnyLogger", [this] { parts_->commands.mnuAnyLogger(); });
+    onAct("mnuPlaceByCountry", [this] { parts_->commands.mnuPlaceByCountry(); });
     onAct("mnuHidePlotLine", [this] { parts_->commands.mnuHidePlotLine(); });
     onAct("mnuView_Stats", [this] { parts_->window.mnuView_Stats(); });
     onAct("mnuPlotOptions", [this] { parts_->windows.showMapOptions(); });

@@ -22,7 +22,10 @@ public:
     void tell(const std::string& text, MessageIcon icon) override;
     void tellFailure(const FileFailure& failure) override;
 
-    /// Says what is no message of the run, unless it is quiet.
+    /// Says what is no message of the run, be it quiet or not.
+    void print(const std::string& line);
+
+    /// The same, unless it is quiet.
     void hint(const std::string& line);
 
     /// The run has failed: the line that tells why is shown even when the run is quiet.
@@ -41,7 +44,6 @@ public:
 
 private:
     void keep(const std::string& message, const std::string& line);
-    void print(const std::string& line);
     void endLine();
 
     bool quiet_;

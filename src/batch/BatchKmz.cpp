@@ -73,6 +73,9 @@ BatchResult batchKmz(const BatchOptions& options) {
         }
         return BatchResult::FileFailed;
     }
+    if (end == ExportEnd::NothingPlaced && !pass.LogHasCoordinates()) {
+        hintAtOtherPlaces(data, console);
+    }
     const bool written =
         (!spool || end != ExportEnd::Done || copyToStandardOutput(archive)) &&
         (options.report.empty() ||

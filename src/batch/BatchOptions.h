@@ -3,6 +3,7 @@
 #include "platform/Projection.h"
 #include "plot/HoverTip.h"
 #include "state/FilterGroup.h"
+#include "state/LogReading.h"
 #include "state/MapOptions.h"
 
 #include <optional>
@@ -31,12 +32,14 @@ enum class Compass { Off, Every15, Every45 };
 struct BatchOptions {
     /// What the run makes. Help and Version are found before any option is read.
     enum class Command { Help, Version, Plot, Kmz };
-    Command command = Command::Help;  ///< with Help and Version nothing else is set
-    std::string log;                  ///< "-" for standard input
-    std::string logTitle;             ///< the log as the user named it, when that is no path of it
-    std::string folder;               ///< empty: the program's own
-    std::string report;               ///< empty: none; "-" for standard output
-    bool quiet = false;               ///< nothing on standard error but why the run failed
+    Command command = Command::Help; ///< with Help and Version nothing else is set
+    std::string log;                 ///< "-" for standard input
+    std::string logTitle;            ///< the log as the user named it, when that is no path of it
+    std::string folder;              ///< empty: the program's own
+    std::string report;              ///< empty: none; "-" for standard output
+    bool quiet = false;              ///< nothing on standard error but why the run failed
+    std::optional<LogFormat> logFormat; ///< how the log is read
+    std::optional<bool> placeByCountry; ///< of a log of any logger
     bool allowIncomplete = false;     ///< a map without its data, a KMZ file without icons will do
     std::vector<FilterGroup> filter;  ///< groups to be replaced; of two equal ones the later counts
     std::optional<MarkerSize> marker; ///< of the marks on the map, or of the icons

@@ -80,6 +80,10 @@ BatchResult batchPlot(const BatchOptions& options) {
         console.showFailure();
         return BatchResult::FileFailed;
     }
+    const bool nothing = data.tables.counters.QsosPlotted == 0;
+    if (nothing && !data.tables.LogHasCoordinates) {
+        hintAtOtherPlaces(data, console);
+    }
     const bool written =
         (options.image.empty() || writePicture(options.image, stampedMap(data, map))) &&
         (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
@@ -88,7 +92,7 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (!written) {
         return BatchResult::FileFailed;
     }
-    return data.tables.counters.QsosPlotted > 0 ? BatchResult::Done : BatchResult::NothingPlotted;
+    return nothing ? BatchResult::NothingPlotted : BatchResult::Done;
 }
 
 } // namespace tovrel

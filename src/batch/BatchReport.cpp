@@ -31,6 +31,8 @@ std::string member(const char* name, const std::string& value) {
     return quoted(name) + ":" + value + ",";
 }
 
+std::string count(std::int64_t value) { return std::to_string(value); }
+
 template <typename Texts>
 std::string list(const Texts& texts) {
     std::string json = "[";
@@ -38,6 +40,13 @@ std::string list(const Texts& texts) {
         json.append(json.size() > 1 ? "," : "").append(quoted(text));
     }
     return json + "]";
+}
+
+std::string positionsFrom(const PositionCounts& counts) {
+    const std::string members = member("coordinates", count(counts.coordinates)) +
+                                member("locator", count(counts.locator)) + quoted("country") + ":" +
+                                count(counts.country);
+    return member("PositionsFrom", "{" + members + "}") + "\n ";
 }
 
 std::string plottedContacts(const PlotTables& tables) {
@@ -49,13 +58,14 @@ std::string plottedContacts(const PlotTables& tables) {
         json += member("country", quoted(tables.plotTable.country(row)));
         json += member("latitude", decimalText(row.latitude));
         json += member("longitude", decimalText(row.longitude));
+        if (tables.PositionsFrom) {
+            json += member("from", quoted(wordOf(row.from)));
+        }
         json += member("mapY", row.shown() ? decimalText(row.mapY) : "null");
         json += "\"mapX\":" + (row.shown() ? decimalText(row.mapX) : "null") + "}";
     }
     return json + "]";
 }
-
-std::string count(std::int64_t value) { return std::to_string(value); }
 
 std::string boolean(bool value) { return value ? "true" : "false"; }
 
@@ -76,6 +86,9 @@ std::string plotReport(RunData& data, const std::vector<std::string>& messages) 
     std::string json = "{" + contactCounters(tables.counters) + "\n ";
     json += member("LogHasCoordinates", boolean(tables.LogHasCoordinates));
     json += member("FilterPassedAny", boolean(tables.FilterPassedAny)) + "\n ";
+    if (tables.PositionsFrom) {
+        json += positionsFrom(*tables.PositionsFrom);
+    }
     json += member("messages", list(messages)) + "\n ";
     json += member("lstStats", list(lists.lstStats)) + "\n ";
     json += member("lstPfxNotPlotted", list(lists.lstPfxNotPlotted.sorted())) + "\n ";

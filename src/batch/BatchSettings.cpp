@@ -1,6 +1,7 @@
 #include "batch/BatchSettings.h"
 
 #include "platform/Numbers.h"
+#include "run/OtherPlaces.h"
 #include "state/InitSettings.h"
 #include "state/StationInfo.h"
 
@@ -104,6 +105,10 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
         hintAtDefaults(options, console);
     }
     InitSettings(data.ini, data.maps, data.google, data.run);
+    data.run.reading = readLogReading(data.ini);
+    data.run.reading.format = options.logFormat.value_or(data.run.reading.format);
+    data.run.reading.placeByCountry =
+        options.placeByCountry.value_or(data.run.reading.placeByCountry);
     if (options.command == BatchOptions::Command::Plot) {
         applyPlotOptions(data, options);
     } else {
@@ -112,6 +117,13 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
     data.run.LogFileName = options.log;
     data.run.LogTitle = options.logTitle;
     return true;
+}
+
+void hintAtOtherPlaces(RunData& data, BatchConsole& console) {
+    if (const std::int64_t places = countOtherPlaces(data, console); places > 0) {
+        console.print("--log-format adif finds " + std::to_string(places) +
+                      " places by other fields or by the country of the call");
+    }
 }
 
 } // namespace tovrel

@@ -11,4 +11,8 @@ namespace tovrel {
 /// @return false when there is a settings file that can't serve, which is told
 bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& console);
 
+/// Tells, be the run quiet or not, how many places a log without coordinates has for one who reads
+/// it as a log of any logger; nothing where it has none.
+void hintAtOtherPlaces(RunData& data, BatchConsole& console);
+
 } // namespace tovrel

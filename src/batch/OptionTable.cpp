@@ -17,8 +17,7 @@ using Value = const std::string&;
 
 /// A plain decimal number that takes up the whole of a text.
 std::optional<double> plainDecimal(std::string_view text) {
-    const bool plain = !text.empty() && coordinateFault(text) == CoordinateFault::None;
-    return plain ? leadingNumber(text) : std::nullopt;
+    return isPlainDecimal(text) ? leadingNumber(text) : std::nullopt;
 }
 
 /// Two numbers with a comma between them.
@@ -105,6 +104,11 @@ bool takeProjection(BatchOptions& options, Value value) {
     return false;
 }
 
+bool takeLogFormat(BatchOptions& options, Value value) {
+    options.logFormat = value == "adif" ? LogFormat::Adif : LogFormat::Logger32;
+    return value == "adif" || value == "logger32";
+}
+
 bool takeHome(BatchOptions& options, Value value) {
     const auto position = numberPair(value);
     if (!position) {
@@ -173,6 +177,11 @@ constexpr OptionRule rules[] = {
      takeText<&BatchOptions::folder>,
      "folder of settings, tag list and data files, none of which\n"
      "is written (default: the program's own)"},
+    {OptionRule::Of::Both, "--log-format", "NAME", "logger32 or adif", takeLogFormat,
+     "logger32, or adif for a log of any logger"},
+    {OptionRule::Of::Both, "--place-by-country", "on|off", "on or off",
+     takeOnOff<&BatchOptions::placeByCountry>,
+     "with adif: place by country where nothing else\ntells one"},
     {OptionRule::Of::Both, "--bands", "20M,40M",
      "off, or some of 2M,6M,10M,12M,15M,17M,20M,30M,40M,60M,80M,160M", takeGroup<Criterion::Band>,
      "filter: contacts on these bands; off lets all through"},

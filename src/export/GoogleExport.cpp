@@ -1,7 +1,6 @@
 #include "export/GoogleExport.h"
 
 #include "export/ZipClass.h"
-#include "log/QsoFilter.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "state/StationInfo.h"
@@ -40,6 +39,7 @@ ExportEnd GoogleExport::CreateGoogleFile(const ExportFiles& files) {
     constexpr float fullBar = 100.0F;
     LogFileName_ = run_.LogFileName;
     shownLog_ = run_.shownLog();
+    reading_ = run_.reading;
     files_ = files;
     stats_.lists().clear();
     listener_.beginPass("Creating Google Map Plot File", {}, fullBar);
@@ -130,23 +130,25 @@ class GoogleExport::FolderPass : public LogPass::Visitor {
 public:
     FolderPass(GoogleExport& owner, const Folder& folder) : owner_(owner), folder_(folder) {}
 
-    void takeRecord(FieldTable& fields, std::string_view line) override {
+    bool wantsRecord() override {
         ++owner_.GoogleRecords_;
-        const std::size_t record = record_++;
-        std::vector<std::optional<QsoStatus>>& folders = owner_.folderOfRecord_;
         // A record that the first pass saw in another folder needs no second look.
-        if (record < folders.size() && folders[record] != folder_.status) {
-            return;
+        const std::size_t record = record_++;
+        return record >= owner_.folderOfRecord_.size() ||
+               owner_.folderOfRecord_[record] == folder_.status;
+    }
+
+    void takeRecord(const Qso& qso) override {
+        std::vector<std::optional<QsoStatus>>& folders = owner_.folderOfRecord_;
+        if (record_ > folders.size()) {
+            folders.push_back(qso.folder());
+            owner_.LogHasCoordinates_ = owner_.LogHasCoordinates_ || qso.tellsPlace();
         }
-        fields.ParseRecordLine(line);
-        if (record == folders.size()) {
-            folders.push_back(folderFor(fields));
-        }
-        const FieldRows& rows = fields.rows();
-        if (folders[record] == folder_.status &&
-            passesFilter(owner_.options_.filter, fields.trimmed(rows.RowBand),
-                         fields.trimmed(rows.RowMode), fields.trimmed(rows.RowIota))) {
-            owner_.book_.WritePlacemark(fields, owner_.options_.chkCall);
+        if (folders[record_ - 1] == folder_.status && qso.passes(owner_.options_.filter)) {
+            owner_.book_.WritePlacemark(qso, owner_.options_.chkCall);
+            if (owner_.PositionsFrom_) {
+                owner_.PositionsFrom_->add(qso.place()->from);
+            }
         }
     }
 
@@ -163,7 +165,10 @@ private:
 };
 
 ExportEnd GoogleExport::ReadLogForGoogle(const Folder& folder, LogFile& log) {
-    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::AfterYield);
+    LogPass pass(log, reading_, ini_, run_, listener_, LogPass::Abort::AfterYield);
+    if (pass.tellsSources() && !PositionsFrom_) {
+        PositionsFrom_.emplace();
+    }
     FolderPass records(*this, folder);
     const PassEnd end = pass.read(records);
     switch (end) {
@@ -235,16 +240,16 @@ void GoogleExport::writeSummary() {
     const std::int64_t read = GoogleRecords_ / passes;
     const auto count = [](std::int64_t value) { return std::to_string(value); };
     constexpr const char* rule = " --------------------";
-    stats_.lists().lstStats = {"Google File:",
-                               " ",
-                               " " + count(read) + " QSOs Read",
-                               rule,
-                               " " + count(n.GooglePlaced()) + " QSOs Plotted",
-                               "   " + count(n.GoogleWorked) + " Worked",
+    std::vector<std::string>& lines = stats_.lists().lstStats;
+    lines = {"Google File:", " ", " " + count(read) + " QSOs Read", rule,
+             " " + count(n.GooglePlaced()) + " QSOs Plotted"};
+    if (PositionsFrom_) {
+        PositionsFrom_->addLines(lines);
+    }
+    lines.insert(lines.end(), {"   " + count(n.GoogleWorked) + " Worked",
                                "   " + count(n.GoogleConfirmed) + " Confirmed",
-                               "   " + count(n.GoogleHeard) + " Heard",
-                               rule,
-                               " " + count(read - n.GooglePlaced()) + " Not Plotted"};
+                               "   " + count(n.GoogleHeard) + " Heard", rule,
+                               " " + count(read - n.GooglePlaced()) + " Not Plotted"});
 }
 
 void GoogleExport::offerToOpen() {

@@ -2,6 +2,7 @@
 
 #include "export/LogBook.h"
 #include "log/LogPass.h"
+#include "log/PositionCounts.h"
 #include "platform/WorkFolder.h"
 #include "state/GoogleMapOptions.h"
 #include "state/RunState.h"
@@ -80,6 +81,9 @@ public:
     /// Placemarks of the document.
     const GoogleCounters& counters() const { return book_.counters(); }
 
+    /// Whether some record tells a place, filter or no filter.
+    bool LogHasCoordinates() const { return LogHasCoordinates_; }
+
     /// Records read, over the three passes.
     std::int64_t GoogleRecords() const { return GoogleRecords_; }
 
@@ -117,11 +121,14 @@ private:
 
     std::string shownLog_;
     std::string LogFileName_; ///< the user may choose another log while this one is read
+    LogReading reading_;      ///< or another way to read it
     ExportFiles files_;
     std::optional<WorkFolder> work_;
     std::string document_; ///< path in the work folder
     LogBook book_;
     std::int64_t GoogleRecords_ = 0;
+    bool LogHasCoordinates_ = false;
+    std::optional<PositionCounts> PositionsFrom_; ///< of the placed, in a log of any logger only
     /// Of each record, as the first pass saw it.
     std::vector<std::optional<QsoStatus>> folderOfRecord_;
 };

@@ -37,12 +37,6 @@ const Folder& folderOf(QsoStatus status) {
     return Heard;
 }
 
-bool isConfirmed(const FieldTable& record) {
-    const FieldRows& rows = record.rows();
-    return record.trimmed(rows.RowQslRcvd) == "Y" || record.trimmed(rows.RowEqslRcvd) == "Y" ||
-           record.trimmed(rows.RowLotwRcvd) == "Y";
-}
-
 } // namespace
 
 std::string kmlFileNameFor(std::string_view LogFileName) {
@@ -57,18 +51,6 @@ std::string_view iconScaleOf(std::string_view Marker) {
         return "0.33";
     }
     return Marker == "Medium" || numberValue(Marker) == 1.0 ? "0.66" : "1";
-}
-
-std::optional<QsoStatus> folderFor(const FieldTable& record) {
-    const FieldRows& rows = record.rows();
-    if (numberValue(record.value(rows.RowLongitude)) == 0.0) {
-        return std::nullopt;
-    }
-    const bool confirmed = isConfirmed(record);
-    if (record.trimmed(rows.RowCall).ends_with('=')) {
-        return confirmed ? std::nullopt : std::optional(QsoStatus::Heard);
-    }
-    return confirmed ? QsoStatus::Confirmed : QsoStatus::Worked;
 }
 
 template <typename... Texts>
@@ -154,16 +136,14 @@ void LogBook::WriteFolderHead(QsoStatus folder) {
 
 void LogBook::WriteFolderEnd() { print("  </Folder>\r\n"); }
 
-void LogBook::WritePlacemark(const FieldTable& record, bool withName) {
+void LogBook::WritePlacemark(const Qso& qso, bool withName) {
     const Folder& folder = folderOf(folder_);
     ++(counters_.*folder.counter);
-    const FieldRows& rows = record.rows();
-    std::string_view Call = record.trimmed(rows.RowCall);
+    std::string_view Call = qso.call();
     if (folder_ == QsoStatus::Heard && Call.ends_with('=')) {
         Call.remove_suffix(1);
     }
-    const std::string Longitude = generalText(-numberValue(record.value(rows.RowLongitude)));
-    const std::string_view Latitude = record.trimmed(rows.RowLatitude);
+    const auto [Longitude, Latitude] = qso.placeText();
     print("   <Placemark>\r\n");
     if (withName) {
         print("    <name>", Call, "</name>\r\n");

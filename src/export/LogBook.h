@@ -1,14 +1,12 @@
 #pragma once
 
-#include "log/FieldTable.h"
-#include "log/QsoStatus.h"
+#include "log/Qso.h"
 #include "platform/ByteSum.h"
 
 #include <QFile>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,11 +30,6 @@ std::string kmlFileNameFor(std::string_view LogFileName);
 /// "Medium" and for a text whose number is 1, "1" for any other.
 std::string_view iconScaleOf(std::string_view Marker);
 
-/// Folder of the document that a record belongs into. Unlike on the map, a heard station with a
-/// confirmation has none; nor has a record whose longitude is missing, zero or no number.
-/// @param record whose line was parsed
-std::optional<QsoStatus> folderFor(const FieldTable& record);
-
 /// Writes the KML document: a head with the styles, then a folder of placemarks for each class of
 /// QSO, then the tail. Values go into it as the bytes that the log has, with no escaping; lines end
 /// in CR LF.
@@ -59,9 +52,8 @@ public:
     void WriteFolderEnd();
 
     /// Writes a placemark into the open folder, which has to be the record's.
-    /// @param record whose line was parsed
     /// @param withName whether the placemark carries the call as its name
-    void WritePlacemark(const FieldTable& record, bool withName);
+    void WritePlacemark(const Qso& qso, bool withName);
 
     /// Ends the document's text; no folder may be open.
     void WriteKmlTail();

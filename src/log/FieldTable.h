@@ -1,5 +1,6 @@
 #pragma once
 
+#include "log/QsoFields.h"
 #include "log/TagIndex.h"
 #include "platform/Files.h"
 #include "platform/UserPrompt.h"
@@ -94,6 +95,22 @@ public:
 
     /// The same without the blanks at its ends.
     std::string_view trimmed(int row) const { return trimBlanks(value(row)); }
+
+    /// Those that the program looks at of the record in hand, once the rows are resolved.
+    QsoFields fields() const {
+        QsoFields fields;
+        fields.call = trimmed(rows_.RowCall);
+        fields.mode = trimmed(rows_.RowMode);
+        fields.band = trimmed(rows_.RowBand);
+        fields.iota = trimmed(rows_.RowIota);
+        fields.qslRcvd = trimmed(rows_.RowQslRcvd);
+        fields.eqslRcvd = trimmed(rows_.RowEqslRcvd);
+        fields.lotwRcvd = trimmed(rows_.RowLotwRcvd);
+        fields.country = trimmed(rows_.RowCountry);
+        fields.loggerNorth = trimmed(rows_.RowLatitude);
+        fields.loggerWest = trimmed(rows_.RowLongitude);
+        return fields;
+    }
 
 private:
     /// What a row got last, which counts only if it was in the record in hand: so that a long

@@ -1,14 +1,82 @@
 #include "log/LogPass.h"
 
+#include "log/AdifReader.h"
 #include "log/RecordReader.h"
 
 #include <utility>
 
 namespace tovrel {
 
+namespace {
+
+/// The records of a Logger32 log, whose fields are those that the dictionary lists.
+class Logger32Records {
+public:
+    /// @param fields loaded by load()
+    Logger32Records(LogFile& log, const iniFiles& ini, FieldTable& fields)
+        : lines_(log), ini_(ini), table_(fields) {}
+
+    Cut next() { return lines_.next(); }
+    std::size_t size() const { return lines_.line().size(); }
+    const std::string& error() const { return lines_.error(); }
+
+    /// Makes ready for the first record.
+    PassEnd load() {
+        // A folder that must stay as it is was given no dictionary at the start.
+        switch (table_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly())) {
+        case ReadEnd::Missing:
+            return PassEnd::DictionaryMissing;
+        case ReadEnd::Unreadable:
+            return PassEnd::DictionaryUnreadable;
+        case ReadEnd::Content:
+            break;
+        }
+        table_.ResolveFieldRows();
+        return PassEnd::Done;
+    }
+
+    QsoFields fields() {
+        table_.ParseRecordLine(lines_.line());
+        return table_.fields();
+    }
+
+private:
+    RecordReader lines_;
+    const iniFiles& ini_;
+    FieldTable& table_;
+};
+
+/// The records of a log of any logger.
+class AdifRecords {
+public:
+    explicit AdifRecords(LogFile& log) : reader_(log) {}
+
+    Cut next() { return reader_.next(); }
+    std::size_t size() const { return reader_.size(); }
+    const std::string& error() const { return reader_.error(); }
+    static PassEnd load() { return PassEnd::Done; }
+    const QsoFields& fields() const { return reader_.fields(); }
+
+private:
+    AdifReader reader_;
+};
+
+} // namespace
+
 PassEnd LogPass::read(Visitor& visitor) {
-    RecordReader records(log_);
-    bool dictionaryLoaded = false;
+    if (reading_.format == LogFormat::Adif) {
+        AdifRecords records(log_);
+        return readRecords(records, visitor);
+    }
+    Logger32Records records(log_, ini_, fields_);
+    return readRecords(records, visitor);
+}
+
+template <typename Records>
+PassEnd LogPass::readRecords(Records& records, Visitor& visitor) {
+    EntityTable entities;
+    Qso qso(reading_, entities);
+    bool loaded = false;
     for (;;) {
         const Cut cut = records.next();
         if (cut == Cut::End)
@@ -18,20 +86,17 @@ PassEnd LogPass::read(Visitor& visitor) {
             return PassEnd::LogUnreadable;
         }
         if (cut == Cut::Record) {
-            if (!std::exchange(dictionaryLoaded, true)) {
-                // A folder that must stay as it is was given no dictionary at the start.
-                const ReadEnd loaded =
-                    fields_.LoadFieldDictionary(ini_.programFolder(), ini_.isMemoryOnly());
-                if (loaded != ReadEnd::Content) {
-                    return loaded == ReadEnd::Missing ? PassEnd::DictionaryMissing
-                                                      : PassEnd::DictionaryUnreadable;
-                }
-                fields_.ResolveFieldRows();
+            if (!std::exchange(loaded, true)) {
+                if (const PassEnd end = records.load(); end != PassEnd::Done)
+                    return end;
             }
-            visitor.takeRecord(fields_, records.line());
+            if (visitor.wantsRecord()) {
+                qso.take(records.fields(), records.size());
+                visitor.takeRecord(qso);
+            }
             if (takeAbort(Abort::BeforeYield))
                 return PassEnd::Aborted;
-            LogBytesDone_ += static_cast<std::int64_t>(records.line().size());
+            LogBytesDone_ += static_cast<std::int64_t>(records.size());
         }
         if (visitor.failed())
             return PassEnd::Stopped;

@@ -2,6 +2,7 @@
 
 #include "log/FieldTable.h"
 #include "log/LogFile.h"
+#include "log/Qso.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
 #include "state/RunState.h"
@@ -9,7 +10,6 @@
 
 #include <cstdint>
 #include <string>
-#include <string_view>
 
 namespace tovrel {
 
@@ -23,8 +23,9 @@ enum class PassEnd {
     DictionaryUnreadable, ///< the field dictionary can't be read
 };
 
-/// One pass over a log, record by record: cuts it, loads the field dictionary at the first record,
-/// tells how far it is, lets events run and looks whether the user wants it to stop.
+/// One pass over a log, record by record, whichever way it is written: cuts it, reads its fields
+/// (of a Logger32 log by the field dictionary, loaded at the first record), tells how far it is,
+/// lets events run and looks whether the user wants it to stop.
 class LogPass {
 public:
     /// What a pass does with the records.
@@ -32,10 +33,12 @@ public:
     public:
         virtual ~Visitor() = default;
 
-        /// The next record.
-        /// @param fields with the dictionary, the record not yet parsed
-        /// @param line its text, valid within the call
-        virtual void takeRecord(FieldTable& fields, std::string_view line) = 0;
+        /// Whether the next record is to be looked at; asked once for each, in their order.
+        virtual bool wantsRecord() { return true; }
+
+        /// The next record that is wanted.
+        /// @param qso valid within the call
+        virtual void takeRecord(const Qso& qso) = 0;
 
         /// Whether the pass shall stop; asked after each record and each blank line.
         virtual bool failed() const { return false; }
@@ -53,20 +56,28 @@ public:
     };
 
     /// @param log, ini, run, listener have to outlive the pass
-    LogPass(LogFile& log, const iniFiles& ini, RunState& run, PassListener& listener, Abort abort)
-        : log_(log), ini_(ini), run_(run), listener_(listener), abort_(abort) {}
+    /// @param reading how the log is read
+    LogPass(LogFile& log, const LogReading& reading, const iniFiles& ini, RunState& run,
+            PassListener& listener, Abort abort)
+        : log_(log), reading_(reading), ini_(ini), run_(run), listener_(listener), abort_(abort) {}
 
     /// Reads the log from its start. An abort clears the request for it.
     PassEnd read(Visitor& visitor);
+
+    /// Whether the log's contacts tell in which kind of field they have their place.
+    bool tellsSources() const { return reading_.format == LogFormat::Adif; }
 
     /// Tells the user why the log or its dictionary could not be read, if that was the end.
     /// @param shownLog how to name the log
     void tellEnd(PassEnd end, const std::string& shownLog, UserPrompt& prompt) const;
 
 private:
+    template <typename Records>
+    PassEnd readRecords(Records& records, Visitor& visitor);
     bool takeAbort(Abort when);
 
     LogFile& log_;
+    LogReading reading_;
     const iniFiles& ini_;
     RunState& run_;
     PassListener& listener_;

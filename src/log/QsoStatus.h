@@ -11,15 +11,13 @@ enum class QsoStatus : char {
     Heard = 'H'      ///< the station was only heard
 };
 
-/// Status of a QSO: Heard when the call ends in "=", whatever was confirmed; else Confirmed when
-/// one of the three QSL fields is exactly "Y"; else Worked. All values without blanks at their
-/// ends.
-inline QsoStatus statusOf(std::string_view call, std::string_view qslRcvd,
-                          std::string_view eqslRcvd, std::string_view lotwRcvd) {
+/// Status of a QSO: Heard when the call ends in "=", whatever was confirmed.
+/// @param call without blanks at its end
+/// @param confirmed whether one of the QSL fields says so
+inline QsoStatus statusOf(std::string_view call, bool confirmed) {
     if (call.ends_with('=')) {
         return QsoStatus::Heard;
     }
-    const bool confirmed = qslRcvd == "Y" || eqslRcvd == "Y" || lotwRcvd == "Y";
     return confirmed ? QsoStatus::Confirmed : QsoStatus::Worked;
 }
 

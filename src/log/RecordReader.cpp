@@ -28,7 +28,7 @@ RecordReader::RecordReader(LogFile& log, std::size_t blockSize)
     log_.rewind();
     error_ = log_.error();
     if (error_.empty()) {
-        block_.reset(static_cast<char*>(::operator new[](blockSize_, pageSize)));
+        block_ = ReadBlock::make(blockSize_);
     }
 }
 

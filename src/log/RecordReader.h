@@ -1,10 +1,9 @@
 #pragma once
 
 #include "log/LogFile.h"
+#include "log/ReadBlock.h"
 
 #include <cstddef>
-#include <memory>
-#include <new>
 #include <string>
 #include <string_view>
 
@@ -26,13 +25,10 @@ enum class Cut {
 /// The file is read in blocks, from its start.
 class RecordReader {
 public:
-    /// Small enough to stay in a processor's cache from the read to the last look.
-    static constexpr std::size_t defaultBlockSize = std::size_t{1} << 18U;
-
     /// Begins a pass over the log.
     /// @param log has to outlive the reader
     /// @param blockSize bytes read at a time, at least 1
-    explicit RecordReader(LogFile& log, std::size_t blockSize = defaultBlockSize);
+    explicit RecordReader(LogFile& log, std::size_t blockSize = ReadBlock::defaultSize);
 
     /// Goes on to the next record or blank line. End and Failed are final.
     Cut next();
@@ -58,12 +54,7 @@ private:
     std::string error_;
 
     std::size_t blockSize_;
-    /// A system copies several times faster into whole pages.
-    static constexpr std::align_val_t pageSize{4096};
-    struct FreeBlock {
-        void operator()(char* block) const { ::operator delete[](block, pageSize); }
-    };
-    std::unique_ptr<char[], FreeBlock> block_;
+    ReadBlock::Pointer block_;
     std::size_t blockEnd_ = 0;
     std::size_t position_ = 0;     ///< in the block, of the first byte not yet taken
     std::size_t nextLineFeed_ = 0; ///< in the block, at or after position_; blockEnd_ for none

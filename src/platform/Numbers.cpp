@@ -112,9 +112,32 @@ double coordinateValue(std::string_view text) {
     return numberValue(closed);
 }
 
+bool isPlainDecimal(std::string_view text) {
+    if (!text.empty() && (text.front() == '-' || text.front() == '+'))
+        text.remove_prefix(1);
+    const std::size_t point = std::min(text.find('.'), text.size());
+    const std::string_view whole = text.substr(0, point);
+    const std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+    return !(whole.empty() && fraction.empty()) &&
+           std::all_of(whole.begin(), whole.end(), isDigit) &&
+           std::all_of(fraction.begin(), fraction.end(), isDigit);
+}
+
 std::string decimalText(double value) { return shortestFixed(value + 0.0); }
 
 std::string decimalText(float value) { return shortestFixed(value + 0.0F); }
+
+std::string fixedText(double value, int places) {
+    std::array<char, 400> buffer; // the largest double has 309 digits
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::fixed, places);
+    std::string_view text(buffer.data(), static_cast<std::size_t>(end.ptr - buffer.data()));
+    if (text.find('.') != std::string_view::npos) {
+        text = text.substr(0, text.find_last_not_of('0') + 1);
+        text.remove_suffix(text.ends_with('.') ? 1 : 0);
+    }
+    return std::string(text == "-0" ? "0" : text);
+}
 
 std::string generalText(double value) {
     constexpr int significantDigits = 15;

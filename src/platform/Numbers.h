@@ -43,6 +43,10 @@ std::optional<double> leadingNumber(std::string_view text);
 /// Value of leadingNumber(), 0 when there is none.
 double numberValue(std::string_view text);
 
+/// Whether a text is a plain decimal number and nothing else: a sign or none, digits with a point
+/// before, among or behind them or without one ("-8.25", ".5", "7."); no blank and no exponent.
+bool isPlainDecimal(std::string_view text);
+
 /// Value of a coordinate of a log: the number that `text` begins with when its blanks are left out,
 /// wherever they stand ("- 8.25" is -8.25); 0 when there is none.
 double coordinateValue(std::string_view text);
@@ -52,6 +56,10 @@ std::string decimalText(double value);
 
 /// Shortest plain decimal text that reads back as the same single.
 std::string decimalText(float value);
+
+/// Plain decimal text of a number with at most `places` (0 to 17) places after the point, no zeros
+/// at its end ("-0.5", "12"), "0" for what rounds to zero.
+std::string fixedText(double value, int places);
 
 /// Text of a number in general format: at most 15 significant digits, no zeros at the end, the
 /// point as decimal mark in every locale ("-73.5", "0.5"). Plain decimal from 0.0001 to below 1e15

@@ -1,6 +1,5 @@
 #include "plot/GCMapLoadADIF.h"
 
-#include "log/QsoFilter.h"
 #include "map/Overlays.h"
 #include "map/WorldMap.h"
 #include "platform/Files.h"
@@ -30,7 +29,10 @@ PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
 
     LogFile log(run_.LogFileName);
     logSize_ = log.size();
-    LogPass pass(log, ini_, run_, listener_, LogPass::Abort::BeforeYield);
+    LogPass pass(log, run_.reading, ini_, run_, listener_, LogPass::Abort::BeforeYield);
+    if (pass.tellsSources()) {
+        tables_.PositionsFrom.emplace();
+    }
     const PassEnd end = pass.read(*this);
     if (end != PassEnd::Done && end != PassEnd::Aborted) {
         dropResult();
@@ -61,48 +63,29 @@ float GCMapLoadADIF::progress(double done, double size) {
     return progress_ = toSingle(done / size * 100.0);
 }
 
-void GCMapLoadADIF::takeRecord(FieldTable& fields, std::string_view line) {
+void GCMapLoadADIF::takeRecord(const Qso& qso) {
     // Records are about as long as the first one, some shorter. Room that is never used costs
     // nothing, and a table that grows is copied each time.
     if (tables_.counters.QsosRead++ == 0) {
-        const std::size_t likely = static_cast<std::size_t>(logSize_) / line.size();
+        const std::size_t likely = static_cast<std::size_t>(logSize_) / qso.size();
         tables_.plotTable.reserve(likely + likely / 4);
     }
-    fields.ParseRecordLine(line);
-    const FieldRows& rows = fields.rows();
-    const double west = coordinateValue(fields.trimmed(rows.RowLongitude));
-    if (west != 0.0) {
-        tables_.LogHasCoordinates = true;
-    }
-    if (!passesFilter(fields)) {
+    tables_.LogHasCoordinates = tables_.LogHasCoordinates || qso.tellsPlace();
+    if (!qso.passes(maps_.inForce().filter)) {
         return;
     }
     tables_.FilterPassedAny = true;
-    plotRecord(fields, coordinateValue(fields.trimmed(rows.RowLatitude)), west);
-}
-
-bool GCMapLoadADIF::passesFilter(const FieldTable& fields) const {
-    const FieldRows& rows = fields.rows();
-    return tovrel::passesFilter(maps_.inForce().filter, fields.trimmed(rows.RowBand),
-                                fields.trimmed(rows.RowMode), fields.trimmed(rows.RowIota));
-}
-
-/// @param north, west degrees; 0 for a coordinate that can't place a QSO, since it begins with no
-///        number or that number is zero
-void GCMapLoadADIF::plotRecord(const FieldTable& fields, double north, double west) {
-    const FieldRows& rows = fields.rows();
-    const std::string_view call = fields.trimmed(rows.RowCall);
-    if (north == 0.0 || west == 0.0) {
+    const std::optional<ContactPlace> place = qso.place();
+    if (!place) {
         ++tables_.counters.QsosNotPlotted;
-        stats_.lists().lstPfxNotPlotted.add(call);
+        stats_.lists().lstPfxNotPlotted.add(qso.call());
         return;
     }
     ++tables_.counters.QsosPlotted;
-    const QsoStatus status =
-        statusOf(call, fields.trimmed(rows.RowQslRcvd), fields.trimmed(rows.RowEqslRcvd),
-                 fields.trimmed(rows.RowLotwRcvd));
-    tables_.plotTable.add(toSingle(north), -toSingle(west), status, call,
-                          fields.trimmed(rows.RowCountry));
+    if (tables_.PositionsFrom) {
+        tables_.PositionsFrom->add(place->from);
+    }
+    tables_.plotTable.add(*place, qso.status(), qso.call(), qso.country());
 }
 
 /// What was read is no result: the lists and tables stay as a map without a plot has them.
@@ -117,14 +100,16 @@ void GCMapLoadADIF::writeSummary() {
     const PassCounters& n = tables_.counters;
     const auto count = [](std::int32_t value) { return std::to_string(value); };
     constexpr const char* rule = " --------------------";
-    stats_.lists().lstStats = {" " + count(n.QsosRead) + " QSOs Read",
-                               rule,
-                               " " + count(n.QsosPlotted) + " QSOs Plotted",
-                               "   " + count(n.QsosWorked) + " Worked",
+    std::vector<std::string>& lines = stats_.lists().lstStats;
+    lines = {" " + count(n.QsosRead) + " QSOs Read", rule,
+             " " + count(n.QsosPlotted) + " QSOs Plotted"};
+    if (tables_.PositionsFrom) {
+        tables_.PositionsFrom->addLines(lines);
+    }
+    lines.insert(lines.end(), {"   " + count(n.QsosWorked) + " Worked",
                                "   " + count(n.QsosConfirmed) + " Confirmed",
-                               "   " + count(n.QsosHeard) + " Heard",
-                               rule,
-                               " " + count(n.QsosNotPlotted) + " Not Plotted"};
+                               "   " + count(n.QsosHeard) + " Heard", rule,
+                               " " + count(n.QsosNotPlotted) + " Not Plotted"});
 }
 
 } // namespace tovrel

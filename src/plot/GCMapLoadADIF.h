@@ -9,8 +9,6 @@
 #include "stats/MapStats.h"
 
 #include <functional>
-#include <string>
-#include <string_view>
 
 namespace tovrel {
 
@@ -35,10 +33,8 @@ public:
     PassEnd PlotLog(const std::function<void()>& beforeMarks = [] {});
 
 private:
-    void takeRecord(FieldTable& fields, std::string_view line) override;
+    void takeRecord(const Qso& qso) override;
     float progress(double done, double size) override;
-    bool passesFilter(const FieldTable& fields) const;
-    void plotRecord(const FieldTable& fields, double north, double west);
     void dropResult();
     void writeSummary();
 

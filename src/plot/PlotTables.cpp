@@ -1,5 +1,7 @@
 #include "plot/PlotTables.h"
 
+#include "platform/Numbers.h"
+
 #include <algorithm>
 
 namespace tovrel {
@@ -19,11 +21,12 @@ void PlotTable::reserve(std::size_t rows) {
     rows_.reserve(std::min(rows, most));
 }
 
-void PlotTable::add(float latitude, float longitude, QsoStatus status, std::string_view call,
+void PlotTable::add(const ContactPlace& place, QsoStatus status, std::string_view call,
                     std::string_view country) {
-    rows_.push_back({.latitude = latitude,
-                     .longitude = longitude,
+    rows_.push_back({.latitude = toSingle(place.position.latitude),
+                     .longitude = toSingle(place.position.longitude),
                      .status = status,
+                     .from = place.from,
                      .country = countryNumber(country),
                      .call = keep(*texts_, call)});
 }

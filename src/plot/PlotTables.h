@@ -1,5 +1,6 @@
 #pragma once
 
+#include "log/PositionCounts.h"
 #include "platform/ByteText.h"
 #include "plot/HoverTip.h"
 #include "plot/PlotRow.h"
@@ -7,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -20,8 +22,7 @@ public:
     PlotTable();
 
     /// Adds a row that has no place on the map yet; call and country are copied.
-    /// @param latitude, longitude degrees, north and east positive; no range is tested
-    void add(float latitude, float longitude, QsoStatus status, std::string_view call,
+    void add(const ContactPlace& place, QsoStatus status, std::string_view call,
              std::string_view country);
 
     /// Makes room for so many rows, up to a million.
@@ -67,6 +68,7 @@ struct PlotTables {
     PlotTable plotTable;   ///< QSOs that passed the filter and have coordinates
     HoverIndex HoverTable; ///< finds the rows that are drawn on the map; empty before and after
     PassCounters counters; ///< all 0 before the first pass; an export sets QsosPlotted to 0
+    std::optional<PositionCounts> PositionsFrom; ///< of the plotted, in a log of any logger only
     bool LogHasCoordinates = false; ///< some record has a usable longitude, filter or no filter
     bool FilterPassedAny = false;   ///< some record passed the filter
 

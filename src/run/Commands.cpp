@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 #include "platform/Numbers.h"
 #include "plot/GCMapLoadADIF.h"
+#include "run/OtherPlaces.h"
 #include "state/InitSettings.h"
 #include "state/MapColours.h"
 #include "state/StationInfo.h"
@@ -45,6 +46,7 @@ void Commands::Form_Load() {
     if (!fileExists(data_.run.LogFileName)) {
         data_.run.LogFileName.clear();
     }
+    data_.run.reading = readLogReading(data_.ini);
     readHome(data_.ini, data_.run);
     setProjection(projectionShown(data_.ini.ReadIniValue(section::globals, "Display")));
     for (const Projection map : allProjections) {
@@ -116,8 +118,12 @@ void Commands::Form_Unload() {
 
 void Commands::mnuOpenADIFFile() {
     const std::string known = data_.ini.ReadIniValue(section::log, "adifile");
+    std::string filter = "ADIF Files (*.ADI)|*.ADI";
+    if (data_.run.reading.format == LogFormat::Adif) {
+        filter += "|All ADIF Files (*.adi;*.adif)|*.adi;*.adif";
+    }
     const std::optional<std::string> chosen = windows_.dialogs.openFile(
-        "Load Log Input File", std::string(splitPath(known).folder), "ADIF Files (*.ADI)|*.ADI");
+        "Load Log Input File", std::string(splitPath(known).folder), filter);
     if (!chosen) {
         return;
     }
@@ -138,6 +144,36 @@ void Commands::mnuSaveMap() {
     }
     // The clock is read once more: a slow save may show a second that no file has in its name.
     prompt_.tell(mapImageName(projection, clock_()) + ".bmp has been saved.");
+}
+
+void Commands::setLogFormat(LogFormat format) {
+    data_.run.reading.format = format;
+    data_.run.marksChanged();
+    writeLogFormat(data_.ini, format);
+}
+
+void Commands::mnuPlaceByCountry() {
+    bool& wanted = data_.run.reading.placeByCountry;
+    wanted = !wanted;
+    data_.run.marksChanged();
+    writePlaceByCountry(data_.ini, wanted);
+}
+
+bool Commands::takesOtherPlaces(const std::string& act) {
+    const std::int64_t places = countOtherPlaces(data_, listener_);
+    const bool wanted =
+        places > 0 &&
+        prompt_.ask({.title = "Tovrel",
+                     .text = "This log tells " + std::to_string(places) +
+                             " places by other fields (LAT, LON, GRIDSQUARE) or by the country of "
+                             "the call.\r\nDo you wish to " +
+                             act + " them?",
+                     .buttons = Question::Buttons::YesNo,
+                     .defaultYes = false});
+    if (wanted) {
+        setLogFormat(LogFormat::Adif);
+    }
+    return wanted;
 }
 
 bool Commands::logChosen() const { return fileExists(data_.run.LogFileName); }
@@ -174,6 +210,10 @@ void Commands::mnuLoadADIF() {
     if (end == PassEnd::Done) {
         // Its next tick would wipe the marks.
         windows_.main.setTimer1(false);
+        if (data_.tables.counters.QsosPlotted == 0 && !data_.tables.LogHasCoordinates &&
+            takesOtherPlaces("plot")) {
+            mnuLoadADIF();
+        }
     } else if (end == PassEnd::DictionaryMissing) {
         windows_.main.close();
     }
@@ -192,6 +232,9 @@ void Commands::mnuGoogle() {
     const ExportEnd end = pass.CreateGoogleFile(exportFilesFor(data_.run.LogFileName));
     if (end == ExportEnd::DictionaryMissing) {
         windows_.main.close();
+    } else if (end == ExportEnd::NothingPlaced && !pass.LogHasCoordinates() &&
+               takesOtherPlaces("export")) {
+        mnuGoogle();
     }
 }
 

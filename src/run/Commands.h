@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace tovrel {
@@ -48,14 +49,22 @@ public:
 
     /// Plots the log on a clean map with empty lists. The user is asked for a log when there is
     /// none; map and lists stay empty when there still is none, when the pass was aborted (but for
-    /// the calls that can't be plotted) and when a file could not be read. The window closes when
-    /// the field dictionary has gone.
+    /// the calls that can't be plotted) and when a file could not be read. Where a log tells no
+    /// coordinates but other places the user may have it read as one of any logger. The window
+    /// closes when the field dictionary has gone.
     void mnuLoadADIF();
 
     /// Exports the log to Google Earth, after the user was asked for one if there is none. A plot
-    /// stays on the map; the lists are emptied and take the summary of an export that is done. The
-    /// window closes when the field dictionary has gone.
+    /// stays on the map; the lists are emptied and take the summary of an export that is done. A
+    /// log without coordinates is as with mnuLoadADIF(). The window closes when the field
+    /// dictionary has gone.
     void mnuGoogle();
+
+    /// Store how the next pass reads its log: as an export of Logger32 or as a log of any logger,
+    /// and of that one whether a contact without a better place gets its country's.
+    void mnuLogger32() { setLogFormat(LogFormat::Logger32); }
+    void mnuAnyLogger() { setLogFormat(LogFormat::Adif); }
+    void mnuPlaceByCountry();
 
     /// Takes the plot off the map, and with it its tool tips and lists. The settings stay.
     void mnuClearMap();
@@ -129,6 +138,11 @@ private:
     bool logChosen() const;
     /// Lets the user choose a log if there is none, and tells if there still is none then.
     bool chooseLog();
+    void setLogFormat(LogFormat format);
+    /// Offers to read a log that tells no coordinates in the other format, if it has places then.
+    /// @param act what is done with them: "plot" or "export"
+    /// @return whether the user wants it; the format is stored then
+    bool takesOtherPlaces(const std::string& act);
     void replot();
     void setProjection(Projection projection);
     void setStoredSize();

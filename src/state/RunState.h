@@ -2,6 +2,7 @@
 
 #include "platform/Projection.h"
 #include "platform/Signal.h"
+#include "state/LogReading.h"
 
 #include <string>
 
@@ -25,8 +26,9 @@ struct MenuMarks {
 
 /// The state of a run of the program that no table and no window holds.
 struct RunState {
-    std::string LogFileName;     ///< path of the log, UTF-8; empty when none is chosen
-    std::string LogTitle;        ///< how to name the log when its path means nothing to the user
+    std::string LogFileName; ///< path of the log, UTF-8; empty when none is chosen
+    std::string LogTitle;    ///< how to name the log when its path means nothing to the user
+    LogReading reading;      ///< how the next pass reads it; whoever changes it calls marksChanged
     float HomeLatitude = 0.0F;   ///< degrees, north positive
     float HomeLongitude = 0.0F;  ///< degrees, east positive
     bool MapPlotted = false;     ///< a plot pass was started on the map on show
@@ -37,7 +39,7 @@ struct RunState {
     /// The log as messages name it.
     const std::string& shownLog() const { return LogTitle.empty() ? LogFileName : LogTitle; }
 
-    /// Called by whoever changes a mark, so that the menu shows it.
+    /// Called by whoever changes a mark of the menu, so that the menu shows it.
     Signal<> marksChanged;
 };
 

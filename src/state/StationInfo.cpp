@@ -2,26 +2,7 @@
 
 #include "platform/Numbers.h"
 
-#include <algorithm>
-
 namespace tovrel {
-
-namespace {
-
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-bool isPlainDecimal(std::string_view text) {
-    if (text.front() == '-' || text.front() == '+')
-        text.remove_prefix(1);
-    const std::size_t point = std::min(text.find('.'), text.size());
-    const std::string_view whole = text.substr(0, point);
-    const std::string_view fraction = text.substr(std::min(point + 1, text.size()));
-    return !(whole.empty() && fraction.empty()) &&
-           std::all_of(whole.begin(), whole.end(), isDigit) &&
-           std::all_of(fraction.begin(), fraction.end(), isDigit);
-}
-
-} // namespace
 
 StationInfo readStationInfo(const iniFiles& ini) {
     return {ini.ReadIniValue(section::globals, "MyCall"),

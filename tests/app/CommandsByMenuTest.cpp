@@ -75,7 +75,7 @@ TEST_F(CommandsByMenuTest, LandAndWaterTakeTheColourThatIsChosen) {
 
 TEST_F(CommandsByMenuTest, OpenAdifFileStoresTheLogAndPlotsNothing) {
     answerA<QFileDialog>([](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.nameFilters(), QStringList({"ADIF Files (*.ADI)"}));
+        EXPECT_EQ(dialog.nameFilters(), QStringList({"ADIF Files (*.ADI) (*.ADI)"}));
         dialog.reject();
     });
     pick("mnuOpenADIFFile");

@@ -84,7 +84,7 @@ TEST_F(KeyboardTest, EveryMenuOpensByItsLetters) {
             QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
         ++menus;
     }
-    EXPECT_EQ(menus, 8);
+    EXPECT_EQ(menus, 9);
 
     QTest::keyClick(main_.get(), Qt::Key_L, Qt::AltModifier);
     EXPECT_TRUE(plotOnMap());

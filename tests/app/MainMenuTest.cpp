@@ -54,10 +54,10 @@ TEST_F(MainMenuTest, EachItemHasALetterThatNoOtherOfItsMenuHas) { expectOwnLette
 TEST_F(MainMenuTest, TheLettersDoNotShowInAccessibleNames) { expectNamesWithoutMarks(bar_); }
 
 TEST_F(MainMenuTest, BothItemsOfAPairMayBeClear) {
-    MenuMarks marks;
+    RunState run;
     for (const bool on : {true, false}) {
-        marks.mnu45Degrees = on;
-        showMarks(bar_, marks);
+        run.marks.mnu45Degrees = on;
+        showMarks(bar_, run);
         EXPECT_EQ(menuItem(bar_, "mnu45Degrees").isChecked(), on);
         EXPECT_FALSE(menuItem(bar_, "mnu15Degrees").isChecked());
     }

@@ -1,5 +1,6 @@
 #include "export/LogBook.h"
 
+#include "log/FieldTable.h"
 #include "log/RecordReader.h"
 #include "platform/TestFolder.h"
 
@@ -13,16 +14,22 @@ namespace {
 
 const std::string goldenFolder = TOVREL_DATA_DIR "/../tests/data/export/";
 
-struct DefaultFields : FieldTable {
-    DefaultFields() {
-        loadFrom(defaultFieldDictionary());
-        ResolveFieldRows();
+/// A record line as a QSO.
+struct LineQso : Qso {
+    explicit LineQso(std::string_view line) : Qso({}, entities_) {
+        table_.loadFrom(FieldTable::defaultFieldDictionary());
+        table_.ResolveFieldRows();
+        table_.ParseRecordLine(line);
+        take(table_.fields(), line.size());
     }
+
+private:
+    EntityTable entities_;
+    FieldTable table_;
 };
 
 std::string documentOf(const std::string& log, bool withName) {
     const TestFolder folder;
-    DefaultFields fields;
     LogBook book;
     EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "W1TVR", "0.33"));
     for (const QsoStatus status : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
@@ -31,9 +38,9 @@ std::string documentOf(const std::string& log, bool withName) {
         RecordReader reader(file);
         for (Cut cut = reader.next(); cut != Cut::End; cut = reader.next()) {
             if (cut == Cut::Record) {
-                fields.ParseRecordLine(reader.line());
-                if (folderFor(fields) == status)
-                    book.WritePlacemark(fields, withName);
+                const LineQso qso(reader.line());
+                if (qso.folder() == status)
+                    book.WritePlacemark(qso, withName);
             }
         }
         book.WriteFolderEnd();
@@ -51,14 +58,13 @@ struct Placed {
 /// A document with the three folders, each offered one record.
 Placed placed(const std::string& record) {
     const TestFolder folder;
-    DefaultFields fields;
-    fields.ParseRecordLine(record);
+    const LineQso qso(record);
     LogBook book;
     EXPECT_TRUE(book.WriteKmlHead(folder.path("log.kml"), "", "1"));
     for (const QsoStatus status : {QsoStatus::Confirmed, QsoStatus::Worked, QsoStatus::Heard}) {
         book.WriteFolderHead(status);
-        if (folderFor(fields) == status)
-            book.WritePlacemark(fields, true);
+        if (qso.folder() == status)
+            book.WritePlacemark(qso, true);
     }
     EXPECT_TRUE(book.close());
     return {folder.read("log.kml"), book.counters()};

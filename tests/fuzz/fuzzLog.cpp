@@ -48,7 +48,7 @@ void tryInput(Input input) {
     RunData data(folder.path(), "Tovrel.ini", PrivateProfile::Storage::Memory);
     data.run.LogFileName = folder.write("log.adi", input.rest());
     LogFile log(data.run.LogFileName, LogFile::Check::SameBytes);
-    const auto records = recordsOf(log, RecordReader::defaultBlockSize);
+    const auto records = recordsOf(log, ReadBlock::defaultSize);
     const auto blockSize = static_cast<std::size_t>(input.choice(64) + 1);
     require(records == recordsOf(log, blockSize), "all blocks give the same");
 

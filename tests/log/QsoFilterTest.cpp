@@ -1,6 +1,6 @@
 #include "log/QsoFilter.h"
 
-#include "log/QsoStatus.h"
+#include "log/Qso.h"
 
 #include <gtest/gtest.h>
 
@@ -55,7 +55,9 @@ TEST(QsoFilter, passesWhatMatchesOneMemberOfEachCriterion) {
             filter.mode.set(member, true);
         for (const int member : c.iotas)
             filter.iota.set(member, true);
-        EXPECT_EQ(passesFilter(filter, c.band, c.mode, c.iota), c.passes) << "case " << i;
+        EXPECT_EQ(passesFilter(filter, c.band, modeGroupOf(c.mode), c.iota, LetterCase::AsWritten),
+                  c.passes)
+            << "case " << i;
     }
 }
 
@@ -71,8 +73,17 @@ TEST(QsoStatus, followsTheCallAndThenTheThreeConfirmations) {
         {"=DL1A", "", "", "", QsoStatus::Worked},    {"", "", "", "", QsoStatus::Worked},
         {"", "Y", "", "", QsoStatus::Confirmed},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(statusOf(c.call, c.qsl, c.eqsl, c.lotw), c.status) << c.call << "," << c.qsl;
+    EntityTable entities;
+    Qso qso({}, entities);
+    for (const auto& c : cases) {
+        QsoFields fields;
+        fields.call = c.call;
+        fields.qslRcvd = c.qsl;
+        fields.eqslRcvd = c.eqsl;
+        fields.lotwRcvd = c.lotw;
+        qso.take(fields, 1);
+        EXPECT_EQ(qso.status(), c.status) << c.call << "," << c.qsl;
+    }
 }
 
 } // namespace

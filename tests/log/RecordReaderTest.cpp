@@ -31,7 +31,7 @@ Items cutAll(RecordReader& reader) {
     }
 }
 
-constexpr std::size_t blockSizes[] = {1, 2, 3, 5, 16, RecordReader::defaultBlockSize};
+constexpr std::size_t blockSizes[] = {1, 2, 3, 5, 16, ReadBlock::defaultSize};
 
 TEST(RecordReader, cutsLogsOfEveryShape) {
     const TestFolder folder;
@@ -114,13 +114,13 @@ TEST(RecordReader, takesLinearTimeForGiantRecordsAndLines) {
     } cases[] = {
         {lines, 0},
         {lines + "<EOR>", 1},
-        {"<A:1>" + std::string(5 * RecordReader::defaultBlockSize, 'x') + "<EOR>\n", 1},
+        {"<A:1>" + std::string(5 * ReadBlock::defaultSize, 'x') + "<EOR>\n", 1},
         {carriageReturns, count + 1},
         {carriageReturns + "\n", count + 1},
     };
     for (const auto& c : cases) {
         const std::string path = folder.write("log.adi", c.log);
-        for (const std::size_t blockSize : {RecordReader::defaultBlockSize, c.log.size()}) {
+        for (const std::size_t blockSize : {ReadBlock::defaultSize, c.log.size()}) {
             LogFile file(path);
             RecordReader reader(file, blockSize);
             EXPECT_EQ(cutAll(reader).size() - 1, c.records);

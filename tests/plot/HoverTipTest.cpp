@@ -17,7 +17,7 @@ constexpr TipParts callsOnly{.latLong = false, .country = false, .call = true};
 class HoverTipTest : public testing::Test {
 protected:
     void add(const std::string& call, double mapY, double mapX) {
-        tables.plotTable.add(46.5F, -72.25F, QsoStatus::Worked, call, "Country of " + call);
+        tables.plotTable.add({{46.5, -72.25}}, QsoStatus::Worked, call, "Country of " + call);
         place(mapY, mapX);
         tables.HoverTable.begin(tables.plotTable.size());
         for (const PlotRow& row : tables.plotTable.rows())
@@ -67,7 +67,7 @@ TEST_F(HoverTipTest, FindsWhatAScanOfAllRowsFinds) {
     std::uniform_real_distribution<double> cluster(-1200.0, 1200.0);
     for (int i = 0; i < 3000; ++i) {
         const bool clustered = i % 3 == 0;
-        tables.plotTable.add(1.0F, 1.0F, QsoStatus::Worked, "C" + std::to_string(i), "");
+        tables.plotTable.add({{1.0, 1.0}}, QsoStatus::Worked, "C" + std::to_string(i), "");
         const double y = clustered ? cluster(random) : anywhere(random);
         place(y, clustered ? cluster(random) : anywhere(random));
     }
