@@ -121,8 +121,8 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
 
 void hintAtOtherPlaces(RunData& data, BatchConsole& console) {
     if (const std::int64_t places = countOtherPlaces(data, console); places > 0) {
-        console.print("--log-format adif finds " + std::to_string(places) +
-                      " places by other fields or by the country of the call");
+        console.print("contacts with a place by other fields or by the country of the call: " +
+                      std::to_string(places) + "; --log-format adif finds them");
     }
 }
 

@@ -97,8 +97,7 @@ public:
     std::string_view trimmed(int row) const { return trimBlanks(value(row)); }
 
     /// Those that the program looks at of the record in hand, once the rows are resolved.
-    QsoFields fields() const {
-        QsoFields fields;
+    void read(QsoFields& fields) const {
         fields.call = trimmed(rows_.RowCall);
         fields.mode = trimmed(rows_.RowMode);
         fields.band = trimmed(rows_.RowBand);
@@ -109,7 +108,6 @@ public:
         fields.country = trimmed(rows_.RowCountry);
         fields.loggerNorth = trimmed(rows_.RowLatitude);
         fields.loggerWest = trimmed(rows_.RowLongitude);
-        return fields;
     }
 
 private:

@@ -35,15 +35,17 @@ public:
         return PassEnd::Done;
     }
 
-    QsoFields fields() {
+    const QsoFields& fields() {
         table_.ParseRecordLine(lines_.line());
-        return table_.fields();
+        table_.read(fields_);
+        return fields_;
     }
 
 private:
     RecordReader lines_;
     const iniFiles& ini_;
     FieldTable& table_;
+    QsoFields fields_;
 };
 
 /// The records of a log of any logger.

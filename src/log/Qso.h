@@ -24,11 +24,11 @@ public:
         : adif_(reading.format == LogFormat::Adif), placeByCountry_(reading.placeByCountry),
           entities_(entities) {}
 
-    /// Takes the record in hand.
-    /// @param fields good as long as they are asked for
+    /// Takes the record in hand, before anything is asked.
+    /// @param fields has to live as long as this record is asked for
     /// @param size bytes of the record
     void take(const QsoFields& fields, std::size_t size) {
-        fields_ = fields;
+        fields_ = &fields;
         size_ = size;
     }
 
@@ -36,7 +36,7 @@ public:
     std::size_t size() const { return size_; }
 
     /// Call of the station, as the log has it.
-    std::string_view call() const { return fields_.call; }
+    std::string_view call() const { return fields_->call; }
 
     /// Name of the country, empty where nothing tells it; good until the next record.
     std::string_view country() const;
@@ -45,7 +45,7 @@ public:
     bool passes(const Filter& filter) const;
 
     /// How far it got.
-    QsoStatus status() const { return statusOf(fields_.call, isConfirmed()); }
+    QsoStatus status() const { return statusOf(fields_->call, isConfirmed()); }
 
     /// Whether it tells where the station is, if only in part: a usable longitude will do.
     bool tellsPlace() const;
@@ -72,7 +72,7 @@ private:
     bool adif_;
     bool placeByCountry_;
     EntityTable& entities_;
-    QsoFields fields_;
+    const QsoFields* fields_ = nullptr;
     std::size_t size_ = 0;
 };
 

@@ -20,12 +20,14 @@ struct LineQso : Qso {
         table_.loadFrom(FieldTable::defaultFieldDictionary());
         table_.ResolveFieldRows();
         table_.ParseRecordLine(line);
-        take(table_.fields(), line.size());
+        table_.read(fields_);
+        take(fields_, line.size());
     }
 
 private:
     EntityTable entities_;
     FieldTable table_;
+    QsoFields fields_;
 };
 
 std::string documentOf(const std::string& log, bool withName) {
