@@ -81,7 +81,7 @@ BatchResult batchPlot(const BatchOptions& options) {
         return BatchResult::FileFailed;
     }
     const bool nothing = data.tables.counters.QsosPlotted == 0;
-    if (nothing && !data.tables.LogHasCoordinates) {
+    if (nothing && (data.tables.FilterPassedAny || !data.tables.LogHasCoordinates)) {
         hintAtOtherPlaces(data, console);
     }
     const bool written =
