@@ -6,21 +6,18 @@ namespace tovrel {
 namespace {
 
 TEST(ByteText, trimsTheBlankCharacterOnly) {
-    const std::pair<std::string_view, std::string_view> cases[] = {
-        {"  a b  ", "a b"}, {"", ""}, {"   ", ""}, {" \ta\t ", "\ta\t"}, {" \r\n", "\r\n"}};
-    for (const auto& [text, trimmed] : cases)
-        EXPECT_EQ(trimBlanks(text), trimmed);
+    EXPECT_EQ(trimBlanks("  a b  "), "a b");
+    EXPECT_EQ(trimBlanks("   "), "");
+    EXPECT_EQ(trimBlanks(" \ta\r\n "), "\ta\r\n");
     EXPECT_EQ(trimBlanksRight("  a "), "  a");
 }
 
 TEST(ByteText, foldsTheCaseOfAsciiLettersAlone) {
     EXPECT_TRUE(equalIgnoringCase("eQSL_rcvd", "EQSL_RCVD"));
-    EXPECT_TRUE(equalIgnoringCase("", ""));
-    EXPECT_FALSE(equalIgnoringCase("CALL", "CALLS"));
-    EXPECT_FALSE(equalIgnoringCase("CALLS", "CALL"));
-    EXPECT_FALSE(equalIgnoringCase("[", "{"));
-    EXPECT_FALSE(equalIgnoringCase("@", "`"));
-    EXPECT_FALSE(equalIgnoringCase("\xE4", "\xC4"));
+    const std::pair<std::string_view, std::string_view> different[] = {
+        {"CALL", "CALLS"}, {"CALLS", "CALL"}, {"[", "{"}, {"@", "`"}, {"\xE4", "\xC4"}};
+    for (const auto& [a, b] : different)
+        EXPECT_FALSE(equalIgnoringCase(a, b)) << a;
 }
 
 TEST(ByteText, showsUtf8AndElseWindows1252) {
@@ -29,8 +26,7 @@ TEST(ByteText, showsUtf8AndElseWindows1252) {
         {"M\xFCller", QStringLiteral(u"M\u00FCller")},
         {"\x80\x9F\xFF", QStringLiteral(u"\u20AC\u0178\u00FF")},
         {"\x81", QStringLiteral(u"\uFFFD")},
-        {"\xC3", QStringLiteral(u"\u00C3")},
-        {"", QString()}};
+        {"\xC3", QStringLiteral(u"\u00C3")}};
     for (const auto& [bytes, text] : cases)
         EXPECT_EQ(displayText(bytes), text);
     EXPECT_EQ(byteText(QStringLiteral(u"M\u00FCller")), "M\xC3\xBCller");

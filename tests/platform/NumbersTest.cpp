@@ -13,46 +13,34 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 constexpr double largest = std::numeric_limits<double>::max();
 
 TEST(Numbers, leadingNumberStopsWhereTheTextIsNoNumberAnyMore) {
-    const std::string zeros(400, '0');
-    const std::pair<std::string, double> cases[] = {{".5", 0.5},
-                                                    {"-.5", -0.5},
-                                                    {"5.", 5.0},
-                                                    {"  -12.75 E", -12.75},
-                                                    {"1.5e3", 1500.0},
-                                                    {"1E-2x", 0.01},
-                                                    {"1e+", 1.0},
-                                                    {"12,5", 12.0},
-                                                    {"1 2", 1.0},
-                                                    {"1.2.3", 1.2},
-                                                    {"0x10", 0.0},
-                                                    {"45N", 45.0},
-                                                    {"1e400", largest},
-                                                    {"1e-400", 0.0},
-                                                    {"1e99999999999999999999", largest},
-                                                    {"1e-99999999999999999999", 0.0},
-                                                    {"0e99999999999999999999", 0.0},
-                                                    {"1" + zeros, largest},
-                                                    {"1" + zeros + ".5", largest},
-                                                    {"0." + zeros + "1", 0.0},
-                                                    {"1" + zeros + "e-10", largest},
-                                                    {"0." + zeros + "1e10", 0.0},
-                                                    {"1" + zeros + "e-400", 1.0}};
-    for (const auto& [text, value] : cases) {
+    const std::pair<std::string, double> cases[] = {
+        {".5", 0.5},     {"-.5", -0.5},   {"5.", 5.0},  {"  -12.75 E", -12.75},
+        {"1.5e3", 1500}, {"1E-2x", 0.01}, {"1e+", 1.0}, {"12,5", 12.0},
+        {"1.2.3", 1.2},  {"0x10", 0.0},   {"45N", 45.0}};
+    for (const auto& [text, value] : cases)
         EXPECT_EQ(leadingNumber(text), value) << text;
-        EXPECT_EQ(numberValue(text), value) << text;
+    EXPECT_EQ(leadingNumber(std::string_view("\0005", 2)), std::nullopt);
+    for (const char* none : {"", "N45", "inf", "nan", ".", "+-5", "-.e5", "e5", "\t5"}) {
+        EXPECT_EQ(leadingNumber(none), std::nullopt) << none;
+        EXPECT_EQ(numberValue(none), 0.0) << none;
     }
-    for (const std::string& text : {std::string(), std::string("\0005", 2)})
-        EXPECT_EQ(leadingNumber(text), std::nullopt);
-    for (const char* text : {"N45", "inf", "nan", ".", "+-5", "-.e5", "e5", "\t5"}) {
-        EXPECT_EQ(leadingNumber(text), std::nullopt) << text;
-        EXPECT_EQ(numberValue(text), 0.0) << text;
-    }
+}
+
+TEST(Numbers, PastTheirRangeAreTheLargestOrZero) {
+    const std::string zeros(400, '0');
+    for (const std::string& text : {std::string("1e400"), std::string("1e99999999999999999999"),
+                                    "1" + zeros + ".5", "1" + zeros + "e-10"})
+        EXPECT_EQ(leadingNumber(text), largest) << text;
+    for (const std::string& text :
+         {std::string("1e-400"), std::string("1e-99999999999999999999"),
+          std::string("0e99999999999999999999"), "0." + zeros + "1", "0." + zeros + "1e10"})
+        EXPECT_EQ(leadingNumber(text), 0.0) << text;
+    EXPECT_EQ(leadingNumber("1" + zeros + "e-400"), 1.0);
 }
 
 TEST(Numbers, aCoordinateIsReadWithoutItsBlanks) {
     const std::pair<std::string, double> cases[] = {
-        {"- 8.25", -8.25}, {"72 .72", 72.72}, {"45 30", 4530.0}, {"1 . 5 E", 1.5}, {"4\t5", 4.0},
-        {"- 0", 0.0},      {"  ", 0.0},       {"N 45", 0.0},     {"-73.5", -73.5}};
+        {"- 8.25", -8.25}, {"72 .72", 72.72}, {"4\t5", 4.0}, {"  ", 0.0}, {"N 45", 0.0}};
     for (const auto& [text, value] : cases)
         EXPECT_EQ(coordinateValue(text), value) << text;
 }
@@ -78,19 +66,13 @@ TEST(Numbers, roundsATieToTheEvenNeighbour) {
 }
 
 TEST(Numbers, holdsValuesWithinTheRangeOfTheType) {
-    const std::pair<double, int> ints[] = {{2.5, 2},
-                                           {-3.5, -4},
-                                           {1e10, std::numeric_limits<int>::max()},
-                                           {-infinity, std::numeric_limits<int>::min()},
-                                           {NAN, 0}};
-    for (const auto& [value, rounded] : ints)
-        EXPECT_EQ(roundToInt(value), rounded) << value;
-
-    constexpr float most = std::numeric_limits<float>::max();
-    const std::pair<double, float> singles[] = {
-        {0.1, 0.1F}, {1e300, most}, {-infinity, -most}, {1e-300, 0.0F}, {NAN, 0.0F}};
-    for (const auto& [value, single] : singles)
-        EXPECT_EQ(toSingle(value), single) << value;
+    EXPECT_EQ(roundToInt(-3.5), -4);
+    EXPECT_EQ(roundToInt(1e10), std::numeric_limits<int>::max());
+    EXPECT_EQ(roundToInt(-infinity), std::numeric_limits<int>::min());
+    EXPECT_EQ(roundToInt(NAN), 0);
+    EXPECT_EQ(toSingle(0.1), 0.1F);
+    EXPECT_EQ(toSingle(-infinity), std::numeric_limits<float>::lowest());
+    EXPECT_EQ(toSingle(NAN), 0.0F);
 }
 
 TEST(Numbers, writesTheShortestTextThatReadsBack) {
@@ -109,16 +91,12 @@ TEST(Numbers, writesTheShortestTextThatReadsBack) {
 TEST(Numbers, writesAtMostFifteenDigitsInGeneralFormat) {
     const std::pair<double, std::string> cases[] = {{-73.5, "-73.5"},
                                                     {-0.0, "0"},
-                                                    {100.0, "100"},
-                                                    {1.0 / 3.0, "0.333333333333333"},
                                                     {0.1 + 0.2, "0.3"},
-                                                    {123.456789012345678, "123.456789012346"},
                                                     {0.0001, "0.0001"},
                                                     {0.00001, "1e-05"},
+                                                    {1.0 / 3.0, "0.333333333333333"},
                                                     {999999999999999.0, "999999999999999"},
-                                                    {999999999999999.5, "1e+15"},
-                                                    {1e15, "1e+15"},
-                                                    {-largest, "-1.79769313486232e+308"}};
+                                                    {999999999999999.5, "1e+15"}};
     for (const auto& [value, text] : cases)
         EXPECT_EQ(generalText(value), text);
 }

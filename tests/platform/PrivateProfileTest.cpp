@@ -10,13 +10,11 @@ namespace {
 constexpr std::size_t size = 512;
 
 TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
-    const std::string longValue(600, 'v');
     const struct {
         const char* what;
         std::string content;
         std::string value; ///< of key Key in section Main, "default" when missing
-    } cases[] = {{"plain", "[Main]\r\nKey=value\r\n", "value"},
-                 {"case", "[MAIN]\r\nkEY=Value\r\n", "Value"},
+    } cases[] = {{"case", "[MAIN]\r\nkEY=Value\r\n", "Value"},
                  {"LF and no end of the last line", "[Main]\nKey=value", "value"},
                  {"CR alone", "[Main]\rKey=value\r", "value"},
                  {"byte order mark", "\xEF\xBB\xBF[Main]\nKey=value\n", "value"},
@@ -30,16 +28,11 @@ TEST(PrivateProfile, readsAValueAsTheSettingsFormatHasIt) {
                  {"a quote alone", "[Main]\r\nKey=\"\r\n", "\""},
                  {"the first of two keys", "[Main]\r\nKey=1\r\nKey=2\r\n", "1"},
                  {"the first of two sections", "[Main]\r\nA=1\r\n[Main]\r\nKey=2\r\n", "default"},
-                 {"another section", "[Other]\r\nKey=1\r\n[Mainly]\r\nKey=2\r\n", "default"},
-                 {"section after others", "[Other]\r\nKey=1\r\n[Main]\r\nKey=2\r\n", "2"},
+                 {"other sections", "[Mainly]\r\nKey=1\r\n[Main]\r\nKey=2\r\n", "2"},
                  {"before any section", "Key=1\r\n[Main]\r\n", "default"},
                  {"comment", "[Main]\r\n;Key=1\r\n", "default"},
                  {"key without =", "[Main]\r\nKey\r\n", "default"},
-                 {"longer than the buffer", "[Main]\r\nKey=" + longValue + "\r\n",
-                  longValue.substr(0, size - 1)},
-                 {"section mark not closed", "[]\r\n[Main\r\nKey=1\r\n", "1"},
-                 {"garbage", "\xFF[\x01]\r=\r\n[[[\n[]=Key=\x1A", "default"},
-                 {"nothing", "", "default"}};
+                 {"section mark not closed", "[]\r\n[Main\r\nKey=1\r\n", "1"}};
     const TestFolder folder;
     for (const auto& c : cases) {
         const PrivateProfile profile(folder.write("a.ini", c.content));
@@ -63,14 +56,10 @@ TEST(PrivateProfile, writesAKeyAndKeepsAllElse) {
          "[Main]\r\nA=1\r\n\r\n[Other]\r\nB=2\r\n",
          "[Main]\r\nA=1\r\nKey=new\r\n\r\n[Other]\r\nB=2\r\n"},
         {"empty section", "[Main]\r\n[Other]\r\n", "[Main]\r\nKey=new\r\n[Other]\r\n"},
-        {"LF stays LF", "[Main]\nA=1\n[Other]\n", "[Main]\nA=1\nKey=new\n[Other]\n"},
         {"new section, LF, last line without end", "[Other]\nA=1",
          "[Other]\nA=1\n[Main]\nKey=new\n"},
-        {"new key, last line without end", "[Main]\r\nA=1", "[Main]\r\nA=1\r\nKey=new\r\n"},
         {"key on the last line without end", "[Main]\nKey=1", "[Main]\nKey=new"},
-        {"only the first of two", "[Main]\nKey=1\nKey=2\n", "[Main]\nKey=new\nKey=2\n"},
         {"a comment is no key", "[Main]\n;Key=1\n", "[Main]\n;Key=1\nKey=new\n"},
-        {"garbage stays", "\xFF\x01\r\n[x]\r\n", "\xFF\x01\r\n[x]\r\n[Main]\r\nKey=new\r\n"},
         {"the same value stays as it is spelt", "[Main]\n Key =  new \n",
          "[Main]\n Key =  new \n"}};
     const TestFolder folder;
@@ -81,41 +70,31 @@ TEST(PrivateProfile, writesAKeyAndKeepsAllElse) {
             folder.write("a.ini", c.before);
         EXPECT_TRUE(profile.write("Main", "Key", "new")) << c.what;
         EXPECT_EQ(folder.read("a.ini"), c.after) << c.what;
+        for (const std::string_view broken : {"a\nb", "a\rb"})
+            EXPECT_FALSE(profile.write("Main", "Key", broken)) << "it would break the file";
         EXPECT_EQ(profile.read("MAIN", "KEY", "", size), "new") << c.what;
     }
-}
-
-TEST(PrivateProfile, refusesAValueThatWouldBreakTheFile) {
-    const TestFolder folder;
-    PrivateProfile profile(folder.write("a.ini", "[Main]\r\nKey=1\r\n"));
-    for (const std::string_view value : {"a\nb", "a\rb", "\n[Other]"})
-        EXPECT_FALSE(profile.write("Main", "Key", value));
-    EXPECT_EQ(folder.read("a.ini"), "[Main]\r\nKey=1\r\n");
 }
 
 TEST(PrivateProfile, replacesTheFileOnceAtTheEndOfTheOutermostBatch) {
     const TestFolder folder;
     PrivateProfile profile(folder.write("a.ini", "[Main]\nA=1\n"));
+    PrivateProfile::Batch outer(profile);
+    EXPECT_TRUE(profile.write("Main", "A", "2"));
     {
-        PrivateProfile::Batch outer(profile);
-        EXPECT_TRUE(profile.write("Main", "A", "2"));
-        {
-            const PrivateProfile::Batch inner(profile);
-            EXPECT_TRUE(profile.write("Main", "B", "3"));
-        }
-        EXPECT_EQ(profile.read("Main", "A", "", size), "2");
-        EXPECT_EQ(profile.read("Main", "B", "", size), "3");
-        EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=1\n");
-        EXPECT_TRUE(outer.finish());
-        EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=2\nB=3\n");
+        const PrivateProfile::Batch inner(profile);
+        EXPECT_TRUE(profile.write("Main", "B", "3"));
     }
-    // Without a write the file is not touched, so that another program's change stays.
+    EXPECT_EQ(profile.read("Main", "A", "", size) + profile.read("Main", "B", "", size), "23");
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=1\n");
+    EXPECT_TRUE(outer.finish());
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=2\nB=3\n");
     {
         const PrivateProfile::Batch batch(profile);
         profile.write("Main", "A", "2");
         folder.write("a.ini", "[Main]\nA=9\n");
     }
-    EXPECT_EQ(profile.read("Main", "A", "", size), "9");
+    EXPECT_EQ(folder.read("a.ini"), "[Main]\nA=9\n") << "another's change: nothing was written";
 }
 
 TEST(PrivateProfile, neverWritesWhatIsNoSettingsFile) {
@@ -130,44 +109,23 @@ TEST(PrivateProfile, neverWritesWhatIsNoSettingsFile) {
         PrivateProfile profile(folder.write("a.ini", bytes));
         EXPECT_EQ(profile.state(), PrivateProfile::State::Foreign) << bytes.substr(0, 20);
         EXPECT_FALSE(profile.write("Main", "A", "2"));
-        {
-            PrivateProfile::Batch batch(profile);
-            EXPECT_FALSE(profile.write("Main", "A", "2"));
-            EXPECT_FALSE(batch.finish());
-        }
+        PrivateProfile::Batch batch(profile);
+        EXPECT_FALSE(profile.write("Main", "A", "2"));
+        EXPECT_FALSE(batch.finish());
         EXPECT_EQ(profile.read("Main", "A", "default", size), "default");
         EXPECT_TRUE(folder.read("a.ini") == bytes);
     }
 }
 
-/// What a profile tells of its failures.
-struct Failures {
-    explicit Failures(PrivateProfile& profile) {
-        failed_ = profile.failed.connect([this](const PrivateProfile::Failure& failure) {
-            all.push_back((failure.of == PrivateProfile::Failure::Of::Reading ? "r " : "w ") +
-                          failure.reason);
-        });
-    }
-    std::vector<std::string> all;
-
-private:
-    Connection failed_;
-};
-
+#ifdef __unix__
 TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAloneAndTellsWhy) {
     const TestFolder folder;
-    std::filesystem::create_directory(folder.path("b.ini"));
-    for (const char* name : {"b.ini", "missing/a.ini"}) {
-        PrivateProfile profile(folder.path(name));
-        const Failures told(profile);
-        EXPECT_FALSE(profile.write("Main", "Key", "new"));
-        EXPECT_EQ(told.all, std::vector<std::string>{name == std::string("b.ini")
-                                                         ? "r Is a directory"
-                                                         : "w No such file or directory"});
-    }
-#ifdef __unix__
     PrivateProfile profile(folder.write("a.ini", "[Main]\nKey=1\n"));
-    const Failures told(profile);
+    std::vector<std::string> told;
+    const Connection failed = profile.failed.connect([&told](const auto& failure) {
+        const bool reading = failure.of == PrivateProfile::Failure::Of::Reading;
+        told.push_back((reading ? "r " : "w ") + failure.reason);
+    });
     {
         const ReadOnlyFolder locked(folder);
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
@@ -176,21 +134,21 @@ TEST(PrivateProfile, leavesWhatItCannotReadOrWriteAloneAndTellsWhy) {
         EXPECT_FALSE(batch.finish());
         EXPECT_EQ(profile.read("Main", "Key", "", size), "1");
     }
-    EXPECT_EQ(told.all, std::vector<std::string>(2, "w Permission denied"));
+    EXPECT_EQ(told, std::vector<std::string>(2, "w Permission denied"));
     std::filesystem::permissions(profile.path(), std::filesystem::perms::none);
     {
         const ReadOnlyFolder strangers(folder, 0777); // might replace the file
         EXPECT_EQ(profile.read("Main", "Key", "default", size), "1") << "as it was read last";
         EXPECT_FALSE(profile.write("Main", "Key", "new"));
-        EXPECT_EQ(told.all.back(), "r Permission denied");
+        EXPECT_EQ(told.back(), "r Permission denied");
         const PrivateProfile other(profile.path());
         EXPECT_EQ(other.read("Main", "Key", "default", size), "default");
     }
     std::filesystem::permissions(profile.path(), std::filesystem::perms::owner_all);
     EXPECT_EQ(folder.read("a.ini"), "[Main]\nKey=1\n");
     EXPECT_EQ(folder.names(), "a.ini ");
-#endif
 }
+#endif
 
 } // namespace
 } // namespace tovrel
