@@ -1,5 +1,6 @@
 #include "fuzz/Fuzz.h"
 #include "map/BaseMap.h"
+#include "map/MapColours.h"
 #include "platform/TestFolder.h"
 #include "run/TestDoubles.h"
 
@@ -25,11 +26,8 @@ void tryInput(Input input) {
     SilentListener listener;
     ScriptedPrompt prompt;
     const std::unique_ptr<const WorldMap> map = worldMap(projection, latitude, 0.0F);
-    const BaseMapStyle style{.map = map.get(),
-                             .land = 0xC0FFC0,
-                             .water = 0xFECDA5,
-                             .relief = relief,
-                             .reliefLand = 0xC0FFC0};
+    const BaseMapStyle style{
+        .map = map.get(), .land = land, .water = water, .relief = relief, .reliefLand = land};
     const BaseMapEnd end = drawBaseMap(Picture1, style, folder.path(), listener, prompt);
     require(!end.dataMissing && !end.reliefRefused, "both files are there");
     require(end.dataUnreadable != prompt.told.empty(), "a damaged coast is told");

@@ -1,5 +1,6 @@
 #include "fuzz/Fuzz.h"
 #include "map/BaseMapCache.h"
+#include "map/MapColours.h"
 #include "map/TopoOverlay.h"
 #include "platform/TestFolder.h"
 #include "run/TestDoubles.h"
@@ -26,7 +27,7 @@ void tryInput(Input input) {
     SilentListener listener;
     ScriptedPrompt prompt;
     for (const Projection projection : allProjections) {
-        TopoOverlay(Picture2, image, *worldMap(projection, 50.0F, 10.0F), 0xC0FFC0, {}, listener,
+        TopoOverlay(Picture2, image, *worldMap(projection, 50.0F, 10.0F), land, {}, listener,
                     prompt);
     }
     const MapHome home = cached.home.value_or(MapHome{50.0F, 10.0F});

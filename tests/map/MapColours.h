@@ -1,12 +1,13 @@
 #pragma once
 
-#include "platform/Colour.h"
+#include "state/MapColours.h"
 
 namespace tovrel {
 
 constexpr Colour white = 0xFFFFFF;
 constexpr Colour black = 0x000000;
-constexpr Colour land = 0xC0FFC0;
-constexpr Colour water = 0xFECDA5;
+constexpr Colour land = keyOf(MapColour::Land).byDefault;
+constexpr Colour water = keyOf(MapColour::Water).byDefault;
+constexpr Colour grey = keyOf(MapColour::Meridian).byDefault;
 
 } // namespace tovrel

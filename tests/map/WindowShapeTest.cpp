@@ -16,35 +16,33 @@ constexpr MapShape square{.widthPerHeight = 1, .ofClientArea = true};
 constexpr MapShape twoToOne{.widthPerHeight = 2, .ofClientArea = false};
 
 TEST(WindowShape, CorrectsOneSideByTheDraggedEdge) {
-    // The platform's numbers of the edges. The azimuthal map is square below the chrome.
+    using Edge = SizingEdge;
+    // The azimuthal map is square below the chrome.
     const struct {
-        int edge;
+        std::vector<Edge> edges;
         QRect azimuthal;
         QRect miller;
-    } cases[] = {{1, rect(10, 20, 310, 360), rect(10, 20, 310, 170)},
-                 {2, rect(10, 20, 310, 360), rect(10, 20, 310, 170)},
-                 {3, rect(10, 20, 170, 220), rect(10, 20, 410, 220)},
-                 {4, rect(150, 20, 310, 220), rect(-90, 20, 310, 220)},
-                 {5, rect(10, 20, 170, 220), rect(10, 20, 410, 220)},
-                 {6, rect(10, 20, 170, 220), rect(10, 20, 410, 220)},
-                 {7, rect(10, 20, 310, 360), rect(10, 20, 310, 170)},
-                 {8, rect(10, 20, 310, 360), rect(10, 20, 310, 170)}};
+    } cases[] = {
+        {{Edge::Left, Edge::Right, Edge::BottomLeft, Edge::BottomRight},
+         rect(10, 20, 310, 360),
+         rect(10, 20, 310, 170)},
+        {{Edge::Top, Edge::TopRight, Edge::Bottom}, rect(10, 20, 170, 220), rect(10, 20, 410, 220)},
+        {{Edge::TopLeft}, rect(150, 20, 310, 220), rect(-90, 20, 310, 220)}};
     const QRect proposed = rect(10, 20, 310, 220);
     for (const auto& c : cases) {
-        const auto edge = static_cast<SizingEdge>(c.edge);
-        EXPECT_EQ(SizingProc(proposed, edge, square, chrome), c.azimuthal);
-        EXPECT_EQ(SizingProc(proposed, edge, twoToOne, chrome), c.miller) << c.edge;
+        for (const Edge edge : c.edges) {
+            EXPECT_EQ(SizingProc(proposed, edge, square, chrome), c.azimuthal);
+            EXPECT_EQ(SizingProc(proposed, edge, twoToOne, chrome), c.miller);
+        }
         EXPECT_EQ(shapedWindow(proposed, c.azimuthal, square, chrome), c.azimuthal)
             << "nothing to be done";
     }
 }
 
 TEST(WindowShape, RoundsTheMillerHeightToAnEvenBottom) {
-    const struct { int top, bottom; } cases[] = {{100, 550}, {101, 552}, {-100, 350}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(SizingProc(rect(0, c.top, 901, 700), SizingEdge::Right, twoToOne, chrome),
-                  rect(0, c.top, 901, c.bottom));
-    }
+    for (const auto& [top, bottom] : {std::pair{100, 550}, {101, 552}, {-100, 350}})
+        EXPECT_EQ(SizingProc(rect(0, top, 901, 700), SizingEdge::Right, twoToOne, chrome),
+                  rect(0, top, 901, bottom));
 }
 
 TEST(WindowShape, TellsTheDraggedEdgeFromWhatMoved) {
