@@ -68,6 +68,11 @@ struct PlotRun {
             all += (all.empty() ? "" : " ") + std::to_string(count);
         return all;
     }
+    /// What was drawn, and what of it in a colour of the key.
+    Ink ink() const { return inkOver(surface, surface.BackColor); }
+    Ink ink(MapColour entry) const { return inkOf(surface, colour(entry)); }
+    Colour colour(MapColour entry) const { return data.stats.legend().colour(entry); }
+
     template <typename List>
     static std::string calls(const List& list) {
         std::string all;

