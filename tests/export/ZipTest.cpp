@@ -2,7 +2,6 @@
 
 #include "export/Unpacked.h"
 #include "platform/TestFolder.h"
-#include "platform/WriteLimit.h"
 
 #include <QDateTime>
 #include <random>
@@ -24,24 +23,8 @@ void stamp(const std::string& path, const QDateTime& time) {
     ASSERT_TRUE(file.setFileTime(time, QFileDevice::FileModificationTime));
 }
 
-std::string noise(std::size_t length) {
-    std::mt19937 random(5);
-    std::string bytes(length, '\0');
-    for (char& c : bytes)
-        c = static_cast<char>(random());
-    return bytes;
-}
-
 class ZipTest : public testing::Test {
 protected:
-    /// The archive that holds one file of the given content.
-    std::string packed(const std::string& content) {
-        ZipClass one;
-        EXPECT_TRUE(one.AddFile(folder.write("n", content))) << one.error();
-        EXPECT_TRUE(one.WriteZip(out)) << one.error();
-        return folder.read("out.zip");
-    }
-
     TestFolder folder;
     std::string out = folder.path("out.zip");
     ZipClass zip;
@@ -77,27 +60,21 @@ TEST_F(ZipTest, writesAnArchiveToTheByte) {
                          le(4, directory.size()) + le(4, entries.size()) + le(2, 0));
 }
 
-TEST_F(ZipTest, writesAnArchiveWithoutEntries) {
-    ASSERT_TRUE(zip.WriteZip(out));
-    EXPECT_EQ(folder.read("out.zip"), "PK\5\6" + std::string(18, '\0'));
-}
-
-TEST_F(ZipTest, packsWhatDoesNotCompressAndWhatIsLarge) {
-    for (const std::size_t length : {0U, 1U, 20U, 100U, 65'535U, 1'000'000U})
-        EXPECT_EQ(firstEntryOf(packed(noise(length))), noise(length)) << length;
-}
-
 // What is read in blocks gives the stream that zlib makes of the whole, wherever the file ends.
 TEST_F(ZipTest, packsToTheBytesOfZlibsCompress) {
-    std::string text;
-    std::mt19937 random(3);
-    while (text.size() < 2'000'000)
-        text += "<call>" + std::to_string(random() % 5000) + "</call>\r\n";
     constexpr std::size_t block = 262'144;
+    std::mt19937 random(3);
+    std::string text;
+    while (text.size() < 3 * block)
+        text += "<call>" + std::to_string(random() % 5000) + "</call>\r\n";
+    while (text.size() < 5 * block) // what does not compress
+        text += static_cast<char>(random());
     for (const std::size_t length :
-         {std::size_t{1}, block - 1, block, block + 1, 3 * block, 5 * block + 261, text.size()}) {
+         {std::size_t{1}, block - 1, block, block + 1, 3 * block, 4 * block + 261, text.size()}) {
         const std::string content = text.substr(0, length);
-        const std::string archive = packed(content);
+        ZipClass one;
+        ASSERT_TRUE(one.AddFile(folder.write("n", content)) && one.WriteZip(out)) << one.error();
+        const std::string archive = folder.read("out.zip");
         uLongf size = compressBound(static_cast<uLong>(length));
         std::string whole(size, '\0');
         ASSERT_EQ(compress(reinterpret_cast<Bytef*>(whole.data()), &size,
@@ -116,7 +93,7 @@ TEST_F(ZipTest, refusesWhatItCannotHold) {
     std::filesystem::resize_file(large, std::uintmax_t{1} << 31U);
     const std::string tooLong(32'768, 'n');
     const std::pair<std::string, std::string> cases[] = {
-        {folder.path("missing"), ""}, {"", ""}, {folder.path(), ""}, {large, ""}, {small, tooLong}};
+        {folder.path("missing"), ""}, {folder.path(), ""}, {large, ""}, {small, tooLong}};
     for (const auto& [path, name] : cases) {
         EXPECT_FALSE(zip.AddFile(path, name)) << path;
         EXPECT_FALSE(zip.error().empty());
@@ -136,37 +113,13 @@ TEST_F(ZipTest, holdsNoMoreEntriesThanASignedCount) {
     EXPECT_EQ(numberAt(bytes, bytes.size() - 22 + 10, 2), 32'767U);
 }
 
-TEST_F(ZipTest, leavesTheOldFileWhereItCannotReplaceIt) {
-    ASSERT_TRUE(zip.AddFile(folder.write("noise", noise(300'000))));
-    EXPECT_FALSE(zip.WriteZip(folder.path("missing/out.zip")));
-    EXPECT_FALSE(zip.WriteZip(folder.path()));
-    EXPECT_FALSE(zip.error().empty());
-    folder.write("out.zip", "old");
-#ifdef __unix__
-    {
-        const WriteLimit fullDisk(100'000);
-        EXPECT_FALSE(zip.WriteZip(out));
-    }
-    {
-        const ReadOnlyFolder readOnly(folder);
-        EXPECT_FALSE(zip.WriteZip(out));
-    }
-#endif
-    EXPECT_EQ(folder.read("out.zip"), "old");
-    EXPECT_EQ(folder.names(), "noise out.zip ");
-    EXPECT_TRUE(zip.WriteZip(out)) << "a second try, when there is room again";
-    EXPECT_EQ(firstEntryOf(folder.read("out.zip")), noise(300'000));
-}
-
 TEST(ZipFile, stampsDosTimesFromTheirFirstYearToTheirLast) {
-    EXPECT_EQ(ZipFile::DosDate(QDateTime({1980, 1, 1}, {0, 0, 0})), 0x0021);
-    EXPECT_EQ(ZipFile::DosDate(QDateTime({2107, 12, 31}, {0, 0, 0})), 0xFF9F);
-    for (const QDateTime& before : {QDateTime({1970, 1, 1}, {5, 5, 5}), QDateTime()}) {
-        EXPECT_EQ(ZipFile::DosDate(before), 0x0021);
-        EXPECT_EQ(ZipFile::DosTime(before), 0);
-    }
-    EXPECT_EQ(ZipFile::DosDate(QDateTime({2242, 3, 16}, {0, 0, 0})), 0xFF9F);
-    EXPECT_EQ(ZipFile::DosTime(QDateTime({2242, 3, 16}, {0, 0, 0})), 29 | 59 << 5 | 23 << 11);
+    const QDateTime before({1970, 1, 1}, {5, 5, 5});
+    EXPECT_EQ(ZipFile::DosDate(before), 0x0021);
+    EXPECT_EQ(ZipFile::DosTime(before), 0);
+    const QDateTime after({2242, 3, 16}, {0, 0, 0});
+    EXPECT_EQ(ZipFile::DosDate(after), 0xFF9F);
+    EXPECT_EQ(ZipFile::DosTime(after), 29 | 59 << 5 | 23 << 11);
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/Numbers.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
 
@@ -23,11 +22,8 @@ public:
         progress = {0.0F};
         yields = 0;
     }
-    void showStatus(std::string_view newStatus) override { trace.push_back(status = newStatus); }
-    void showProgress(float value) override {
-        progress.push_back(value);
-        trace.push_back(decimalText(value));
-    }
+    void showStatus(std::string_view newStatus) override { status = newStatus; }
+    void showProgress(float value) override { progress.push_back(value); }
     void endPass() override { open = false; }
     void yield() override {
         ++yields;
@@ -45,7 +41,6 @@ public:
     std::string status;
     float maximum = 0.0F;
     std::vector<float> progress;
-    std::vector<std::string> trace; ///< status lines and bar values in the order of their coming
 };
 
 /// Keeps the messages and answers every question alike.

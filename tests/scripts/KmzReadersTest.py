@@ -3,8 +3,9 @@
 
     KmzReadersTest.py EXPORT_PROGRAM DATA_FOLDER READER
 
-Exports the sample log with EXPORT_PROGRAM and gives the archive to READER: zipfile, unzip, zipinfo,
-xmllint or ogrinfo. Ends with 0 when it finds all of it, with 77 when the reader is not installed.
+Exports the sample log with EXPORT_PROGRAM and gives the archive to READER: zipfile, which looks at
+each placemark, or unzip, which looks at the archive's form. Ends with 0 when it finds all of it,
+with 77 when the reader is not installed.
 """
 
 import collections
@@ -16,6 +17,7 @@ import sys
 import tempfile
 import time
 import zipfile
+from xml.etree import ElementTree
 
 SKIPPED = 77
 ICONS = ["Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"]
@@ -52,58 +54,33 @@ def expected_placemarks(log):
     return folders
 
 
+def placemarks_in(document):
+    """The same as the document has them."""
+    folders = collections.defaultdict(list)
+    for folder in ElementTree.fromstring(document).iter(f"{KML}Folder"):
+        for placemark in folder.iter(f"{KML}Placemark"):
+            longitude, latitude = placemark.findtext(f".//{KML}coordinates").split(",")
+            folders[folder.findtext(f"{KML}name").removeprefix("W1TVR ")].append(
+                (placemark.findtext(f"{KML}name"), float(longitude), latitude))
+    return folders
+
+
 def read_with_zipfile(archive, log, data):
     before = time.localtime(archive.stat().st_mtime - 60)[:6]
     with zipfile.ZipFile(archive) as kmz:
         assert kmz.testzip() is None
         assert kmz.namelist() == ["log.kml", *ICONS], kmz.namelist()
-        for info in kmz.infolist():
-            assert info.compress_type == zipfile.ZIP_DEFLATED
-            assert info.internal_attr == 0x20 and info.external_attr == 0
         assert kmz.getinfo("log.kml").date_time >= before
         for icon in ICONS:
             assert kmz.read(icon) == (data / icon).read_bytes(), icon
-        lines = kmz.read("log.kml").split(b"\r\n")
-    assert lines[0] == b'<?xml version="1.0" encoding="UTF-8"?>' and lines[-2:] == [b"</kml>", b""]
-    placemarks = sum(line == b"   <Placemark>" for line in lines)
-    assert placemarks == sum(map(len, expected_placemarks(log).values())) > 100, placemarks
+        found, wanted = placemarks_in(kmz.read("log.kml")), expected_placemarks(log)
+    assert found == wanted, {folder: (len(found[folder]), len(wanted[folder])) for folder in wanted}
+    assert sum(map(len, found.values())) > 100
 
 
 def read_with_unzip(archive, log, data):
     report = run("unzip", "-t", str(archive))
     assert "No errors detected" in report and report.count(" OK") == 4, report
-
-
-def read_with_zipinfo(archive, log, data):
-    report = run("zipinfo", "-v", str(archive))
-    assert report.count("compression method:                             deflated") == 4, report
-    assert report.count("compression sub-type (deflation):               maximum") == 4, report
-    assert "warning" not in report.lower() and "error" not in report.lower(), report
-
-
-def read_with_xmllint(archive, log, data):
-    document = archive.with_suffix(".kml")
-    with zipfile.ZipFile(archive) as kmz:
-        document.write_bytes(kmz.read("log.kml"))
-    run("xmllint", "--noout", str(document))
-    for folder, placemarks in expected_placemarks(log).items():
-        path = f'//*[local-name()="Folder"][*="W1TVR {folder}"]/*[local-name()="Placemark"]'
-        count = run("xmllint", "--xpath", f"count({path})", str(document))
-        assert int(count) == len(placemarks), (folder, count, len(placemarks))
-
-
-def read_with_ogrinfo(archive, log, data):
-    report = run("ogrinfo", "-ro", "-al", "-oo", "LIST_ALL_TABLES=YES", str(archive))
-    layers = re.split(r"^Layer name: ", report, flags=re.MULTILINE)[1:]
-    folders = expected_placemarks(log)
-    assert [layer.split("\n")[0] for layer in layers] == [
-        f"W1TVR {folder}" for folder in ("Confirmed", "Worked", "Heard")], report[:2000]
-    for layer, folder in zip(layers, ("Confirmed", "Worked", "Heard")):
-        names = re.findall(r"^  Name \(String\) = (.*)$", layer, re.MULTILINE)
-        points = re.findall(r"POINT (?:Z )?\((\S+) ([^ )]+)", layer)
-        found = [(name, float(x), float(y)) for name, (x, y) in zip(names, points, strict=True)]
-        wanted = [(call, x, float(y or "0")) for call, x, y in folders[folder]]
-        assert found == wanted, (folder, len(found), len(wanted))
 
 
 def main():
