@@ -13,7 +13,7 @@ TEST(GCMapLoadADIF, CountsListsAndSumsUpASmallLog) {
     PlotRun run(
         "A header <EOH>\r\n" + record({"W1A", "41.5", "72.5", "20M", "CW", "", ""}) +
         record({"DL1A", " 50 ", " -10.5 ", "40M", "SSB", "", "<QSL_RCVD:1>Y"}) + "\r\n" +
-        record({"ZS1A=", "-33", "-18", "", "", "", "<LOTW_QSL_RCVD:1>Y"}) +
+        record({"ZS1A=", "-33", "-18", "", "", "", "<LOTW_QSL_RCVD:1>Y<COUNTRY:5>Japan"}) +
         record({"G1A", "51", "0", "", "", "", ""}) + record({"AA1A", "", "7", "", "", "", ""}) +
         record({"N1A", "N45", "-0"}) +
         record({"JA1A", "35N", "-1.39e2", "", "", "", "<eqsl_qsl_rcvd:1>Y<COUNTRY:5>Japan"}));

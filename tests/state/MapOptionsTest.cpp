@@ -85,6 +85,9 @@ TEST_F(MapOptionsTest, loadsMarksAndOptionsWithTheirFallbacks) {
     EXPECT_EQ(azimuthal.line, 3);
     EXPECT_TRUE(miller.chkCall);
     EXPECT_EQ(run.marks, MenuMarks());
+    maps.of(Projection::Miller).marker = MarkerSize::Large;
+    maps.loadBoxes(Projection::Miller);
+    EXPECT_EQ(miller.marker, MarkerSize::Small) << "the settings have none of the words";
 }
 
 TEST_F(MapOptionsTest, savesAllThatItLoads) {
