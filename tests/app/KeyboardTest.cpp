@@ -17,6 +17,12 @@ protected:
         return static_cast<Qt::Key>(
             caption.at(caption.indexOf(QLatin1Char('&')) + 1).toUpper().unicode());
     }
+    static void expectOwnLetters(const QWidget& menu) {
+        std::set<Qt::Key> letters;
+        for (const QAction* action : menu.actions())
+            EXPECT_TRUE(action->isSeparator() || letters.insert(letterOf(*action)).second)
+                << action->text().toStdString();
+    }
 };
 
 TEST_F(KeyboardTest, SpaceChoosesArrowsWalkAFrameAndReturnPressesTheButtonThatHasTheFocusAlone) {
@@ -68,9 +74,11 @@ TEST_F(KeyboardTest, ReturnAndEscapeEndADialogAsTheyShould) {
 TEST_F(KeyboardTest, EveryMenuOpensByItsLetters) {
     QApplication::setActiveWindow(main_.get());
     int menus = 0;
+    expectOwnLetters(*main_->menuBar());
     for (QMenu* menu : main_->menuBar()->findChildren<QMenu*>()) {
         if (menu->menuAction()->objectName().isEmpty())
             continue; // the bar's own, for items that have no room
+        expectOwnLetters(*menu);
         std::vector<const QMenu*> road;
         for (const QMenu* at = menu; at; at = qobject_cast<const QMenu*>(at->parent()))
             road.insert(road.begin(), at);

@@ -3,15 +3,18 @@
 #include "app/Controls.h"
 #include "app/MainMenu.h"
 #include "app/frmMain.h"
+#include "map/Pixels.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
 
+#include <QColorDialog>
 #include <QDialog>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
+#include <QWindow>
+#include <deque>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -39,31 +42,27 @@ protected:
     }
     void copyData() {
         for (const char* name : {"mapper.pnt", "paintma.txt"})
-            std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder_.path(name));
+            std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder_.path(name),
+                                       std::filesystem::copy_options::skip_existing);
     }
 
     /// Starts the program as its user does.
     void start() {
+        main_.reset(); // of the run before
         data_ = std::make_unique<RunData>(folder_.path(), "Tovrel.ini");
         main_ = std::make_unique<frmMain>(*data_);
-        // A window that nobody expects would stop the test for ever.
-        QObject::connect(&watch_, &QTimer::timeout, &polls_, [this] {
-            QWidget* const modal = QApplication::activeModalWidget();
-            auto* const dialog = qobject_cast<QDialog*>(modal);
-            if (dialog != nullptr && expected_ == 0 && modal == seen_)
-                refuse(*dialog);
-            seen_ = modal;
-        });
-        watch_.start(1000);
+        looks_.callOnTimeout(main_.get(), [this] { look(); });
+        looks_.start(5);
         main_->start();
-        QTest::qWait(400); // the window looks for its frame
+        // Where the frame is known at once, the start is over with the events that it has left.
+        EXPECT_FALSE(main_->windowHandle()->frameMargins().isNull());
+        QApplication::processEvents();
     }
 
     void TearDown() override {
-        EXPECT_EQ(expected_, 0) << "a window that should have come did not";
-        if (main_ && main_->isVisible()) {
+        if (main_)
             main_->close();
-        }
+        EXPECT_TRUE(answers_.empty()) << "a window that should have come did not";
     }
 
     QAction& item(const char* name) { return menuItem(*main_->menuBar(), name); }
@@ -72,18 +71,19 @@ protected:
     /// The map as the user sees it.
     QImage map() { return main_->centralWidget()->grab().toImage(); }
 
-    /// How many pixels of the map have a colour.
-    int pixels(const QColor& colour) {
+    /// Where the map has a colour.
+    Ink ink(const QColor& colour) {
         const QImage image = map();
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                count += image.pixelColor(x, y) == colour ? 1 : 0;
-            }
-        }
-        return count;
+        PictureSurface surface = whiteSurface(image.width(), image.height());
+        surface.setPicture(image.convertToFormat(QImage::Format_RGB32));
+        return inkOf(surface, colourOfImage(colour.rgb()));
     }
-    bool plotOnMap() { return pixels(confirmed) > 0; }
+    int pixels(const QColor& colour) { return ink(colour).count; }
+    /// What the key says of a colour.
+    QColor colourOf(MapColour entry) const {
+        return QColor::fromRgb(imageColour(data_->stats.legend().colour(entry)));
+    }
+    bool plotOnMap() { return pixels(colourOf(MapColour::Confirmed)) > 0; }
 
     QWidget& window(const char* name) {
         for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -105,11 +105,9 @@ protected:
         return std::accumulate(names.begin(), names.end(), std::string());
     }
 
-    /// Answers the next modal window. One that does not come fails the test at its end.
-    void answer(std::function<void(QDialog&)> act) {
-        ++expected_;
-        poll(std::move(act), std::make_shared<QElapsedTimer>());
-    }
+    /// Answers the next modal window that has none before it. One that does not come fails the
+    /// test at its end, one that nobody expects at once.
+    void answer(std::function<void(QDialog&)> act) { answers_.push_back(std::move(act)); }
     /// The same for a window of some kind; another kind fails the test.
     template <typename Kind>
     void answerA(std::function<void(Kind&)> act) {
@@ -131,6 +129,14 @@ protected:
             static_cast<QDialog&>(dialog).accept();
         });
     }
+    /// @param colour none cancels
+    void chooseColour(const QColor& start, const QColor& colour) {
+        answerA<QColorDialog>([start, colour](QColorDialog& dialog) {
+            EXPECT_EQ(dialog.currentColor(), start);
+            dialog.setCurrentColor(colour);
+            colour.isValid() ? static_cast<QDialog&>(dialog).accept() : dialog.reject();
+        });
+    }
     void answerMessage(const QString& start, QMessageBox::StandardButton button = QMessageBox::Ok) {
         answerA<QMessageBox>([start, button](QMessageBox& box) {
             if (box.text().startsWith(start) && box.button(button))
@@ -144,8 +150,6 @@ protected:
         return data_->ini.ReadIniValue(section, key);
     }
 
-    const QColor confirmed{0x00, 0xFF, 0x40};
-
     TestFolder folder_;
     std::unique_ptr<RunData> data_;
     std::unique_ptr<frmMain> main_;
@@ -156,26 +160,19 @@ private:
         ADD_FAILURE() << "unexpected: " << (box ? box->text() : dialog.windowTitle()).toStdString();
         dialog.reject();
     }
-    void poll(std::function<void(QDialog&)> act, std::shared_ptr<QElapsedTimer> since) {
-        constexpr int longest = 10000; // milliseconds
-        if (!since->isValid()) {
-            since->start();
-        }
-        QTimer::singleShot(10, &polls_, [this, act, since] {
-            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (dialog != nullptr && dialog->isVisible()) {
-                --expected_;
-                act(*dialog);
-            } else if (since->elapsed() < longest) {
-                poll(act, since);
-            }
-        });
+    void look() {
+        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr || !dialog->isVisible())
+            return;
+        if (answers_.empty())
+            return refuse(*dialog);
+        const std::function<void(QDialog&)> act = std::move(answers_.front());
+        answers_.pop_front();
+        act(*dialog);
     }
 
-    QObject polls_; ///< ends what is still polling
-    QTimer watch_;
-    const QWidget* seen_ = nullptr; ///< the modal window at the last look
-    int expected_ = 0;
+    QTimer looks_;
+    std::deque<std::function<void(QDialog&)>> answers_;
 };
 
 } // namespace tovrel

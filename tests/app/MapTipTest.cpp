@@ -25,19 +25,9 @@ protected:
     }
     /// Puts the pointer on the dot of the plot.
     void point() {
-        const QImage image = map();
-        QPoint sum;
-        int count = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x) {
-                if (image.pixelColor(x, y) == confirmed) {
-                    sum += {x, y};
-                    ++count;
-                }
-            }
-        }
-        ASSERT_GT(count, 0);
-        pointAt(sum / count);
+        const Ink dot = ink(colourOf(MapColour::Confirmed));
+        ASSERT_GT(dot.count, 0);
+        pointAt({(dot.left + dot.right) / 2, (dot.top + dot.bottom) / 2});
     }
     void pointAt(QPoint place) {
         QMouseEvent move(QEvent::MouseMove, place, main_->centralWidget()->mapToGlobal(place),
@@ -67,6 +57,11 @@ TEST_F(MapTipTest, NamesTheStationsUnderThePointerOnBothMaps) {
     tick("frmMCMapOptions", "chkCountry");
     point();
     EXPECT_TRUE(tip().contains(">[15.5, 20] R&amp;D &amp;lt;b&gt;: K1AB")) << tip().toStdString();
+    main_->showMaximized();
+    QApplication::processEvents();
+    pick("mnuLoadADIF");
+    point();
+    EXPECT_TRUE(tip().contains("K1AB")) << "where the map lies in the middle of the window";
 }
 
 TEST_F(MapTipTest, BreaksBetweenStationsAndEndsWithTheNumberOfFurtherOnes) {

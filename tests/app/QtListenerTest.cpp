@@ -24,11 +24,14 @@ protected:
 };
 
 TEST_F(QtListenerTest, ShowsAPassFromItsBeginningToItsEnd) {
-    listener_.beginPass("Plotting", "Processing: caf\xE9.adi", 200.0F);
+    listener_.beginPass("Plotting", "Processing: <b>caf\xE9.adi", 200.0F);
     EXPECT_TRUE(progress().isVisible());
-    EXPECT_EQ(progress().frameGeometry().bottom(), 419);
+    const QRect outer = progress().frameGeometry();
+    EXPECT_EQ(outer, QRect(10, 420 - outer.height(), 500, outer.height()));
+    EXPECT_EQ(control(progress(), "ProgressBar1").width(), 475);
+    EXPECT_EQ(control<QLabel>(progress(), "Label1").textFormat(), Qt::PlainText);
     EXPECT_EQ(progress().windowTitle() + '|' + status(),
-              QString("Plotting|Processing: caf\u00E9.adi"));
+              QString("Plotting|Processing: <b>caf\u00E9.adi"));
     listener_.showProgress(50.0F);
     listener_.yield();
     EXPECT_EQ(bar(), 50);
@@ -51,19 +54,18 @@ TEST_F(QtListenerTest, LetsEventsRunAtTheFirstYieldAndThenNowAndAgain) {
     QTimer timer;
     timer.callOnTimeout([&] { ++ran; });
     timer.start(0);
-    listener_.beginPass("", "", 1.0F);
-    listener_.yield();
-    EXPECT_EQ(ran, 1);
+    for (int pass = 1; pass <= 2; ++pass) {
+        listener_.beginPass("", "", 1.0F);
+        listener_.yield();
+        EXPECT_EQ(ran, pass);
+    }
     QElapsedTimer time;
     time.start();
-    long yields = 0;
-    for (; !time.hasExpired(350); ++yields)
+    for (const int before = refreshed; refreshed < before + 2;)
         listener_.yield();
+    EXPECT_GE(time.elapsed(), 100) << "the lists are not renewed more often";
     EXPECT_GT(ran, 3) << "the user is heard";
-    EXPECT_LE(ran, 37);
-    EXPECT_GT(yields, 1000) << "most records go on at once";
-    EXPECT_GE(refreshed, 1);
-    EXPECT_LE(refreshed, 4);
+    EXPECT_LE(ran, time.elapsed() / 10 + 3) << "most records go on at once";
 }
 
 } // namespace

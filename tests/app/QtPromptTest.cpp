@@ -47,8 +47,6 @@ TEST_F(QtPromptTest, AnswersYesByTheFirstButtonAlone) {
     } rows[] = {
         {Question::Buttons::YesNo, true, QMessageBox::Yes, QMessageBox::Yes, true},
         {Question::Buttons::YesNo, false, QMessageBox::No, QMessageBox::Yes, true},
-        {Question::Buttons::YesNo, false, QMessageBox::No, QMessageBox::No, false},
-        {Question::Buttons::OkCancel, true, QMessageBox::Ok, QMessageBox::Ok, true},
         {Question::Buttons::OkCancel, true, QMessageBox::Ok, QMessageBox::NoButton, false},
         {Question::Buttons::OkCancel, false, QMessageBox::Cancel, QMessageBox::Cancel, false}};
     for (const auto& row : rows) {

@@ -7,55 +7,54 @@ namespace {
 
 class frmMapOptionsTest : public WindowFixture {
 protected:
-    const MapOptions& options() { return data_.maps.of(Projection::Miller); }
+    frmMapOptionsTest() {
+        folder_.write("Tovrel.ini", settings);
+        data_.maps.LoadMCMapOptions();
+        window_.show();
+    }
 
+    const std::string settings = "[MCMapOptions]\r\nBand0=0\r\nBand12=1\r\nMarker=Medium\r\n"
+                                 "Line=3\r\nCountry=1\r\n";
+    const MapOptions& options_ = data_.maps.of(Projection::Miller);
     frmMapOptions window_{Projection::Miller, data_.maps, [] {}};
 };
 
 TEST_F(frmMapOptionsTest, FilterBoxesKeepTheirRuleUnderTheMouse) {
-    window_.show();
-    click(window_, "chkBand(0)");
-    EXPECT_TRUE(checked(window_, "chkBand(0)"))
-        << "OFF can't be cleared while nothing else is selected";
-    click(window_, "chkBand(3)");
-    click(window_, "chkBand(4)");
-    EXPECT_FALSE(checked(window_, "chkBand(0)"));
-    EXPECT_TRUE(options().filter.band.selected(3));
-    click(window_, "chkBand(3)");
-    click(window_, "chkBand(4)");
-    EXPECT_TRUE(checked(window_, "chkBand(0)"));
-    click(window_, "chkIOTA(7)");
-    click(window_, "chkIOTA(0)");
-    EXPECT_FALSE(checked(window_, "chkIOTA(7)"));
+    const struct {
+        const char* clicked;
+        bool off, third; ///< boxes that are checked afterwards
+    } rows[] = {{"chkBand(12)", true, false}, {"chkBand(0)", true, false},
+                {"chkBand(3)", false, true},  {"chkBand(4)", false, true},
+                {"chkBand(4)", false, true},  {"chkBand(3)", true, false},
+                {"chkBand(3)", false, true},  {"chkBand(0)", true, false}};
+    for (const auto& row : rows) {
+        click(window_, row.clicked);
+        EXPECT_EQ(checked(window_, "chkBand(0)"), row.off) << row.clicked;
+        EXPECT_EQ(checked(window_, "chkBand(3)"), row.third) << row.clicked;
+        EXPECT_EQ(options_.filter.band.selected(3), row.third);
+    }
 }
 
-TEST_F(frmMapOptionsTest, WritesEachActIntoTheOptionsOfItsMapAloneUntilItIsClosed) {
-    window_.show();
+TEST_F(frmMapOptionsTest, ShowsTheSettingsAndWritesEachActIntoItsMapAloneUntilItIsClosed) {
+    const auto showsSettings = [this] {
+        for (const char* name : {"chkBand(12)", "Option2", "optLine3", "chkCountry"})
+            EXPECT_TRUE(checked(window_, name)) << name;
+        for (const char* name : {"chkBand(0)", "chkMode(2)", "chkLatLong", "chkCall"})
+            EXPECT_FALSE(checked(window_, name)) << name;
+    };
+    showsSettings();
     for (const char* name : {"Option3", "optLine2", "chkLatLong", "chkMode(2)"})
         click(window_, name);
-    EXPECT_EQ(options().marker, MarkerSize::Large);
-    EXPECT_EQ(options().line, 2);
-    EXPECT_TRUE(options().chkLatLong);
-    EXPECT_FALSE(options().chkCall || options().chkCountry);
-    EXPECT_FALSE(checked(window_, "Option1") || checked(window_, "optLine1"));
+    EXPECT_EQ(options_.marker, MarkerSize::Large);
+    EXPECT_EQ(options_.line, 2);
+    EXPECT_TRUE(options_.chkLatLong && options_.chkCountry && !options_.chkCall);
+    EXPECT_FALSE(checked(window_, "Option2") || checked(window_, "optLine3"));
     EXPECT_EQ(data_.maps.of(Projection::Azimuthal).marker, MarkerSize::Small);
     window_.close();
-    EXPECT_FALSE(options().filter.mode.selected(2));
+    EXPECT_FALSE(options_.filter.mode.selected(2));
     window_.show();
-    EXPECT_TRUE(checked(window_, "chkMode(0)") && checked(window_, "Option1"));
-    EXPECT_TRUE(checked(window_, "optLine1") && !checked(window_, "chkLatLong"));
-}
-
-TEST_F(frmMapOptionsTest, ShowsWhatTheSettingsHold) {
-    const std::string settings = "[MCMapOptions]\r\nBand0=0\r\nBand12=1\r\nMarker=Medium\r\n"
-                                 "Line=3\r\nCountry=1\r\n";
-    folder_.write("Tovrel.ini", settings);
-    data_.maps.LoadMCMapOptions();
-    window_.show();
-    for (const char* name : {"chkBand(12)", "Option2", "optLine3", "chkCountry"})
-        EXPECT_TRUE(checked(window_, name)) << name;
-    EXPECT_FALSE(checked(window_, "chkBand(0)"));
-    EXPECT_EQ(folder_.read("Tovrel.ini"), settings) << "showing writes nothing";
+    showsSettings();
+    EXPECT_EQ(folder_.read("Tovrel.ini"), settings) << "all this writes nothing";
 }
 
 } // namespace

@@ -32,11 +32,22 @@ TEST_F(frmGoogleMapOptionsTest, CloseBoxBringsTheDesignBackAndApplyDoesNot) {
     EXPECT_EQ(marker(), "Large") << "a click counts although the button was on";
 }
 
-TEST_F(frmGoogleMapOptionsTest, MirroringStoresNoMarker) {
+TEST_F(frmGoogleMapOptionsTest, EscapeLeavesWhatWasAppliedAndDropsTheRest) {
     data_.google.marker = MarkerSize::Small;
     window_.show();
     EXPECT_TRUE(checked(window_, "optSmallMarker"));
-    EXPECT_EQ(marker(), "");
+    click(window_, "chkBand(9)");
+    click(window_, "cmdApply");
+    window_.show();
+    click(window_, "chkBand(3)");
+    click(window_, "chkCall");
+    QTest::keyClick(&window_, Qt::Key_Escape);
+    EXPECT_FALSE(window_.isVisible());
+    EXPECT_EQ(marker(), "") << "to show a marker stores none";
+    const FilterGroup& bands = data_.google.filter.band;
+    EXPECT_TRUE(bands.selected(9) && !bands.selected(3) && data_.google.chkCall);
+    window_.show();
+    EXPECT_TRUE(checked(window_, "chkBand(9)") && checked(window_, "chkCall"));
 }
 
 } // namespace

@@ -5,8 +5,6 @@
 #include "stats/frmTabStrip.h"
 
 #include <QApplication>
-#include <QLabel>
-#include <QPlainTextEdit>
 
 namespace tovrel {
 namespace {
@@ -17,7 +15,6 @@ protected:
         window_.loadForm({100, 100, frmMapStats::outerWidth(), 533}, {1, 22, 1, 5});
         window_.show();
     }
-    QRect at(const char* name) { return control(window_, name).geometry(); }
     frmItemList& list(const char* name) { return control<frmItemList>(window_, name); }
     void addStations() {
         data_.stats.lists().lstConfirmed.add(
@@ -87,19 +84,10 @@ TEST_F(frmMapStatsTest, ListsFollowAtARefreshOrWhenShownAndClosingEmptiesThem) {
     EXPECT_EQ(rows(), 0);
 }
 
-TEST_F(frmMapStatsTest, ShowsTheFilterInForce) {
-    data_.ini.writeCheck("GCMapOptions", "Mode1", true);
-    data_.ini.writeCheck("GCMapOptions", "Mode3", true);
-    data_.stats.showFilter(Projection::Azimuthal);
-    EXPECT_EQ(control<QPlainTextEdit>(window_, "txtMode").toPlainText(),
-              "MODE\n--------\nPhone\nDigital\n");
-}
-
 TEST_F(frmMapStatsTest, ColourButtonsShowAndTellTheLegend) {
     control<frmTabStrip>(window_, "tabStats").choose(5);
     auto& home = control<QAbstractButton>(window_, "cmdHome");
     EXPECT_EQ(home.accessibleName(), "Home QTH colour");
-    EXPECT_EQ(home.geometry(), QRect(8, 88, 17, 17));
     data_.stats.legend().set(MapColour::Home, 0x332211);
     EXPECT_EQ(home.accessibleDescription(), "#112233");
     EXPECT_EQ(home.grab().toImage().pixelColor(8, 8), QColor(0x11, 0x22, 0x33));
