@@ -1,5 +1,7 @@
 #include "batch/BatchRun.h"
 
+#include "state/MapColours.h"
+
 #include <QImage>
 #include <filesystem>
 #include <sstream>
@@ -16,7 +18,15 @@ protected:
             std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
         log = work.write("log.adi",
                          record({"DL1A", "50", "-10.5", "20M", "CW", "", adif("QSL_RCVD", "Y")}) +
-                             record({"ZS1A=", "-33", "-18"}) + record({"OX\"1\\\x1F", "", "7"}));
+                             record({"ZS1A=", "-33", "-18"}));
+    }
+    /// The picture without its lower edge, where the stamp shows the time.
+    QImage picture(std::vector<std::string> options, const std::string& kind = "--image") const {
+        const std::string path = work.path("picture.bmp");
+        options.insert(options.end(), {kind, path});
+        EXPECT_EQ(run("plot", options).status, 0);
+        const QImage image(QString::fromStdString(path));
+        return kind == "--image" ? image.copy(0, 0, image.width(), image.height() * 9 / 10) : image;
     }
 };
 
@@ -50,40 +60,43 @@ TEST_F(BatchPicture, isStampedAndOfTheKindThatItsNameTells) {
 }
 
 TEST_F(BatchPicture, showsContactsAndSeaInTheirPlaces) {
-    const std::string path = work.path("map.png");
-    EXPECT_EQ(run("plot", {"--projection", "miller", "--image", path}).status, 0);
-    const QImage image(QString::fromStdString(path));
+    const QImage image = picture({"--projection", "miller"});
     const auto at = [&](double latitude, double longitude) {
-        return image.pixel(static_cast<int>(400 + longitude * 122 * 800 / 44000),
-                           static_cast<int>(200 - latitude * 240 * 400 / 44000));
+        return colourOfImage(image.pixel(static_cast<int>(400 + longitude * 122 * 800 / 44000),
+                                         static_cast<int>(200 - latitude * 240 * 400 / 44000)));
     };
-    EXPECT_EQ(at(50, 10.5), qRgb(0, 255, 64)) << "confirmed";
-    EXPECT_EQ(at(-33, 18), qRgb(0, 0, 255)) << "heard";
-    EXPECT_EQ(at(0, -30), qRgb(0xA5, 0xCD, 0xFE)) << "sea";
-    EXPECT_EQ(at(40, -74), qRgb(255, 255, 0)) << "home";
+    EXPECT_EQ(at(50, 10.5), keyOf(MapColour::Confirmed).byDefault);
+    EXPECT_EQ(at(-33, 18), keyOf(MapColour::Heard).byDefault);
+    EXPECT_EQ(at(0, -30), keyOf(MapColour::Water).byDefault);
+    EXPECT_EQ(at(40, -74), keyOf(MapColour::Home).byDefault);
 }
 
-TEST_F(BatchPicture, neverLooksAtACache) {
-    const std::string before = work.path("before.png");
-    const std::string after = work.path("after.png");
-    run("plot", {"--base-map", before});
+TEST_F(BatchPicture, looksFollowTheirOptionAndTheBaseMapDoesNot) {
+    std::filesystem::remove(folder.path("mapper.pnt")); // it would take its time
+    EXPECT_EQ(picture({"--size", "300"}).size(), QSize(300, 270));
+    const QImage base = picture({}, "--base-map");
+    EXPECT_EQ(base.size(), QSize(667, 667));
     folder.write("GCBaseMap.map", "no picture");
-    EXPECT_EQ(run("plot", {"--base-map", after}).status, 0);
-    EXPECT_EQ(QImage(QString::fromStdString(before)), QImage(QString::fromStdString(after)));
-    EXPECT_EQ(folder.read("GCBaseMap.map"), "no picture");
-}
-
-TEST_F(BatchPicture, goesWithAReportOfPlacesAndTextsOfAnyBytes) {
-    const QJsonObject miller = report("plot", {"--projection", "miller"});
-    const QJsonValue first = miller[QStringLiteral("plotted")][0];
-    EXPECT_EQ(first[QStringLiteral("mapX")], 10.5 * 122);
-    EXPECT_EQ(first[QStringLiteral("mapY")], 50 * 240);
-    EXPECT_EQ(miller[QStringLiteral("lstPfxNotPlotted")][0], QStringLiteral("OX\"1\\\u001F"));
-    EXPECT_EQ(miller[QStringLiteral("lstStats")][2], QStringLiteral(" 2 QSOs Plotted"));
-    EXPECT_EQ(miller[QStringLiteral("LogHasCoordinates")], true);
-    EXPECT_EQ(miller[QStringLiteral("messages")].toArray().size(), 0);
-    const QJsonObject azimuthal = report("plot", {"--home", "50,10.5"});
-    EXPECT_EQ(azimuthal[QStringLiteral("plotted")][0][QStringLiteral("mapX")], 0);
+    const char* const rows[][3] = {{"--compass", "off", "45"},
+                                   {"--compass", "15", "45"},
+                                   {"--graticule", "on", "off"},
+                                   {"--home-mark", "on", "off"},
+                                   {"--marker", "small", "large"}};
+    for (const auto& [option, one, other] : rows) {
+        EXPECT_NE(picture({option, one}), picture({option, other})) << option;
+        EXPECT_EQ(picture({option, one}, "--base-map"), base) << option;
+    }
+    // The relief is no look: it is part of the base map, and nobody is asked about it.
+    QImage world(36, 18, QImage::Format_RGB32);
+    world.fill(Qt::red);
+    ASSERT_TRUE(world.save(QString::fromStdString(folder.path("world.bmp"))));
+    std::string reliefed = settings;
+    reliefed.insert(reliefed.find("Band0"), "BaseMap=" + folder.path("world.bmp") + "\r\n");
+    folder.write("Tovrel.ini", reliefed);
+    EXPECT_NE(picture({"--topo", "on"}, "--base-map"), base);
+    EXPECT_EQ(picture({"--topo", "off"}, "--base-map"), base);
+    EXPECT_EQ(everythingIn(folder.path()), "GCBaseMap.map Tovrel.ini paintma.txt world.bmp ");
+    EXPECT_EQ(folder.read("Tovrel.ini") + folder.read("GCBaseMap.map"), reliefed + "no picture");
 }
 
 TEST_F(BatchPicture, withoutTheDataFilesComesOnlyWhenThatIsAllowed) {

@@ -1,7 +1,5 @@
 #include "batch/BatchRun.h"
 
-#include <QImage>
-
 namespace tovrel {
 
 namespace {
@@ -14,37 +12,35 @@ std::string plottedCalls(const QJsonObject& report) {
     return calls;
 }
 
-class BatchPlot : public BatchTest {
-protected:
-    /// The picture without its lower edge, where the stamp shows the time.
-    QImage picture(std::vector<std::string> options, const std::string& kind = "--image") const {
-        const std::string path = work.path("picture.png");
-        options.insert(options.end(), {kind, path});
-        EXPECT_EQ(run("plot", options).status, 0);
-        const QImage image(QString::fromStdString(path));
-        return kind == "--image" ? image.copy(0, 0, image.width(), image.height() * 9 / 10) : image;
-    }
-};
+class BatchPlot : public BatchTest {};
 
 TEST_F(BatchPlot, reportsWhatWasPlottedInLogOrder) {
-    const QJsonObject all = report("plot", {"--bands", "off"});
-    EXPECT_EQ(plottedCalls(all), "A1A B1B C1C ");
-    EXPECT_EQ(all[QStringLiteral("QsosRead")], 4);
-    EXPECT_EQ(all[QStringLiteral("QsosConfirmed")], 1);
-    EXPECT_EQ(all[QStringLiteral("QsosNotPlotted")], 1);
-    EXPECT_EQ(all[QStringLiteral("lstPfxNotPlotted")][0], QStringLiteral("D1D"));
-    const QJsonValue last = all[QStringLiteral("plotted")][2];
-    EXPECT_EQ(last[QStringLiteral("country")], QStringLiteral(u"\u00C5land"));
-    EXPECT_EQ(last[QStringLiteral("status")], QStringLiteral("C"));
-    EXPECT_EQ(last[QStringLiteral("longitude")], -60);
+    const std::string odd = "OX\"1\\\x1F";
+    log = work.write("log.adi", contacts() + record({odd, "", "7"}) + record({"H1H=", "1", "2"}));
+    const QJsonObject all = report("plot", {"--bands", "off", "--projection", "miller"});
+    EXPECT_EQ(plottedCalls(all), "A1A B1B C1C H1H= ");
+    const std::pair<const char*, int> counters[] = {{"QsosRead", 6},      {"QsosPlotted", 4},
+                                                    {"QsosConfirmed", 1}, {"QsosWorked", 2},
+                                                    {"QsosHeard", 1},     {"QsosNotPlotted", 2}};
+    for (const auto& [name, count] : counters)
+        EXPECT_EQ(all[QLatin1String(name)], count) << name;
+    EXPECT_EQ(all[QStringLiteral("LogHasCoordinates")], true);
+    EXPECT_EQ(all[QStringLiteral("messages")], QJsonArray());
+    EXPECT_EQ(all[QStringLiteral("lstStats")][2], QStringLiteral(" 4 QSOs Plotted"));
+    EXPECT_EQ(all[QStringLiteral("lstPfxNotPlotted")],
+              (QJsonArray{QStringLiteral("D1D"), QString::fromStdString(odd)}));
+    const QJsonObject third{{"call", "C1C"},     {"country", QStringLiteral(u"\u00C5land")},
+                            {"latitude", -30},   {"longitude", -60},
+                            {"mapX", -60 * 122}, {"mapY", -30 * 240},
+                            {"status", "C"}};
+    EXPECT_EQ(all[QStringLiteral("plotted")][2], third);
 }
 
-TEST_F(BatchPlot, leavesTheProgramFolderAsItIsAndNeedsNoSettingsInIt) {
-    picture({"--topo", "on", "--home", "10,20", "--bands", "off", "--tip", "0,0"});
-    EXPECT_EQ(everythingIn(folder.path()), "Tovrel.ini ");
-    EXPECT_EQ(folder.read("Tovrel.ini"), settings);
+TEST_F(BatchPlot, needsNoSettingsAndLeavesTheFolderAsItIs) {
     QFile::remove(QString::fromStdString(folder.path("Tovrel.ini")));
-    EXPECT_EQ(plottedCalls(report("plot", {})), "A1A B1B C1C ");
+    const QJsonObject all = report("plot", {"--home", "50,10"});
+    EXPECT_EQ(plottedCalls(all), "A1A B1B C1C ");
+    EXPECT_EQ(all[QStringLiteral("plotted")][0][QStringLiteral("mapX")], 0) << "at home";
     EXPECT_EQ(everythingIn(folder.path()), "");
 }
 
@@ -56,6 +52,19 @@ TEST_F(BatchPlot, withNothingToPlotEndsWithItsOwnStatus) {
         none[QStringLiteral("messages")].toArray().last().toString().toStdString();
     EXPECT_NE(last.find("filter"), std::string::npos) << last;
 }
+
+#ifdef __linux__
+TEST_F(BatchPlot, showsItsProgressOnATerminalUnlessItIsQuiet) {
+    for (const std::string quiet : {"", "--quiet"}) {
+        const BatchEnd end =
+            runShell("p=$0; l=$1; f=$2; export p l f; exec script -qec '\"$p\" plot "
+                     "\"$l\" --folder \"$f\" --report /dev/null " +
+                         quiet + "' /dev/null",
+                     {log, folder.path()});
+        EXPECT_EQ(end.out.find(" %") != std::string::npos, quiet.empty()) << end.out;
+    }
+}
+#endif
 
 TEST_F(BatchPlot, filterGroupsThatAreGivenReplaceThoseOfTheSettings) {
     const struct {
@@ -74,29 +83,6 @@ TEST_F(BatchPlot, filterGroupsThatAreGivenReplaceThoseOfTheSettings) {
             EXPECT_EQ(plottedCalls(report("plot", options)), row.calls) << joined(options);
         }
     }
-}
-
-TEST_F(BatchPlot, picturesHaveTheirSizes) {
-    EXPECT_EQ(picture({}, "--base-map").size(), QSize(667, 667));
-    EXPECT_EQ(picture({"--size", "300"}).size(), QSize(300, 270));
-    EXPECT_EQ(picture({"--size", "300", "--projection", "miller"}).size(), QSize(300, 135));
-    EXPECT_EQ(picture({}).width(), 800);
-}
-
-TEST_F(BatchPlot, looksFollowTheirOptionAndTheBaseMapDoesNot) {
-    const char* const rows[][3] = {{"--compass", "off", "45"},
-                                   {"--compass", "15", "45"},
-                                   {"--graticule", "on", "off"},
-                                   {"--home-mark", "on", "off"},
-                                   {"--marker", "small", "large"}};
-    for (const auto& [option, one, other] : rows) {
-        EXPECT_NE(picture({option, one}), picture({option, other})) << option;
-        EXPECT_EQ(picture({option, one}, "--base-map"), picture({option, other}, "--base-map"));
-    }
-    // The relief is no look: it is part of the base map, and nobody is asked about it.
-    const std::vector<std::string> supplied = {"--folder", TOVREL_DATA_DIR, "--topo"};
-    EXPECT_NE(picture({supplied[0], supplied[1], supplied[2], "on"}, "--base-map"),
-              picture({supplied[0], supplied[1], supplied[2], "off"}, "--base-map"));
 }
 
 TEST_F(BatchPlot, printsTheTipsInTheirOrder) {

@@ -78,11 +78,12 @@ inline std::string everythingIn(const std::string& folder) {
 /// A program folder with settings but no map data, and a folder with a log.
 class BatchTest : public testing::Test {
 protected:
-    static constexpr const char* settings = "[Globals]\r\nMyCall=W1TVR\r\n"
-                                            "Latitude=40\r\nLongitude=-74\r\n"
-                                            "[GCMapOptions]\r\nBand0=0\r\nBand7=1\r\nCall=1\r\n"
-                                            "[MCMapOptions]\r\nBand0=0\r\nBand7=1\r\n"
-                                            "[GoogleMapOptions]\r\nBand0=0\r\nBand7=1\r\n";
+    static constexpr const char* settings =
+        "[Globals]\r\nMyCall=W1TVR\r\n"
+        "Latitude=40\r\nLongitude=-74\r\n"
+        "[GCMapOptions]\r\nBand0=0\r\nBand7=1\r\nCall=1\r\n"
+        "[MCMapOptions]\r\nBand0=0\r\nBand7=1\r\n"
+        "[GoogleMapOptions]\r\nBand0=0\r\nBand7=1\r\nCall=0\r\n";
 
     BatchTest() {
         folder.write("Tovrel.ini", settings);

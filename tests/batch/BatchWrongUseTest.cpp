@@ -58,7 +58,7 @@ TEST_F(BatchWrongUse, isToldInOneLineAndTouchesNoFile) {
                         {{"plot", "LOG", "--topo", "yes"}, "on or off"},
                         {{"plot", "LOG", "--size", "199"}, "200 to 8000"},
                         {{"plot", "LOG", "--size", "8001"}, "200 to 8000"},
-                        {{"plot", "LOG", "--size", "800px"}, "200 to 8000"},
+                        {{"plot", "LOG", "--size", "300.5"}, "200 to 8000"},
                         {{"plot", "LOG", "--image", "map.gif"}, ".png, .bmp or .jpg"},
                         {{"plot", "LOG", "--tip", "1"}, "Y,X"},
                         {{"plot", "LOG", "--tip-parts", "call,name"}, "call,latlong,country"},
@@ -80,6 +80,8 @@ TEST_F(BatchWrongUse, isAPlaceThatTwoFilesShare) {
     const Row rows[] = {
         {{"kmz", "LOG", "--output", "LOG"}, "replace the log"},
         {{"kmz", "LOG", "--output", "FOLDER/hard.kmz"}, "replace the log"},
+        {{"kmz", "WORK/x.kmz"}, "replace the log"},
+        {{"kmz", "WORK/x.kml", "--keep-kml"}, "replace the log"},
         {{"plot", "LOG", "--report", "WORK/./log.adi"}, "replace the log"},
         {{"kmz", "LOG", "--output", "WORK/a.kmz", "--report", "WORK/./a.kmz"}, "that of --output"},
         {{"kmz", "LOG", "--output", "WORK/log.kml", "--keep-kml"}, "that of --output"},
@@ -94,18 +96,23 @@ TEST_F(BatchWrongUse, isAPlaceThatTwoFilesShare) {
 }
 
 TEST_F(BatchWrongUse, ofFilesEndsWithItsOwnStatusAndTheReasonEvenWhenQuiet) {
-    const std::string noSuch = "can't be written: No such file or directory";
-    const std::string isFolder = "can't be written: Is a directory";
+    const char* const noSuchLog = "/no: No such file or directory";
+    const char* const noSuch = "can't be written: No such file or directory";
+    const char* const isFolder = "can't be written: Is a directory";
     const Row rows[] = {
-        {{"plot", "WORK/none.adi", "--report", "-"}, "none.adi: No such file or directory"},
+        // What is good at its ends is told by what is missing then.
+        {{"plot", "WORK/no", "--report", "-", "--size=200", "--home=-90,-180"}, noSuchLog},
+        {{"plot", "WORK/no", "--report", "-", "--size=8000", "--home=90,360"}, noSuchLog},
         {{"kmz", "WORK"}, "Is a directory"},
-        {{"plot", "LOG", "--image", "WORK/none/map.png"}, noSuch.c_str()},
-        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, noSuch.c_str()},
-        {{"plot", "LOG", "--report", "WORK"}, isFolder.c_str()},
-        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, noSuch.c_str()},
-        {{"kmz", "LOG", "--output", "WORK"}, isFolder.c_str()}};
+        {{"plot", "LOG", "--image", "WORK/none/map.png"}, noSuch},
+        {{"plot", "LOG", "--base-map", "WORK/none/map.png"}, noSuch},
+        {{"plot", "LOG", "--report", "WORK"}, isFolder},
+        {{"kmz", "LOG", "--output", "WORK/none/a.kmz"}, noSuch},
+        {{"kmz", "LOG", "--output", "WORK"}, isFolder}};
     for (const Row& row : rows)
         expect(row, 3, {"--quiet", "--folder", folder.path()});
+    expect({{"plot", "--quiet", "--image", "WORK/m.jpeg", "--", "-no"}, "there is no log -no: No"},
+           3);
 }
 
 } // namespace

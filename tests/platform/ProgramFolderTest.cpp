@@ -18,7 +18,7 @@ TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenItCannot) {
     const TestFolder executable;
     const TestFolder user;
     const std::string own = user.path("own");
-    for (const char* name : {"mapper.pnt", "paintma.txt", "tovrel"})
+    for (const char* name : {"mapper.pnt", "paintma.txt", "Tovrel-Help.pdf", "tovrel"})
         executable.write(name, "supplied");
     // The user that it switches to shall have a folder to write in.
     std::filesystem::permissions(user.path(), std::filesystem::perms::all);
@@ -27,6 +27,7 @@ TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenItCannot) {
     EXPECT_EQ(existingProgramFolder(executable.path(), own), executable.path());
     ASSERT_EQ(programFolder(executable.path(), own), own);
     EXPECT_EQ(user.read("own/mapper.pnt"), "supplied");
+    EXPECT_EQ(user.read("own/Tovrel-Help.pdf"), "supplied");
     EXPECT_FALSE(fileExists(joinPath(own, "tovrel")));
     user.write("own/paintma.txt", "changed");
     EXPECT_EQ(programFolder(executable.path(), own), own);

@@ -27,16 +27,6 @@ TEST_F(CommandQueueTest, WhatArrivesMidwayWaitsAndRunsOnceInItsOrder) {
     EXPECT_FALSE(queue.busy());
 }
 
-TEST_F(CommandQueueTest, WhatWaitsMayLetOthersWait) {
-    queue.submit("a", [this] {
-        log += "a(";
-        queue.submit("b", command("b", {"a", "c"}));
-        queue.submit("c", command("c"));
-        log += ")";
-    });
-    EXPECT_EQ(log, "a()b()c()a()");
-}
-
 TEST_F(CommandQueueTest, ClosingDropsWhatWaitsAndTakesNothingMore) {
     int ended = 0;
     const Connection ends = queue.commandEnded.connect([&] { ++ended; });

@@ -40,30 +40,26 @@ void expectSteps(PlottedProgram& program, const Step (&steps)[n]) {
 }
 
 TEST(Commands, ChangeTheMapAndStoreWhatTheyChange) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal));
-        const Command onShow = azimuthal ? &Commands::mnuGreatCircle : &Commands::mnuMiller;
-        const Step steps[] = {
-            // An overlay is drawn over what stands; to take it off, the plot is made again.
-            {&Commands::mnuMeridian, "world home graticule plot ", "", "Meridian=True "},
-            {&Commands::mnuShowMe, "world graticule plot ", "timer off", "ShowMe=False ", 1},
-            {&Commands::mnuShowMe, "world home graticule plot ", "", "ShowMe=True "},
-            {&Commands::mnuMeridian, "world home plot ", "timer off", "Meridian=False ", 1},
-            {onShow, "world home plot ", "hide,show,timer off", "", 1},
-            {&Commands::mnuRecreateMap, "world home ", "timer off,timer on", ""},
-            {&Commands::mnuLoadADIF, "world home plot ", "timer off", "", 1},
-            {&Commands::mnuResetBaseColors, "world home ", "timer off,timer on",
-             "LandColor=12648384 WaterColor=16698789 "},
-            {onShow, "world home plot ", "hide,show,timer off", "", 1},
-            {&Commands::mnuClearMap, "world home ", "", ""},
-            {&Commands::mnuShowMe, "world ", "", "ShowMe=False "}, // nothing to plot again
-            {onShow, "world ", "hide,show", ""}};
-        expectSteps(program, steps);
-        EXPECT_FALSE(program.data->run.MapPlotted);
-        EXPECT_EQ(tipAtContact(program), "");
-        const StatusLists& lists = program.data->stats.lists();
-        EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
-    }
+    PlottedProgram program(settingsOf(Projection::Miller));
+    const Step steps[] = {
+        // An overlay is drawn over what stands; to take it off, the plot is made again.
+        {&Commands::mnuMeridian, "world home graticule plot ", "", "Meridian=True "},
+        {&Commands::mnuShowMe, "world graticule plot ", "timer off", "ShowMe=False ", 1},
+        {&Commands::mnuMeridian, "world plot ", "timer off", "Meridian=False ", 1},
+        {&Commands::mnuShowMe, "world home plot ", "", "ShowMe=True "},
+        {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
+        {&Commands::mnuRecreateMap, "world home ", "timer off,timer on", ""},
+        {&Commands::mnuLoadADIF, "world home plot ", "timer off", "", 1},
+        {&Commands::mnuResetBaseColors, "world home ", "timer off,timer on",
+         "LandColor=12648384 WaterColor=16698789 "},
+        {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
+        {&Commands::mnuClearMap, "world home ", "", ""},
+        {&Commands::mnuShowMe, "world ", "", "ShowMe=False "}, // nothing to plot again
+        {&Commands::mnuMiller, "world ", "hide,show", ""}};
+    expectSteps(program, steps);
+    EXPECT_EQ(tipAtContact(program), "");
+    const StatusLists& lists = program.data->stats.lists();
+    EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
 }
 
 TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
@@ -95,28 +91,19 @@ TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
 }
 
 TEST(OpenADIFFile, OffersTheFolderOfTheLastLogAndKeepsTheChoice) {
-    const struct {
-        const char *known, *folder;
-    } cases[] = {{"", ""},
-                 {"log.adi", ""},
-                 {"/logs/2011/log.adi", "/logs/2011/"},
-                 {"C:\\x\\a.adi", "C:\\x\\"}};
-    for (const auto& c : cases) {
-        PlottedProgram program(home, false);
-        program.data->ini.WriteIniValue("Log", "adifile", c.known);
-        program.data->run.LogFileName = "before";
-        program.commands->mnuOpenADIFFile();
-        EXPECT_EQ(program.window.fileDialogs,
-                  (std::vector<std::string>{std::string("Load Log Input File|") + c.folder +
-                                            "|ADIF Files (*.ADI)|*.ADI"}));
-        EXPECT_EQ(program.data->run.LogFileName, "before") << "cancelled";
-        EXPECT_EQ(program.setting("Log", "adifile"), c.known);
-        program.window.chosenFile = "/new/log.adi";
-        program.commands->mnuOpenADIFFile();
-        EXPECT_EQ(program.data->run.LogFileName, "/new/log.adi");
-        EXPECT_EQ(program.setting("Log", "adifile"), "/new/log.adi");
-        EXPECT_EQ(program.listener.begun, 0) << "nothing is plotted yet";
-    }
+    PlottedProgram program(home + "[Log]\r\nadifile=/logs/2011/log.adi\r\n", false);
+    program.data->run.LogFileName = "before";
+    program.commands->mnuOpenADIFFile();
+    EXPECT_EQ(
+        program.window.fileDialogs,
+        (std::vector<std::string>{"Load Log Input File|/logs/2011/|ADIF Files (*.ADI)|*.ADI"}));
+    EXPECT_EQ(program.data->run.LogFileName, "before") << "cancelled";
+    EXPECT_EQ(program.takeChanges(), "");
+    program.window.chosenFile = "/new/log.adi";
+    program.commands->mnuOpenADIFFile();
+    EXPECT_EQ(program.data->run.LogFileName, "/new/log.adi");
+    EXPECT_EQ(program.takeChanges(), "Log.adifile=/new/log.adi ");
+    EXPECT_EQ(program.listener.begun, 0) << "nothing is plotted yet";
 }
 
 TEST(LoadADIF, WithoutALogAsksForOneAndTellsWhenThereIsNone) {
@@ -149,18 +136,38 @@ TEST(LoadADIF, AnAbortLeavesTheTimerAndTheBareMap) {
     program.listener.onYield = [&](int) { program.commands->mnuAbort(); };
     program.commands->mnuLoadADIF();
     EXPECT_EQ(program.look(), "world home ");
-    EXPECT_TRUE(program.window.timer1);
-    EXPECT_TRUE(program.data->run.MapPlotted);
+    EXPECT_TRUE(program.window.timer1 && program.data->run.MapPlotted);
     EXPECT_FALSE(program.window.waitPointer);
 }
 
-TEST(LoadADIF, EndsTheProgramWhenTheDictionaryHasGone) {
+TEST(LoadADIF, EndsTheProgramWhenTheDictionaryHasGoneAndNotWhenItCantBeRead) {
     for (const Command command : {&Commands::mnuLoadADIF, &Commands::mnuGoogle}) {
         PlottedProgram program;
         std::filesystem::remove(program.folder.path("TVADIF.txt"));
         (*program.commands.*command)();
         EXPECT_EQ(program.window.takeCalls(), "close");
+        std::filesystem::create_directory(program.folder.path("TVADIF.txt"));
+        (*program.commands.*command)();
+        EXPECT_EQ(program.window.takeCalls(), "");
     }
+}
+
+TEST(LoadADIF, KeepsNoListOfAPlotBeforeOrOfAnExport) {
+    PlottedProgram program;
+    program.prompt.answer = false;
+    const StatusLists& lists = program.data->stats.lists();
+    for (int plot = 0; plot < 2; ++plot) {
+        program.commands->mnuLoadADIF();
+        EXPECT_EQ(lists.lstConfirmed.size(), 1U);
+        EXPECT_EQ(lists.lstStats.at(0), " 1 QSOs Read");
+        program.data->stats.unload(); // its window was closed
+        program.commands->mnuGoogle();
+        EXPECT_TRUE(program.data->stats.loaded());
+        EXPECT_EQ(lists.lstStats.at(0), "Google File:");
+    }
+    program.commands->mnuLoadADIF();
+    program.commands->mnuGoogle();
+    EXPECT_EQ(lists.lstConfirmed.size(), 0U);
 }
 
 TEST(MapOptionCommands, ApplyShowsTheFilterAndCountsFromTheNextPlotOn) {
@@ -173,10 +180,13 @@ TEST(MapOptionCommands, ApplyShowsTheFilterAndCountsFromTheNextPlotOn) {
     EXPECT_EQ(program.look(), "world home plot ");
     program.commands->mnuLoadADIF();
     EXPECT_EQ(program.look(), "world home ");
+    program.commands->applyMapOptions(Projection::Miller);
+    EXPECT_EQ(program.data->stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n")
+        << "of the window that was applied, whatever map is on show";
 }
 
 TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
-    PlottedProgram program(settingsOf(false));
+    PlottedProgram program(settingsOf(Projection::Miller));
     const struct {
         MapColour entry;
         std::optional<Colour> chosen;

@@ -18,35 +18,32 @@ bool showsRelief(const TestProgram& program) {
 }
 
 TEST(ProjectionSwitch, ShowsTheOtherMapWithThePlotOnIt) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal));
-        const auto other = azimuthal ? &Commands::mnuMiller : &Commands::mnuGreatCircle;
-        const auto back = azimuthal ? &Commands::mnuGreatCircle : &Commands::mnuMiller;
-        for (const bool cached : {false, true}) {
-            if (cached)
-                (*program.commands.*back)();
-            program.window.takeCalls();
-            (*program.commands.*other)();
-            EXPECT_EQ(program.window.takeCalls(), "hide,center,show,timer off");
-            EXPECT_NE(program.data->run.marks.projection == Projection::Azimuthal, azimuthal);
-            EXPECT_EQ(program.window.caption, azimuthal
-                                                  ? "Tovrel - Miller Cylindrical Projection"
-                                                  : "Tovrel - Azimuthal Equidistant Projection");
-            EXPECT_EQ(program.setting("Globals", "Display"), azimuthal ? "Miller" : "Azimuthal");
-            EXPECT_EQ(program.look(), "world home plot ") << "drawn with its own units of home";
-            EXPECT_EQ(program.mapAt(20, -156), confirmedColour);
-            EXPECT_EQ(program.mapAt(50, -20), homeColour);
-            EXPECT_EQ(program.window.width, azimuthal ? 7000.0F : 8000.0F - FakeWindow::frame);
-            EXPECT_EQ(program.window.height, azimuthal ? 3500.0F : 8000.0F);
-        }
-    }
-}
-
-TEST(ProjectionSwitch, ToTheMapOnShowLeavesItsSize) {
     PlottedProgram program;
+    const struct {
+        Projection map;
+        const char* caption;
+        float width, height;
+    } cases[] = {
+        {Projection::Miller, "Tovrel - Miller Cylindrical Projection", 7000, 3500},
+        {Projection::Azimuthal, "Tovrel - Azimuthal Equidistant Projection", 7100, 8000},
+        {Projection::Miller, "Tovrel - Miller Cylindrical Projection", 7000, 3500}}; // its cache
+    for (const auto& c : cases) {
+        program.data->maps.of(c.map).filter.band.set(3, true); // not applied
+        c.map == Projection::Miller ? program.commands->mnuMiller()
+                                    : program.commands->mnuGreatCircle();
+        EXPECT_EQ(program.window.takeCalls(), "hide,center,show,timer off");
+        EXPECT_EQ(program.data->run.marks.projection, c.map);
+        EXPECT_EQ(program.window.caption, c.caption);
+        EXPECT_EQ(program.setting("Globals", "Display"), namesOf(c.map).display);
+        EXPECT_EQ(program.look(), "world home plot ") << "drawn with its own units of home";
+        EXPECT_EQ(program.mapAt(20, -156), confirmedColour);
+        EXPECT_EQ(program.mapAt(50, -20), homeColour);
+        EXPECT_EQ(program.window.width, c.width);
+        EXPECT_EQ(program.window.height, c.height);
+    }
     program.window.height = 7777.0F;
-    program.commands->mnuGreatCircle();
-    EXPECT_EQ(program.window.height, 7777.0F);
+    program.commands->mnuMiller();
+    EXPECT_EQ(program.window.height, 7777.0F) << "the map on show keeps its size";
 }
 
 TEST(ProjectionSwitch, OpensTheStatisticsAfreshWithTheOtherPalette) {
@@ -80,6 +77,8 @@ TEST(Topo, AsksAndKeepsTheAnswer) {
         EXPECT_EQ(program.data->run.marks.mnuTopo, agreed);
         EXPECT_EQ(program.takeChanges(), agreed ? "Topo=True " : "");
         EXPECT_EQ(showsRelief(program), agreed);
+        const MapPoint pole = std::get<MapPoint>(program.data->map()->antarctica());
+        EXPECT_EQ(colourAt(program.map->Picture1, pole.x, pole.y), agreed ? reliefColour : white);
         EXPECT_EQ(program.look(), "world home ") << "whole either way, without the plot";
         EXPECT_TRUE(program.data->run.MapPlotted);
         EXPECT_FALSE(program.window.waitPointer);
@@ -89,52 +88,48 @@ TEST(Topo, AsksAndKeepsTheAnswer) {
 }
 
 TEST(RecreateMap, BringsANewHomeToTheMapAndToItsCache) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal));
-        program.data->ini.WriteIniValue("Globals", "Latitude", "-30");
-        program.data->ini.WriteIniValue("Globals", "Longitude", "20");
-        program.commands->mnuRecreateMap();
-        EXPECT_EQ(program.data->run.HomeLatitude, -30.0F);
-        EXPECT_EQ(program.look(), "world home ");
-        EXPECT_EQ(program.mapAt(-30, 20), homeColour);
-        const QImage now = program.map->Picture2.Image();
-        program.restart();
-        program.start();
-        EXPECT_EQ(program.map->Picture2.Image(), now);
-    }
+    PlottedProgram program;
+    program.data->ini.WriteIniValue("Globals", "Latitude", "-30");
+    program.data->ini.WriteIniValue("Globals", "Longitude", "20");
+    program.commands->mnuRecreateMap();
+    EXPECT_EQ(program.data->run.HomeLatitude, -30.0F);
+    EXPECT_EQ(program.look(), "world home ");
+    EXPECT_EQ(program.mapAt(-30, 20), homeColour);
+    const QImage now = program.map->Picture2.Image();
+    program.restart();
+    program.start();
+    EXPECT_EQ(program.map->Picture2.Image(), now);
 }
 
 TEST(CustomMap, IsKeptForItsMapAndServesTheRelief) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal));
-        program.commands->mnuLoadCustomMap();
-        EXPECT_EQ(program.window.fileDialogs[0],
-                  std::string(azimuthal ? "Select Base Map for Azimuthal Equidistant Projection"
-                                        : "Select Base Map for Miller Projection") +
-                      "|" + program.folder.path() +
-                      "|JPG Files (*.JPG)|*.JPG|BMP Files (*.BMP)|*.BMP");
-        EXPECT_EQ(program.look(), "world home plot ") << "cancelled: all stays";
-        EXPECT_EQ(program.takeChanges(), "");
+    PlottedProgram program(settingsOf(Projection::Miller));
+    program.commands->mnuLoadCustomMap();
+    EXPECT_EQ(program.window.fileDialogs[0],
+              "Select Base Map for Miller Projection|" + program.folder.path() +
+                  "|JPG Files (*.JPG)|*.JPG|BMP Files (*.BMP)|*.BMP");
+    EXPECT_EQ(program.look(), "world home plot ") << "cancelled: all stays";
+    EXPECT_EQ(program.takeChanges(), "");
 
-        program.data->run.marks.mnuTopo = true;
-        for (const std::string& file :
-             {writeWorld(program.folder), program.folder.write("bad.jpg", "no picture")}) {
-            program.window.chosenFile = file;
-            program.commands->mnuLoadCustomMap();
-            EXPECT_EQ(program.setting(program.data->mapNames().section, "BaseMap"), file);
-            EXPECT_TRUE(showsRelief(program)) << "of the picture before when this one is bad";
-        }
-        EXPECT_EQ(program.prompt.told,
-                  std::vector<std::string>{"The picture could not be used.\r\n" +
-                                           program.folder.path("bad.jpg") +
-                                           "\r\nUnsupported image format"});
-        program.prompt.told.clear();
-        program.restart(); // it is the stored one now
-        program.start();
-        program.commands->mnuRecreateMap();
-        EXPECT_TRUE(showsRelief(program) == false && program.prompt.told.size() == 1U)
-            << "the built-in picture serves, and the user knows";
+    program.data->run.marks.mnuTopo = true;
+    for (const std::string& file :
+         {writeWorld(program.folder), program.folder.write("bad.jpg", "no picture")}) {
+        program.window.chosenFile = file;
+        program.commands->mnuLoadCustomMap();
+        EXPECT_EQ(program.setting("MCMapOptions", "BaseMap"), file);
+        EXPECT_TRUE(showsRelief(program)) << "of the picture before when this one is bad";
     }
+    const std::vector<std::string> unusable = {"The picture could not be used.\r\n" +
+                                               program.folder.path("bad.jpg") +
+                                               "\r\nUnsupported image format"};
+    EXPECT_EQ(program.prompt.told, unusable);
+    program.restart(); // it is the stored one now
+    program.start();
+    const std::string cache = program.folder.read("MillerBaseMap.map");
+    program.prompt.told.clear();
+    program.commands->mnuRecreateMap();
+    EXPECT_FALSE(showsRelief(program)) << "the built-in picture serves";
+    EXPECT_EQ(program.prompt.told, unusable);
+    EXPECT_EQ(program.folder.read("MillerBaseMap.map"), cache) << "until the user's is back";
 }
 
 TEST(BaseColours, AreStoredAndRebuiltWhenTheyChange) {
@@ -144,26 +139,23 @@ TEST(BaseColours, AreStoredAndRebuiltWhenTheyChange) {
         Colour whenEmpty;
     } cases[] = {{&Commands::mnuChangeLandColor, "LandColor=", 12648384},
                  {&Commands::mnuChangeWaterColor, "WaterColor=", 16698789}};
-    for (const bool azimuthal : {true, false}) {
-        for (const auto& c : cases) {
-            PlottedProgram program(settingsOf(azimuthal));
-            const auto change = [&](std::optional<Colour> chosen) {
-                program.window.chosenColour = chosen;
-                (*program.commands.*c.command)();
-                return program.window.colourDialogs.back();
-            };
-            EXPECT_EQ(change(std::nullopt), c.whenEmpty);
-            EXPECT_EQ(program.takeChanges(), "");
-            EXPECT_EQ(change(c.whenEmpty), c.whenEmpty);
-            EXPECT_EQ(program.takeChanges(), c.key + std::to_string(c.whenEmpty) + " ");
-            EXPECT_EQ(program.look(), "world home plot ") << "the same colour rebuilds nothing";
-            EXPECT_EQ(change(0x4080C0), c.whenEmpty);
-            EXPECT_EQ(program.takeChanges(), std::string(c.key) + "4227264 ");
-            const bool ofLand = c.whenEmpty == land;
-            EXPECT_EQ(program.look(ofLand ? 0x4080C0 : land, ofLand ? water : 0x4080C0),
-                      "world home ");
-            EXPECT_EQ(change(std::nullopt), 0x4080C0U);
-        }
+    for (const auto& c : cases) {
+        PlottedProgram program(settingsOf(Projection::Miller));
+        const auto change = [&](std::optional<Colour> chosen) {
+            program.window.chosenColour = chosen;
+            (*program.commands.*c.command)();
+            return program.window.colourDialogs.back();
+        };
+        EXPECT_EQ(change(std::nullopt), c.whenEmpty);
+        EXPECT_EQ(program.takeChanges(), "");
+        EXPECT_EQ(change(c.whenEmpty), c.whenEmpty);
+        EXPECT_EQ(program.takeChanges(), c.key + std::to_string(c.whenEmpty) + " ");
+        EXPECT_EQ(program.look(), "world home plot ") << "the same colour rebuilds nothing";
+        EXPECT_EQ(change(0x4080C0), c.whenEmpty);
+        EXPECT_EQ(program.takeChanges(), std::string(c.key) + "4227264 ");
+        const bool ofLand = c.whenEmpty == land;
+        EXPECT_EQ(program.look(ofLand ? 0x4080C0 : land, ofLand ? water : 0x4080C0), "world home ");
+        EXPECT_EQ(change(std::nullopt), 0x4080C0U);
     }
 }
 

@@ -92,13 +92,6 @@ TEST_F(MapFrameTest, TakesWhatAManagerInsistsOn) {
     EXPECT_EQ(window.rect, QRect(0, 0, 500, 540)) << "the next drag is asked for again";
 }
 
-TEST_F(MapFrameTest, GivesUpOnAManagerThatHasAnAnswerOfItsOwnToEachWish) {
-    window.answers = [](QRect wanted) { return wanted.adjusted(0, 0, -7, 0); };
-    drag({100, 100, 600, 500}, 50);
-    EXPECT_LE(window.asked.size(), 6U);
-    EXPECT_EQ(frame.size(), window.rect.size());
-}
-
 TEST_F(MapFrameTest, ShapesWhenAHeldEdgeIsLetGo) {
     bool held = true;
     window.answers = [&held](QRect wanted) { return held ? QRect(100, 100, 320, 340) : wanted; };

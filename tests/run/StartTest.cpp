@@ -1,3 +1,4 @@
+#include "plot/PlotRendering.h"
 #include "run/TestProgram.h"
 
 #include <filesystem>
@@ -18,7 +19,6 @@ TEST(Start, FirstRunAsksForTheStationBeforeItBuildsTheMap) {
     program.window.onAskStation = [&] {
         EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
         program.data->ini.WriteIniValue("Globals", "Latitude", "52");
-        program.data->ini.WriteIniValue("Globals", "Longitude", "13.5");
     };
     program.start();
     EXPECT_EQ(program.window.takeCalls(), "ask station,center");
@@ -28,58 +28,45 @@ TEST(Start, FirstRunAsksForTheStationBeforeItBuildsTheMap) {
     EXPECT_EQ(program.data->run.HomeLatitude, 52.0F);
     EXPECT_EQ(program.look(), "world home ");
     EXPECT_FALSE(program.window.waitPointer || program.window.timer1);
-    EXPECT_TRUE(program.data->run.FormReady);
-    EXPECT_FALSE(program.data->run.MapPlotted);
+    EXPECT_TRUE(program.data->run.FormReady && !program.data->run.MapPlotted);
     EXPECT_TRUE(program.prompt.told.empty());
-    EXPECT_EQ(program.window.height, 8000.0F);
     EXPECT_EQ(program.map->Picture2.Width(), program.map->Picture2.Height()) << "square";
+    program.restart();
+    program.start();
+    EXPECT_EQ(program.window.takeCalls(), "center") << "no question to a known user";
 }
 
-TEST(Start, AnEmptyFolderMissesItsFilesAndStillStarts) {
-    TestProgram program({}, false);
+TEST(Start, APreparedFolderServesAndWhatItLacksIsTold) {
+    TestProgram program(home + "[Log]\r\nadifile=missing.adi\r\n", false);
+    program.folder.write("tvadif.txt", "CALL\r\n");
     program.start();
     EXPECT_EQ(program.prompt.told,
               (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
                                         "The databse file 'paintma.txt' not found."}));
     EXPECT_EQ(program.prompt.icons, std::vector(2, MessageIcon::Exclamation));
-    EXPECT_EQ(program.folder.names(), "GCBaseMap.map TVADIF.txt Tovrel.ini ");
     EXPECT_EQ(program.look(), "home ");
-    program.prompt.told.clear();
-    program.restart();
-    program.start();
-    EXPECT_TRUE(program.prompt.told.empty()) << "the second start has its cache";
-    EXPECT_EQ(program.window.takeCalls(), "ask station,center,center");
-}
+    EXPECT_EQ(program.folder.names(), "GCBaseMap.map Tovrel.ini tvadif.txt ");
+    EXPECT_EQ(program.data->run.LogFileName, "");
 
-TEST(Start, APreparedFolderServesItsCacheAndKeepsItsDictionary) {
-    TestProgram program(home + "[Log]\r\nadifile=missing.adi\r\n");
     writeCache(program.folder);
     const std::string cache = program.folder.read("GCBaseMap.map");
-    program.folder.write("tvadif.txt", "CALL\r\n");
-    program.start();
-    EXPECT_EQ(program.window.takeCalls(), "center") << "no question to a known user";
-    EXPECT_EQ(program.mapAt(40, 0), cachedColour) << "a plain bitmap serves";
-    EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache);
-    EXPECT_EQ(program.folder.read("tvadif.txt"), "CALL\r\n");
-    EXPECT_EQ(program.listener.yields, 0);
-    EXPECT_EQ(program.data->run.LogFileName, "");
-    EXPECT_EQ(program.setting("Log", "adifile"), "missing.adi");
-    EXPECT_TRUE(program.prompt.told.empty());
-
     const std::string log = program.folder.write("my log.adi", "");
     program.data->ini.WriteIniValue("Log", "ADIFILE", log);
+    program.listener.yields = 0;
     program.restart();
     program.start();
+    EXPECT_EQ(program.mapAt(40, 0), cachedColour) << "a plain bitmap serves";
+    EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache);
     EXPECT_EQ(program.data->run.LogFileName, log);
-    EXPECT_EQ(program.listener.begun, 0) << "it is not read";
+    EXPECT_EQ(program.listener.begun + program.listener.yields, 0) << "it is not read";
+    EXPECT_EQ(program.prompt.told.size(), 2U) << "no more than at first";
 }
 
 TEST(Start, DisplayChoosesTheMapAndItsSize) {
     const struct {
         const char* display;
         bool azimuthal;
-    } cases[] = {
-        {"", true}, {"Azimuthal", true}, {"Miller", false}, {"azimuthal", false}, {"x", false}};
+    } cases[] = {{"Azimuthal", true}, {"azimuthal", false}};
     for (const auto& c : cases) {
         TestProgram program(home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + c.display +
                             "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n"
@@ -87,8 +74,6 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
         program.start();
         EXPECT_EQ(program.data->run.marks.projection == Projection::Azimuthal, c.azimuthal)
             << c.display;
-        EXPECT_EQ(program.window.caption, c.azimuthal ? "Tovrel - Azimuthal Equidistant Projection"
-                                                      : "Tovrel - Miller Cylindrical Projection");
         EXPECT_EQ(program.window.height, c.azimuthal ? 6000.0F : 4500.0F);
         EXPECT_EQ(program.window.width, c.azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
         EXPECT_EQ(program.map->Picture2.Height(), program.window.height - FakeWindow::frame);
@@ -100,40 +85,29 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
     }
 }
 
-TEST(Start, WhatIsNoNumberAndNoPictureGivesWayToDefaults) {
-    for (const char* garbage : {"", "no bitmap", "BM\1\2\3\4"}) {
-        TestProgram program(home + "GCHeight=tall\r\n");
-        program.folder.write("GCBaseMap.map", garbage);
-        program.start();
-        EXPECT_EQ(program.window.height, 8000.0F);
-        EXPECT_EQ(program.look(), "world home ");
-        EXPECT_TRUE(LoadPicture(program.folder.path("GCBaseMap.map")));
-        EXPECT_TRUE(program.prompt.asked.empty());
-    }
-}
-
 TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
-    QImage world(1080, 540, QImage::Format_RGB32);
+    QImage world(36, 18, QImage::Format_RGB32);
     world.fill(Qt::red);
     TestProgram program;
     ASSERT_TRUE(SavePicture(world, program.folder.path("world.bmp")));
-    ASSERT_TRUE(SavePicture(QImage(1, 1, QImage::Format_RGB32), program.folder.path("tiny")));
-    program.folder.write("Tovrel.ini",
-                         home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\nBaseMap=" +
-                             program.folder.path("world.bmp") + "\r\n");
+    program.folder.write("Tovrel.ini", home +
+                                           "GCHeight=tall\r\n[GCMapOptions]\r\n"
+                                           "Meridian=True\r\nTopo=True\r\nBaseMap=" +
+                                           program.folder.path("world.bmp") + "\r\n");
     writeCache(program.folder);
     const std::string whole = program.folder.read("GCBaseMap.map");
     const std::string path = program.folder.path("GCBaseMap.map");
     ASSERT_TRUE(saveBaseMap(LoadPicture(path).image, MapHome{50.0F, -20.5F}, path));
-    for (const std::string& cached :
-         {whole.substr(0, whole.size() / 2), whole + "x", program.folder.read("tiny"),
-          program.folder.read("GCBaseMap.map")}) { // the last one is that of another home
+    const std::string ofAnotherHome = program.folder.read("GCBaseMap.map");
+    for (const std::string& cached : {std::string(), whole.substr(0, whole.size() / 2), whole + "x",
+                                      program.folder.read("world.bmp"), ofAnotherHome}) {
         program.folder.write("GCBaseMap.map", cached);
         program.restart();
         program.start();
+        EXPECT_EQ(program.window.height, 8000.0F) << "the default of what is no number";
         EXPECT_EQ(loadBaseMap(path).home, (MapHome{50.0F, -20.0F}));
         EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
-        EXPECT_EQ(program.mapAt(40, 4), 0x0000FFU) << "relief";
+        EXPECT_GT(inkOf(program.map->Picture1, 0x0000FFU).count, 0) << "relief";
         EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
         EXPECT_EQ(program.listener.begun, 0);
     }
@@ -201,41 +175,36 @@ TEST(Start, ACacheThatCantBeWrittenServesFromMemory) {
     EXPECT_EQ(program.look(), "world home ") << "the map never goes blank";
     program.commands->mnuMiller();
     EXPECT_EQ(program.look(), "world home ");
-    program.window.height = 9000;
-    program.map->Form_Resize();
-    EXPECT_EQ(program.look(), "world home ");
     EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
-    const std::string map = program.folder.path("GCBaseMap.map");
-    EXPECT_EQ(program.prompt.told[0], "The tag list could not be created.\r\n" +
-                                          program.folder.path("TVADIF.txt") +
-                                          "\r\nPermission denied");
-    EXPECT_EQ(program.prompt.told[1],
-              "The base map could not be stored.\r\n" + map + "\r\nPermission denied");
+    const auto failure = [&program](const char* what, const char* file) {
+        return what + std::string("\r\n") + program.folder.path(file) + "\r\nPermission denied";
+    };
+    EXPECT_EQ(program.prompt.told,
+              (std::vector{failure("The tag list could not be created.", "TVADIF.txt"),
+                           failure("The base map could not be stored.", "GCBaseMap.map"),
+                           failure("The base map could not be stored.", "MillerBaseMap.map")}));
     EXPECT_EQ(program.data->ini.takeFailure().value().what, "The settings could not be stored.");
 }
 
 TEST(Start, TellsOfADamagedCoastlineAndCachesNoMapWithoutIt) {
-    for (const std::string& coast : {std::string(), coastStroke({{0, 0}, {600, 600}}).substr(6)}) {
-        TestProgram program(home);
-        program.folder.write("mapper.pnt", coast);
-        program.start();
-        ASSERT_EQ(program.prompt.told.size(), 1U);
-        EXPECT_EQ(program.prompt.told[0], "The databse file 'Mapper.pnt' could not be read.\r\n" +
-                                              program.folder.path("mapper.pnt") +
-                                              "\r\nThe file is damaged: no coastline begins in it");
-        EXPECT_EQ(program.folder.names(), "TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
-    }
+    TestProgram program(home);
+    program.folder.write("mapper.pnt", coastStroke({{0, 0}, {600, 600}}).substr(6));
+    program.start();
+    EXPECT_EQ(program.prompt.told,
+              std::vector<std::string>{"The databse file 'Mapper.pnt' could not be read.\r\n" +
+                                       program.folder.path("mapper.pnt") +
+                                       "\r\nThe file is damaged: no coastline begins in it"});
+    EXPECT_EQ(program.folder.names(), "TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
 }
 
 TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
-    for (const bool azimuthal : {true, false}) {
-        PlottedProgram program(settingsOf(azimuthal));
+    for (const Projection map : allProjections) {
+        PlottedProgram program(settingsOf(map));
         program.window.height = 6543.5F;
         program.window.width = 8765.0F;
         program.commands->Form_Unload();
-        EXPECT_EQ(program.takeChanges(),
-                  azimuthal ? "Globals.GCHeight=6543.5 " : "Globals.MlWidth=8765 ");
-        EXPECT_FALSE(program.data->run.FormReady);
+        EXPECT_EQ(program.takeChanges(), map == Projection::Azimuthal ? "Globals.GCHeight=6543.5 "
+                                                                      : "Globals.MlWidth=8765 ");
     }
 }
 
@@ -266,6 +235,22 @@ TEST(MapPictures, FitsThePictureToTheWindowUnlessThatIsMinimized) {
     program.data->run.FormReady = true;
     program.map->Form_Resize();
     EXPECT_EQ(program.window.lastPlace, (MapPlace{0, 0, 5100, 5100}));
+}
+
+TEST(MapPictures, HomeLiesOnTheGraticuleInTheMarkerSizeOfItsMap) {
+    for (const Projection map : allProjections) {
+        PlottedProgram program("[Globals]\r\nLatitude=0\r\nLongitude=-20\r\nDisplay=" +
+                               std::string(namesOf(map).display) +
+                               "\r\n[GCMapOptions]\r\nMarker=Large\r\n");
+        program.commands->mnuMeridian();
+        program.commands->mnuRecreateMap();
+        const int width = dotWidths(program.data->maps.inForce().marker).inner;
+        EXPECT_EQ(inkOf(program.map->Picture2, homeColour).width(), width);
+        EXPECT_EQ(program.mapAt(0, -20), homeColour) << "not the lines that cross there";
+        program.commands->mnuLoadADIF();
+        EXPECT_EQ(inkOf(program.map->Picture2, homeColour).width(), width);
+        EXPECT_EQ(inkOf(program.map->Picture2, confirmedColour).width(), width);
+    }
 }
 
 TEST(MapPictures, TakesANewSizeBeforeTheMarksAreDrawn) {

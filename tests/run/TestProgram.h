@@ -146,8 +146,8 @@ struct PlottedProgram : TestProgram {
 };
 
 /// Settings with one of the two maps on show.
-inline std::string settingsOf(bool azimuthal) {
-    return home + "Display=" + (azimuthal ? "Azimuthal" : "Miller") + "\r\n";
+inline std::string settingsOf(Projection map) {
+    return home + "Display=" + std::string(namesOf(map).display) + "\r\n";
 }
 
 } // namespace tovrel
