@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Controls.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 
 #include <gtest/gtest.h>
 #include <vector>

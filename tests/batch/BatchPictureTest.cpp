@@ -3,6 +3,7 @@
 #include "state/MapColours.h"
 
 #include <QImage>
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
 
@@ -30,23 +31,13 @@ protected:
     }
 };
 
-/// Dark pixels where the stamp begins.
-int stampInk(const QImage& image) {
-    int dark = 0;
-    for (int y = image.height() * 94 / 100; y < image.height(); ++y) {
-        for (int x = 8; x < 100; ++x)
-            dark += qGray(image.pixel(x, y)) < 100 ? 1 : 0;
-    }
-    return dark;
-}
-
 TEST_F(BatchPicture, isStampedAndOfTheKindThatItsNameTells) {
     const struct {
         const char *projection, *name, *magic;
         QSize size;
     } cases[] = {{"azimuthal", "map.png", "\x89PNG", {800, 800}},
                  {"miller", "map.BMP", "BM", {800, 400}},
-                 {"miller", "map.jpg", "\xFF\xD8", {800, 400}}};
+                 {"miller", "map.jpeg", "\xFF\xD8", {800, 400}}};
     for (const auto& c : cases) {
         const std::string path = work.path(c.name);
         const BatchEnd end = run("plot", {"--projection", c.projection, "--image", path});
@@ -55,7 +46,12 @@ TEST_F(BatchPicture, isStampedAndOfTheKindThatItsNameTells) {
         EXPECT_TRUE(work.read(c.name).starts_with(c.magic)) << c.name;
         const QImage image(QString::fromStdString(path));
         EXPECT_EQ(image.size(), c.size) << c.name;
-        EXPECT_GT(stampInk(image), 50) << c.name;
+        PictureSurface surface = whiteSurface(c.size.width(), c.size.height());
+        surface.setPicture(image);
+        const Ink stamp = inkWhere(surface, [&c](int x, int y, Colour colour) {
+            return x < 100 && y > c.size.height() * 94 / 100 && (colour & 0xFFU) < 100;
+        });
+        EXPECT_GT(stamp.count, 50) << c.name;
     }
 }
 
@@ -77,15 +73,20 @@ TEST_F(BatchPicture, looksFollowTheirOptionAndTheBaseMapDoesNot) {
     const QImage base = picture({}, "--base-map");
     EXPECT_EQ(base.size(), QSize(667, 667));
     folder.write("GCBaseMap.map", "no picture");
-    const char* const rows[][3] = {{"--compass", "off", "45"},
-                                   {"--compass", "15", "45"},
-                                   {"--graticule", "on", "off"},
-                                   {"--home-mark", "on", "off"},
-                                   {"--marker", "small", "large"}};
-    for (const auto& [option, one, other] : rows) {
-        EXPECT_NE(picture({option, one}), picture({option, other})) << option;
-        EXPECT_EQ(picture({option, one}, "--base-map"), base) << option;
+    std::vector<QImage> seen;
+    std::vector<std::string> all;
+    for (const auto& [option, value] : {std::pair{"--compass", "off"},
+                                        {"--compass", "15"},
+                                        {"--compass", "45"},
+                                        {"--graticule", "on"},
+                                        {"--home-mark", "off"},
+                                        {"--marker", "small"}}) {
+        const QImage image = picture({"--size", "400", option, value});
+        EXPECT_EQ(std::count(seen.begin(), seen.end(), image), 0) << option << ' ' << value;
+        seen.push_back(image);
+        all.insert(all.end(), {option, value});
     }
+    EXPECT_EQ(picture(all, "--base-map"), base);
     // The relief is no look: it is part of the base map, and nobody is asked about it.
     QImage world(36, 18, QImage::Format_RGB32);
     world.fill(Qt::red);
@@ -101,28 +102,27 @@ TEST_F(BatchPicture, looksFollowTheirOptionAndTheBaseMapDoesNot) {
 
 TEST_F(BatchPicture, withoutTheDataFilesComesOnlyWhenThatIsAllowed) {
     const TestFolder empty;
+    const std::string missing = "tovrel-batch: The databse file 'Mapper.pnt' not found.\n"
+                                "tovrel-batch: The databse file 'paintma.txt' not found.\n";
     std::vector<std::string> arguments = {"plot",     log,   "--folder", empty.path(),
                                           "--home",   "1,2", "--image",  work.path("map.png"),
                                           "--report", "-"};
     BatchEnd end = runBatch(arguments);
     EXPECT_EQ(end.status, 3);
-    EXPECT_TRUE(end.err.ends_with(
-        "not found.\ntovrel-batch: --allow-incomplete draws the map all the same\n"))
-        << end.err;
+    EXPECT_EQ(end.err, missing + "tovrel-batch: --allow-incomplete draws the map all the same\n");
     EXPECT_EQ(everythingIn(work.path()), "log.adi ");
 
     arguments.emplace_back("--allow-incomplete");
     end = runBatch(arguments);
     EXPECT_EQ(end.status, 0);
-    EXPECT_EQ(end.err, "tovrel-batch: The databse file 'Mapper.pnt' not found.\n"
-                       "tovrel-batch: The databse file 'paintma.txt' not found.\n");
+    EXPECT_EQ(end.err, missing);
     EXPECT_NE(end.out.find("\"messages\":[\"The databse file 'Mapper.pnt' not found.\","),
               std::string::npos);
+    end = runBatch({"plot", log, "--folder", empty.path(), "--report", "-"});
+    EXPECT_EQ(end.status, 0) << "a report needs no map";
+    EXPECT_EQ(end.err, "tovrel-batch: no settings tell the home position, 0,0 is taken; "
+                       "--home LAT,LON sets it\n");
     EXPECT_EQ(everythingIn(empty.path()), "");
-    const BatchEnd report = runBatch({"plot", log, "--folder", empty.path(), "--report", "-"});
-    EXPECT_EQ(report.status, 0) << "a report needs no map";
-    EXPECT_EQ(report.err, "tovrel-batch: no settings tell the home position, 0,0 is taken; "
-                          "--home LAT,LON sets it\n");
 }
 
 TEST_F(BatchPicture, goesToStandardOutputAsPng) {
@@ -163,9 +163,7 @@ TEST_F(BatchPicture, comesWithoutHelperThreadsAndNotWithoutFonts) {
 TEST(BatchProgram, TellsOfItselfOnStandardOutput) {
     const BatchEnd help = runBatch({"--help"});
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"plot LOG", "--folder", "--projection", "--home", "--image",
-                               "--report", "--quiet", "--version"})
-        EXPECT_NE(help.out.find(option), std::string::npos) << option;
+    EXPECT_NE(help.out.find("  --home LAT,LON"), std::string::npos) << help.out;
     const BatchEnd version = runBatch({"--version"});
     EXPECT_EQ(version.status, 0);
     EXPECT_EQ(version.out, "tovrel-batch 1.0.0\n");

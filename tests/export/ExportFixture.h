@@ -1,9 +1,9 @@
 #pragma once
 
 #include "export/GoogleExport.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 #include "state/InitSettings.h"
 
 #include <filesystem>

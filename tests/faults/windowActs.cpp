@@ -1,6 +1,6 @@
+#include "platform/TestDoubles.h"
 #include "run/Commands.h"
 #include "run/FakeWindow.h"
-#include "run/TestDoubles.h"
 #include "state/StationInfo.h"
 
 #include <QGuiApplication>

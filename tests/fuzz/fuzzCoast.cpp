@@ -1,8 +1,8 @@
 #include "fuzz/Fuzz.h"
 #include "map/BaseMap.h"
 #include "map/MapColours.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 

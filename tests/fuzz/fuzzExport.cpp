@@ -1,8 +1,8 @@
 #include "export/GoogleExport.h"
 #include "fuzz/Fuzz.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 

@@ -1,9 +1,9 @@
 #include "fuzz/Fuzz.h"
 #include "log/RecordReader.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 

@@ -2,8 +2,8 @@
 #include "map/BaseMapCache.h"
 #include "map/MapColours.h"
 #include "map/TopoOverlay.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 

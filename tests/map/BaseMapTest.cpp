@@ -3,8 +3,8 @@
 #include "map/CoastFile.h"
 #include "map/MapColours.h"
 #include "map/Pixels.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 namespace {

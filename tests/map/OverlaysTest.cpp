@@ -3,7 +3,7 @@
 #include "map/BaseMap.h"
 #include "map/MapColours.h"
 #include "map/Pixels.h"
-#include "run/TestDoubles.h"
+#include "platform/TestDoubles.h"
 
 #include <cmath>
 #include <numbers>

@@ -4,7 +4,7 @@
 #include "map/Pixels.h"
 #include "map/WorldImage.h"
 #include "platform/Numbers.h"
-#include "run/TestDoubles.h"
+#include "platform/TestDoubles.h"
 
 #include <QColor>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "map/Pixels.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 
 namespace tovrel {
 

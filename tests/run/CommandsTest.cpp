@@ -78,16 +78,13 @@ TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
     expectSteps(program, steps);
     EXPECT_EQ(told, 7);
     EXPECT_TRUE(program.data->run.MapPlotted);
-    const auto darkPixels = [&](Command command) {
+    std::vector<int> dark;
+    for (const Command command : {&Commands::mnuShowCompass, &Commands::mnuBoldCompass,
+                                  &Commands::mnu45Degrees, &Commands::mnuShowCompass}) {
         (*program.commands.*command)();
-        return inkWhere(program.map->Picture1, [](int, int, Colour c) { return (c & 0xFFU) < 100; })
-            .count;
-    };
-    const int fine = darkPixels(&Commands::mnuShowCompass);
-    EXPECT_GT(darkPixels(&Commands::mnuBoldCompass), fine);
-    const int coarse = darkPixels(&Commands::mnu45Degrees);
-    EXPECT_LT(coarse, fine);
-    EXPECT_LT(darkPixels(&Commands::mnuShowCompass), coarse);
+        dark.push_back(inkOf(program.map->Picture1, black).count);
+    }
+    EXPECT_TRUE(dark[0] < dark[1] && dark[1] > dark[2] && dark[2] > dark[3]);
 }
 
 TEST(OpenADIFFile, OffersTheFolderOfTheLastLogAndKeepsTheChoice) {

@@ -62,7 +62,7 @@ TEST(Start, APreparedFolderServesAndWhatItLacksIsTold) {
     EXPECT_EQ(program.prompt.told.size(), 2U) << "no more than at first";
 }
 
-TEST(Start, DisplayChoosesTheMapAndItsSize) {
+TEST(Start, DisplayChoosesTheMapAndItsSizeWhichTheEndStores) {
     const struct {
         const char* display;
         bool azimuthal;
@@ -82,6 +82,13 @@ TEST(Start, DisplayChoosesTheMapAndItsSize) {
         const Legend& legend = program.data->stats.legend();
         EXPECT_EQ(legend.colour(MapColour::Heard), 3U) << "the azimuthal palette, on either map";
         EXPECT_EQ(legend.colour(MapColour::Meridian), c.azimuthal ? 4U : 2U);
+
+        program.window.height = 6543.5F;
+        program.window.width = 8765.0F;
+        program.takeChanges();
+        program.commands->Form_Unload();
+        EXPECT_EQ(program.takeChanges(),
+                  c.azimuthal ? "Globals.GCHeight=6543.5 " : "Globals.MlWidth=8765 ");
     }
 }
 
@@ -131,26 +138,20 @@ TEST(Start, ThatChangesNoSettingWritesNoFile) {
 }
 
 TEST(Start, WithSettingsOutOfReachShowsTheDefaultsAndTouchesNothing) {
-    for (const bool folderInPlace : {true, false}) {
-        TestProgram program;
-        writeCache(program.folder);
-        const std::string cache = program.folder.read("GCBaseMap.map");
-        if (folderInPlace)
-            std::filesystem::create_directory(program.folder.path("Tovrel.ini"));
-        else
-            program.folder.write("Tovrel.ini", "no settings");
-        program.restart();
-        program.start();
-        program.commands->mnuRecreateMap();
-        EXPECT_EQ(program.look(), "world home ");
-        EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache) << "of a home that is not known";
-        const std::string reason = folderInPlace ? "Is a directory" : "This is no settings file";
-        EXPECT_EQ(messageOf(program.data->ini.takeFailure().value()),
-                  "The settings file could not be read.\r\n" + program.folder.path("Tovrel.ini") +
-                      "\r\n" + reason);
-        EXPECT_FALSE(program.data->ini.takeFailure()) << "told once";
-        EXPECT_EQ(program.window.takeCalls().find("ask station"), std::string::npos);
-    }
+    TestProgram program;
+    writeCache(program.folder);
+    const std::string cache = program.folder.read("GCBaseMap.map");
+    std::filesystem::create_directory(program.folder.path("Tovrel.ini"));
+    program.restart();
+    program.start();
+    program.commands->mnuRecreateMap();
+    EXPECT_EQ(program.look(), "world home ");
+    EXPECT_EQ(program.folder.read("GCBaseMap.map"), cache) << "of a home that is not known";
+    EXPECT_EQ(messageOf(program.data->ini.takeFailure().value()),
+              "The settings file could not be read.\r\n" + program.folder.path("Tovrel.ini") +
+                  "\r\nIs a directory");
+    EXPECT_FALSE(program.data->ini.takeFailure()) << "told once";
+    EXPECT_EQ(program.window.takeCalls().find("ask station"), std::string::npos);
 }
 
 TEST(Start, WithACacheTheOverlaysComeAsStored) {
@@ -195,17 +196,6 @@ TEST(Start, TellsOfADamagedCoastlineAndCachesNoMapWithoutIt) {
                                        program.folder.path("mapper.pnt") +
                                        "\r\nThe file is damaged: no coastline begins in it"});
     EXPECT_EQ(program.folder.names(), "TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
-}
-
-TEST(Start, TheEndStoresTheSizeOfTheMapOnShow) {
-    for (const Projection map : allProjections) {
-        PlottedProgram program(settingsOf(map));
-        program.window.height = 6543.5F;
-        program.window.width = 8765.0F;
-        program.commands->Form_Unload();
-        EXPECT_EQ(program.takeChanges(), map == Projection::Azimuthal ? "Globals.GCHeight=6543.5 "
-                                                                      : "Globals.MlWidth=8765 ");
-    }
 }
 
 TEST(MapPictures, FitsThePictureToTheWindowUnlessThatIsMinimized) {

@@ -5,10 +5,10 @@
 #include "map/MapColours.h"
 #include "map/PictureFile.h"
 #include "map/Pixels.h"
+#include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "run/Commands.h"
 #include "run/FakeWindow.h"
-#include "run/TestDoubles.h"
 
 #include <map>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "export/GoogleExport.h"
+#include "platform/TestDoubles.h"
 #include "run/RunData.h"
-#include "run/TestDoubles.h"
 #include "state/InitSettings.h"
 
 #include <cstdio>
