@@ -58,8 +58,8 @@ QRect captionRoom(const QAbstractButton& button) {
     return button.rect().adjusted(2, 2, -2, -2);
 }
 
-QString describe(const QWidget& control) {
-    return control.window()->objectName() + '.' + control.objectName();
+std::string nameOf(const QWidget& control) {
+    return (control.window()->objectName() + '.' + control.objectName()).toStdString();
 }
 
 TEST_F(AllWindowsTest, NoCaptionIsClipped) {
@@ -69,11 +69,9 @@ TEST_F(AllWindowsTest, NoCaptionIsClipped) {
             if (button->text().isEmpty())
                 continue;
             const QSize needed = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
-            const QSize room = captionRoom(*button).size();
-            EXPECT_LE(needed.width(), room.width()) << describe(*button).toStdString();
-            EXPECT_LE(needed.height(), room.height()) << describe(*button).toStdString();
+            EXPECT_EQ(needed, needed.boundedTo(captionRoom(*button).size())) << nameOf(*button);
             EXPECT_TRUE(button->parentWidget()->rect().contains(button->geometry()))
-                << describe(*button).toStdString();
+                << nameOf(*button);
             ++looked;
         }
         for (const QLabel* label : window->findChildren<QLabel*>()) {
@@ -81,9 +79,9 @@ TEST_F(AllWindowsTest, NoCaptionIsClipped) {
             // The explanation of the filters takes a run of blanks for a new line.
             const QString text = label->text().replace(QRegularExpression(" {3,}"), "\n");
             const QRect needed = label->fontMetrics().boundingRect(label->rect(), wrap, text);
-            EXPECT_LE(needed.width(), label->width()) << describe(*label).toStdString();
+            EXPECT_LE(needed.width(), label->width()) << nameOf(*label);
             // Below the last line may be a pixel that no letter uses.
-            EXPECT_LE(needed.height(), label->height() + 1) << describe(*label).toStdString();
+            EXPECT_LE(needed.height(), label->height() + 1) << nameOf(*label);
             ++looked;
         }
         for (const QGroupBox* box : window->findChildren<QGroupBox*>()) {
@@ -102,8 +100,7 @@ TEST_F(AllWindowsTest, EveryControlThatTakesTheFocusHasAnAccessibleName) {
                 continue;
             QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(control);
             ASSERT_TRUE(interface);
-            EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty())
-                << describe(*control).toStdString();
+            EXPECT_FALSE(interface->text(QAccessible::Name).isEmpty()) << nameOf(*control);
         }
     }
 }

@@ -66,20 +66,6 @@ TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
     EXPECT_NE(folder_.names().find("TovrelAP_"), std::string::npos);
 }
 
-TEST_F(CommandsByMenuTest, OpenAdifFileStoresTheLogAndPlotsNothing) {
-    answerA<QFileDialog>([](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.nameFilters(), QStringList({"ADIF Files (*.ADI) (*.ADI)"}));
-        dialog.reject();
-    });
-    pick("mnuOpenADIFFile");
-    EXPECT_EQ(data_->run.LogFileName, folder_.path("log.adi"));
-    const std::string other = folder_.write("OTHER.ADI", "<EOH>\r\n");
-    chooseFile("OTHER.ADI", "Load Log Input File");
-    pick("mnuOpenADIFFile");
-    EXPECT_EQ(setting("Log", "adifile"), other);
-    EXPECT_FALSE(data_->run.MapPlotted);
-}
-
 TEST_F(CommandsByMenuTest, TheReliefIsAskedForAndShowsTheCustomMap) {
     QImage picture(360, 180, QImage::Format_RGB32);
     picture.fill(Qt::darkYellow);

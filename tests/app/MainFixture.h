@@ -12,6 +12,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QWindow>
 #include <deque>
@@ -125,6 +126,8 @@ protected:
         const QString file = QString::fromStdString(folder_.path(name));
         answerA<QFileDialog>([file, title](QFileDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle(), title);
+            EXPECT_EQ(dialog.nameFilters().filter(QRegularExpression("^[A-Z].* Files \\(")).size(),
+                      dialog.nameFilters().size());
             control<QLineEdit>(dialog, "fileNameEdit").setText(file);
             static_cast<QDialog&>(dialog).accept();
         });

@@ -73,15 +73,14 @@ TEST_F(OptionWindowsTest, TheExportFollowsItsWindowAndLeavesTheArchiveBesideTheC
     EXPECT_EQ(setting("GoogleMapOptions", "Marker"), "Small") << "a marker is stored at once";
 
     chooseFile("other.adi", "Load Log Input File");
+    pick("mnuOpenADIFFile");
+    EXPECT_EQ(setting("Log", "adifile"), folder_.path("other.adi"));
     answerMessage("Google Earth File: ", QMessageBox::No);
     pick("mnuGoogle");
-    EXPECT_EQ(setting("Log", "adifile"), folder_.path("other.adi"));
     EXPECT_FALSE(std::filesystem::exists(folder_.path("other.kml")));
     std::string document = firstEntryOf(folder_.read("other.kmz"));
-    EXPECT_NE(document.find("W1TVR Confirmed"), std::string::npos);
     EXPECT_NE(document.find("<name>K1AB</name>"), std::string::npos);
     EXPECT_NE(document.find("<scale>0.33</scale>"), std::string::npos);
-    EXPECT_EQ(data_->stats.lists().lstStats.at(2), " 3 QSOs Read");
 
     pick("mnuGoogleMapOptions");
     click(options, "chkCall");
@@ -93,7 +92,6 @@ TEST_F(OptionWindowsTest, TheExportFollowsItsWindowAndLeavesTheArchiveBesideTheC
     pick("mnuGoogle");
     document = firstEntryOf(folder_.read("other.kmz"));
     EXPECT_EQ(document.find("<name>K1AB</name>"), std::string::npos);
-    EXPECT_NE(document.find("lookup for K1AB"), std::string::npos);
 
     pick("mnuGoogleMapOptions");
     click(options, "chkMode(1)"); // not applied, and seen by the export all the same

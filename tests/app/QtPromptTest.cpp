@@ -43,11 +43,9 @@ TEST_F(QtPromptTest, AnswersYesByTheFirstButtonAlone) {
         bool defaultYes;
         QMessageBox::StandardButton preset, pressed;
         bool yes;
-    } rows[] = {
-        {Question::Buttons::YesNo, true, QMessageBox::Yes, QMessageBox::Yes, true},
-        {Question::Buttons::YesNo, false, QMessageBox::No, QMessageBox::Yes, true},
-        {Question::Buttons::OkCancel, true, QMessageBox::Ok, QMessageBox::NoButton, false},
-        {Question::Buttons::OkCancel, false, QMessageBox::Cancel, QMessageBox::Cancel, false}};
+    } rows[] = {{Question::Buttons::YesNo, false, QMessageBox::No, QMessageBox::Yes, true},
+                {Question::Buttons::OkCancel, true, QMessageBox::Ok, QMessageBox::NoButton, false},
+                {Question::Buttons::OkCancel, true, QMessageBox::Ok, QMessageBox::Cancel, false}};
     for (const auto& row : rows) {
         atBox([&row](QMessageBox& box) {
             EXPECT_EQ(box.windowTitle() + '|' + box.text(), "Title|Text");

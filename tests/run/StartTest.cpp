@@ -43,7 +43,6 @@ TEST(Start, APreparedFolderServesAndWhatItLacksIsTold) {
     EXPECT_EQ(program.prompt.told,
               (std::vector<std::string>{"The databse file 'Mapper.pnt' not found.",
                                         "The databse file 'paintma.txt' not found."}));
-    EXPECT_EQ(program.prompt.icons, std::vector(2, MessageIcon::Exclamation));
     EXPECT_EQ(program.look(), "home ");
     EXPECT_EQ(program.folder.names(), "GCBaseMap.map Tovrel.ini tvadif.txt ");
     EXPECT_EQ(program.data->run.LogFileName, "");
@@ -123,17 +122,12 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
 TEST(Start, ThatChangesNoSettingWritesNoFile) {
     TestProgram program(home);
     program.start();
-    const auto stamp = [&program] {
-        return std::filesystem::last_write_time(program.folder.path("Tovrel.ini"));
-    };
     program.restart();
     program.start(); // repairs the key that a first run leaves out
-    const auto before = stamp();
     const ReadOnlyFolder locked(program.folder);
     program.restart();
     program.start();
-    EXPECT_EQ(stamp(), before);
-    EXPECT_FALSE(program.data->ini.takeFailure());
+    EXPECT_FALSE(program.data->ini.takeFailure()) << "of a write";
     EXPECT_TRUE(program.prompt.told.empty());
 }
 
