@@ -35,6 +35,9 @@ TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
         {"mnuLightCompass", map, "CompBold", "False", true, false, false},
         {"mnu45Degrees", map, "45Deg", "True", true, false, false},
         {"mnu15Degrees", map, "45Deg", "False", true, false, false},
+        {"mnuAnyLogger", "Log", "LogFormat", "ADIF", true, true, false},
+        {"mnuPlaceByCountry", "Log", "PlaceByCountry", "False", false, true, false},
+        {"mnuLogger32", "Log", "LogFormat", "Logger32", true, true, false},
         {"mnuMiller", "Globals", "Display", "Miller", true, true, false},
         {"mnuGreatCircle", "Globals", "Display", "Azimuthal", true, true, false},
         {"mnuRecreateMap", map, "Line", "1", false, false, true},
@@ -58,6 +61,7 @@ TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
         EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "the wait pointer stays";
         EXPECT_GT(row.chosen.isValid() ? pixels(row.chosen) : 1001, 1000);
     }
+    EXPECT_FALSE(item("mnuPlaceByCountry").isEnabled()) << "with Logger32";
     data_->lneGCPlotLine.show({});
     pick("mnuHidePlotLine");
     EXPECT_FALSE(data_->lneGCPlotLine.shape().visible);

@@ -88,6 +88,9 @@ TEST(LogFormat, IsStoredAtOnceAndCountsFromTheNextPassOn) {
     program.restart();
     program.start();
     EXPECT_EQ(program.data->run.reading, (LogReading{LogFormat::Adif, false}));
+    program.commands->mnuOpenADIFFile();
+    EXPECT_TRUE(program.window.fileDialogs.back().ends_with(
+        "|ADIF Files (*.ADI)|*.ADI|All ADIF Files (*.adi;*.adif)|*.adi;*.adif"));
     program.commands->mnuLogger32();
     EXPECT_EQ(program.setting("Log", "LogFormat"), "Logger32");
     program.data->ini.WriteIniValue("Log", "LogFormat", "ADI");
