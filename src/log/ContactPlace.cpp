@@ -102,7 +102,7 @@ std::optional<Position> locatorPosition(std::string_view square, std::string_vie
     // cuts its square in each direction.
     static constexpr std::array<int, 6> lettersOfPair = {18, 0, 24, 0, 24, 0};
     constexpr std::size_t extended = 8;
-    constexpr int fewestPairs = 2;
+    constexpr std::size_t fewestPairs = 2;
     constexpr std::size_t longest = 2 * lettersOfPair.size();
 
     std::array<char, longest> room{};
@@ -114,9 +114,9 @@ std::optional<Position> locatorPosition(std::string_view square, std::string_vie
     std::int64_t east = 0;
     std::int64_t north = 0;
     std::int64_t parts = 1; // of 360 degrees of longitude, or 180 of latitude
-    int pairs = 0;
+    std::size_t pairs = 0;
     for (const int letters : lettersOfPair) {
-        const auto at = static_cast<std::size_t>(2 * pairs);
+        const std::size_t at = 2 * pairs;
         if (at + 1 >= size) {
             break;
         }
