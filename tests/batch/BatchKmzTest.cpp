@@ -135,8 +135,8 @@ protected:
                 many += many;
             work.write("log.adi", many);
             QProcess program;
-            // Under nohup it would be ignored.
-            program.setChildProcessModifier([] { std::signal(SIGHUP, SIG_DFL); });
+            // Under nohup, or behind a shell's "&", it would be ignored.
+            program.setChildProcessModifier([signal] { std::signal(signal, SIG_DFL); });
             startBatch(program, arguments);
             while (!program.waitForFinished(1) && !hasBytes(begun)) {
             }
