@@ -17,86 +17,52 @@ std::string textOf(const std::optional<Position>& place) {
 
 TEST(ContactPlace, readsLocations) {
     const std::pair<const char*, const char*> cases[] = {
-        {"N051 30.250", "51.504167"},
-        {"s51 30", "-51.5"},
-        {"N1   3.", "1.05"},
-        {"N090 00.000", "90"},
-        {"S000 00.000", "0"},
-        {"51.5", "51.5"},
-        {"-.5", "-0.5"},
-        {"+7.", "7"},
-        {"-90", "-90"},
-        {"-0", "0"},
-        // None of these is one.
-        {"", "-"},
-        {"N", "-"},
-        {"N051", "-"},
-        {"N051 ", "-"},
-        {"N051 30.25x", "-"},
-        {"N05130.25", "-"},
-        {"N0051 30", "-"},
-        {"N051 130", "-"},
-        {"N051 60", "-"},
-        {"N090 00.001", "-"},
-        {"N 51 30", "-"},
-        {"N051\t30", "-"},
-        {"N051 +3", "-"},
-        {"N051 .5", "-"},
-        {"E051 30", "-"},
-        {"51 30", "-"},
-        {"51,5", "-"},
-        {"5e1", "-"},
-        {"90.0001", "-"},
-        {"inf", "-"},
-        {"1.2.3", "-"},
-    };
+        {"N51 30.3", "51.505"}, {"s51 30", "-51.5"}, {"N1   3.", "1.05"}, {"N090 00.000", "90"},
+        {"S000 00.0", "0"},     {"51.5", "51.5"},    {"-.5", "-0.5"},     {"+7.", "7"},
+        {"-90", "-90"},         {"-0.0", "0"}};
     for (const auto& [text, degrees] : cases)
         EXPECT_EQ(textOf(locationDegrees(text, 'N', 'S', 90.0)), degrees) << text;
     EXPECT_EQ(textOf(locationDegrees("w179 59.4", 'E', 'W', 180.0)), "-179.99");
+    for (const char* none :
+         {"",         "N",        "N051",    "N051 ",       "N051 30.25x", "N05130.25",
+          "N0051 30", "N051 130", "N051 60", "N090 00.001", "N 51 30",     "N051\t30",
+          "N051 +3",  "N051 .5",  "E051 30", "51 30",       "51.5N",       ".",
+          "51,5",     "5e1",      "90.0001", "inf",         "1.2.3"})
+        EXPECT_FALSE(locationDegrees(none, 'N', 'S', 90.0)) << none;
 }
 
 TEST(ContactPlace, takesTheMiddleOfALocator) {
+    // Of some the good beginning counts. An extension stands behind 8 characters alone.
     const struct {
-        const char* square;
-        const char* extension;
-        const char* place;
-    } cases[] = {
-        {"JO62", "", "52.5,13"},
-        {"jo62QM", "", "52.520833,13.375"},
-        {"JO62QM50", "", "52.502083,13.379167"},
-        {"JO62QM50AB", "", "52.50026,13.375174"},
-        {"AA00AA00AA00", "", "-89.999991,-179.999983"},
-        {"RR99XX99XX99", "", "89.999991,179.999983"},
-        {"JO62QM50", "AB", "52.50026,13.375174"},
-        {"JO62QM50", "AB12xyz", "52.500217,13.375052"},
-        {"JO62QM", "50", "52.520833,13.375"}, // it stands behind 8 characters alone
-        // Of these the good beginning counts.
-        {"JO62QMZ", "", "52.520833,13.375"},
-        {"JO62YM", "", "52.5,13"},
-        {"JO62Q", "", "52.5,13"},
-        {"JO62QM5x", "AB", "52.520833,13.375"},
-        {"JO62QM50ABC", "", "52.50026,13.375174"},
-        {"JO62QM50AB1234", "", "52.500217,13.375052"},
-        // And these have none.
-        {"", "", "-"},
-        {"JO6", "", "-"},
-        {"JO6X", "", "-"},
-        {"SO62", "", "-"},
-        {"62JO", "", "-"},
-    };
+        const char *square, *extension, *place;
+    } cases[] = {{"JO62", "", "52.5,13"},
+                 {"jo62QM", "", "52.520833,13.375"},
+                 {"JO62QM50", "", "52.502083,13.379167"},
+                 {"JO62QM50AB", "", "52.50026,13.375174"},
+                 {"AA00AA00AA00", "", "-89.999991,-179.999983"},
+                 {"RR99XX99XX99", "", "89.999991,179.999983"},
+                 {"JO62QM50", "AB", "52.50026,13.375174"},
+                 {"JO62QM50", "AB12xyz", "52.500217,13.375052"},
+                 {"JO62QM", "50", "52.520833,13.375"},
+                 {"JO62QMZ", "", "52.520833,13.375"},
+                 {"JO62YM", "", "52.5,13"},
+                 {"JO62Q", "", "52.5,13"},
+                 {"JO62QM5x", "AB", "52.520833,13.375"},
+                 {"JO62QM50ABC", "", "52.50026,13.375174"},
+                 {"JO62QM50AB1234", "", "52.500217,13.375052"}};
     for (const auto& c : cases)
         EXPECT_EQ(textOf(locatorPosition(c.square, c.extension)), c.place) << c.square;
+    for (const char* none : {"", "JO6", "JO6X", "SO62", "62JO"})
+        EXPECT_FALSE(locatorPosition(none, "")) << none;
 }
 
 TEST(ContactPlace, isTheFirstThatIsTold) {
-    struct Case {
-        const char* what;
-        QsoFields fields;
-        std::string place; ///< word of its source and place
-    };
-    std::vector<Case> cases;
-    const auto add = [&cases](const char* what, const QsoFields& fields, const char* place) {
-        cases.push_back({what, fields, place});
+    EntityTable table;
+    const auto expect = [&table](const char* what, const QsoFields& fields, const char* wanted) {
+        const std::optional<ContactPlace> place = contactPlace(fields, &table);
+        const std::string got =
+            place ? std::string(wordOf(place->from)) + " " + textOf(place->position) : "-";
+        EXPECT_EQ(got, wanted) << what << ": " << fields.call << " " << fields.dxcc;
     };
     QsoFields all;
     all.call = "G4ABC";
@@ -106,43 +72,36 @@ TEST(ContactPlace, isTheFirstThatIsTold) {
     all.lon = "-20.5";
     all.gridSquare = "JO62";
     all.dxcc = "229";
-    add("everything", all, "coordinates -5,-7");
+    expect("everything", all, "coordinates -5,-7");
     all.loggerWest = "0";
-    add("a logger's 0", all, "coordinates 10.5,-20.5");
+    expect("a logger's 0", all, "coordinates 10.5,-20.5");
     QsoFields other = all;
     other.lon = "181";
-    add("beyond the range", other, "locator 52.5,13");
+    expect("beyond the range", other, "locator 52.5,13");
     other = all;
     other.lat = "0";
-    add("on the equator", other, "coordinates 0,-20.5");
+    expect("on the equator", other, "coordinates 0,-20.5");
     all.lat = "S000 00.000";
     all.lon = "0";
-    add("0, 0 is unknown", all, "locator 52.5,13");
+    expect("0, 0 is unknown", all, "locator 52.5,13");
     all.gridSquare = "none";
-    add("a deleted entity", all, "country 52.2,13");
+    expect("a deleted entity", all, "country 52.2,13");
     all.dxcc = "0230";
-    add("an entity of today", all, "country 50.9,9.7");
+    expect("an entity of today", all, "country 50.9,9.7");
     for (const char* dxcc : {"", "-230", "230.0", "4711", "99999999999999999999"}) {
         all.dxcc = dxcc;
-        add("a DXCC that says nothing", all, "country 52.5,-1.5");
+        expect("a DXCC that says nothing", all, "country 52.5,-1.5");
     }
     all.dxcc = "00";
-    add("in no country", all, "-");
+    expect("in no country", all, "-");
     all.dxcc = "230";
     for (const char* call : {"G4ABC/mm", "/AM", "G4ABC/MM=", "G4ABC/AM/P"}) {
         all.call = call;
-        add("at sea or in the air", all, "-");
+        expect("at sea or in the air", all, "-");
     }
     all.call = "MM0ABC";
-    add("in Scotland", all, "country 50.9,9.7");
+    expect("in Scotland", all, "country 50.9,9.7");
 
-    EntityTable table;
-    for (const Case& c : cases) {
-        const std::optional<ContactPlace> place = contactPlace(c.fields, &table);
-        const std::string got =
-            place ? std::string(wordOf(place->from)) + " " + textOf(place->position) : "-";
-        EXPECT_EQ(got, c.place) << c.what << ": " << c.fields.call << " " << c.fields.dxcc;
-    }
     EXPECT_FALSE(contactPlace(all, nullptr)) << "not by country";
 }
 
