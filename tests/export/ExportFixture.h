@@ -1,13 +1,13 @@
 #pragma once
 
 #include "export/GoogleExport.h"
+#include "export/Unpacked.h"
 #include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
 #include "run/RunData.h"
 #include "state/InitSettings.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 
@@ -35,9 +35,7 @@ protected:
 
     void useLog(const std::string& bytes) { data.run.LogFileName = logs.write("log.adi", bytes); }
 
-    ExportEnd exportLog() { return exportLog({logs.path("log.kml"), logs.path("log.kmz")}); }
-
-    ExportEnd exportLog(const ExportFiles& files) {
+    ExportEnd exportLog() {
         GoogleExport pass(data.ini, data.google, data.run, data.stats,
                           data.tables.counters.QsosPlotted, listener, prompt,
                           [this](const std::string& path) {
@@ -45,6 +43,12 @@ protected:
                               return canOpen;
                           });
         return pass.CreateGoogleFile(files);
+    }
+
+    std::string documentOf(const std::string& log) {
+        useLog(log);
+        EXPECT_EQ(exportLog(), ExportEnd::Done);
+        return firstEntryOf(logs.read("log.kmz"));
     }
 
     /// Lets the user act in the yield of the given number, counted over the passes from 1.
@@ -57,6 +61,7 @@ protected:
 
     TestFolder program;
     TestFolder logs;
+    ExportFiles files{logs.path("log.kml"), logs.path("log.kmz")};
     RunData data{program.path(), "Tovrel.ini"};
     ScriptedListener listener;
     ScriptedPrompt prompt;

@@ -1,7 +1,6 @@
 #include "export/GoogleExport.h"
 
 #include "export/ExportFixture.h"
-#include "export/Unpacked.h"
 #include "platform/Numbers.h"
 #include "platform/WriteLimit.h"
 
@@ -40,21 +39,6 @@ TEST_F(ExportTest, showsItsPhasesAndLetsTheBarFallBackInTheLastPass) {
     EXPECT_EQ(listener.progress,
               (std::vector<float>{0, 5, bar(5, 1), bar(5, 2), 35, bar(35, 1), bar(35, 2), 65,
                                   bar(60, 1), bar(60, 2), 95, 98, 99, 100}));
-}
-
-TEST_F(ExportTest, countsWhatOnePassReads) {
-    useLog(record("A1A", "<LOTW_QSL_RCVD:1>Y ") + record("A1B", "<QSL_RCVD:1>Y ") +
-           record("A1C", "<QSL_RCVD:1>Y ") + record("B1A") + record("B1B") + record("C1A=") +
-           "<CALL:1>N <EOR>\r\n");
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
-    const Lines expected = {"Google File:",          " ",
-                            " 7 QSOs Read",          " --------------------",
-                            " 6 QSOs Plotted",       "   2 Worked",
-                            "   3 Confirmed",        "   1 Heard",
-                            " --------------------", " 1 Not Plotted"};
-    EXPECT_EQ(data.stats.lists().lstStats, expected);
-    EXPECT_EQ(data.stats.lists().lstPfxNotPlotted.size(), 0U);
-    EXPECT_EQ(data.tables.counters.QsosPlotted, 0);
 }
 
 TEST_F(ExportTest, packsTheDocumentAndWhatIconsThereAreInAnyCase) {
@@ -128,28 +112,16 @@ TEST_F(ExportTest, stopsAfterTheRecordInWhichTheUserAborts) {
 }
 
 TEST_F(ExportTest, obeysOptionsThatChangeMeanwhile) {
-    useLog(record("A1A") + record("B1B") + record("C1C") + record("D1D", "<BAND:2>2M "));
     listener.onYield = [this](int yield) {
         data.google.chkCall = yield < 5; // the first record of the second pass
         data.google.filter.band.set(1, yield > 5);
     };
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
-    const std::string document = firstEntryOf(logs.read("log.kmz"));
+    const std::string document =
+        documentOf(record("A1A") + record("B1B") + record("C1C") + record("D1D", "<BAND:2>2M "));
     EXPECT_EQ(count(document, "<name>A1A</name>"), 1U);
     EXPECT_EQ(count(document, "<name>B1B</name>"), 0U);
     for (const auto& [call, times] : {std::pair{"B1B<", 1U}, {"C1C<", 0U}, {"D1D<", 1U}})
         EXPECT_EQ(count(document, std::string("lookup for ") + call), times) << call;
-}
-
-TEST_F(ExportTest, readsTheLogThatItOpenedAsFarAsItReachedThen) {
-    useLog(record("A1A"));
-    inYield(1, [this] {
-        std::ofstream(logs.path("log.adi"), std::ios::app) << record("B1B");
-        data.run.LogFileName = logs.write("other.adi", record("D1D="));
-    });
-    EXPECT_EQ(exportLog(), ExportEnd::Done);
-    EXPECT_EQ(data.stats.lists().lstStats[5], "   1 Worked");
-    EXPECT_EQ(data.stats.lists().lstStats[7], "   0 Heard");
 }
 
 /// Exports that fail: each tells so once and shows nothing else.
@@ -158,7 +130,7 @@ protected:
     void expectFailure(ExportEnd end, const std::string& message, const std::string& left) {
         prompt.told.clear();
         data.stats.lists().lstStats = {"of an earlier pass"};
-        EXPECT_EQ(exportLog(files), end);
+        EXPECT_EQ(exportLog(), end);
         ASSERT_EQ(prompt.told.size(), 1U);
         EXPECT_TRUE(prompt.told[0].starts_with(message)) << prompt.told[0];
         EXPECT_FALSE(listener.open);
@@ -174,8 +146,6 @@ protected:
             log += record("A1A");
         return log;
     }
-
-    ExportFiles files{logs.path("log.kml"), logs.path("log.kmz")};
 };
 
 TEST_F(ExportFailureTest, ofALogThatCannotBeReadLeavesNothing) {
@@ -203,13 +173,10 @@ TEST_F(ExportFailureTest, ofFilesThatWouldReplaceTheLogLeavesIt) {
     }
 }
 
-TEST_F(ExportFailureTest, ofADictionaryThatIsMissingOrCannotBeReadTellsSo) {
+TEST_F(ExportFailureTest, ofADictionaryThatIsMissingTellsSo) {
     useLog(record("A1A"));
     std::filesystem::remove(program.path(FieldTable::fileName));
     expectFailure(ExportEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
-                  "log.adi ");
-    std::filesystem::create_directory(program.path(FieldTable::fileName));
-    expectFailure(ExportEnd::DictionaryUnreadable, "The tag list could not be read.\r\n",
                   "log.adi ");
 }
 
