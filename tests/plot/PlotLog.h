@@ -34,15 +34,11 @@ inline std::string record(const Contact& c) {
 
 /// A run in a folder with a dictionary, home and a log; its passes draw on a white surface.
 struct PlotRun {
-    explicit PlotRun(const std::string& log, Projection projection = Projection::Azimuthal,
-                     const std::string& settings = "") {
+    explicit PlotRun(const std::string& log, Projection projection = Projection::Azimuthal) {
         (void)FieldTable::CreateFieldDictionary(folder.path());
-        folder.write("t.ini", "[Globals]\r\nLatitude=40\r\nLongitude=-74\r\n"
-                              "[GCMapOptions]\r\nShowMe=False\r\nBand0=1\r\nMode0=1\r\nIOTA0=1\r\n"
-                              "Marker=Large\r\n"
-                              "[MCMapOptions]\r\nShowMe=False\r\nBand0=1\r\nMode0=1\r\nIOTA0=1\r\n"
-                              "Marker=Small\r\n" +
-                                  settings);
+        folder.write("t.ini", "[Globals]\nLatitude=40\nLongitude=-74\n"
+                              "[GCMapOptions]\nShowMe=False\nMarker=Large\n"
+                              "[MCMapOptions]\nShowMe=False\nMarker=Small\n");
         data.run.LogFileName = folder.write("log.adi", log);
         data.run.marks.projection = projection;
         data.maps.load(projection);
