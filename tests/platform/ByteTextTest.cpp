@@ -5,13 +5,6 @@
 namespace tovrel {
 namespace {
 
-TEST(ByteText, trimsTheBlankCharacterOnly) {
-    EXPECT_EQ(trimBlanks("  a b  "), "a b");
-    EXPECT_EQ(trimBlanks("   "), "");
-    EXPECT_EQ(trimBlanks(" \ta\r\n "), "\ta\r\n");
-    EXPECT_EQ(trimBlanksRight("  a "), "  a");
-}
-
 TEST(ByteText, foldsTheCaseOfAsciiLettersAlone) {
     EXPECT_TRUE(equalIgnoringCase("eQSL_rcvd", "EQSL_RCVD"));
     const std::pair<std::string_view, std::string_view> different[] = {

@@ -7,19 +7,14 @@
 namespace tovrel {
 namespace {
 
-TEST(ProgramFolderTest, IsThatOfTheExecutableWhenItCanBeWrittenTo) {
-    const TestFolder executable;
-    const TestFolder user;
-    EXPECT_EQ(programFolder(executable.path(), user.path("own")), executable.path());
-    EXPECT_EQ(existingProgramFolder(executable.path(), user.path()), executable.path());
-}
-
-TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenItCannot) {
+TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenThatOfTheExecutableIsReadOnly) {
     const TestFolder executable;
     const TestFolder user;
     const std::string own = user.path("own");
     for (const char* name : {"mapper.pnt", "paintma.txt", "Tovrel-Help.pdf", "tovrel"})
         executable.write(name, "supplied");
+    EXPECT_EQ(programFolder(executable.path(), own), executable.path());
+    EXPECT_EQ(existingProgramFolder(executable.path(), user.path()), executable.path());
     // The user that it switches to shall have a folder to write in.
     std::filesystem::permissions(user.path(), std::filesystem::perms::all);
     const ReadOnlyFolder readOnly(executable);

@@ -10,7 +10,6 @@ namespace {
 TEST(Signal, TellsThoseWhoListenAndNobodyElse) {
     std::string told;
     Signal<char> signal;
-    signal('0');
     std::optional<Connection> first = signal.connect([&](char c) { told += c; });
     {
         const Connection second = signal.connect([&](char c) { told += std::string{c, '\''}; });
