@@ -22,19 +22,15 @@ TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
         "a", "A|", "A\xC4", "A |1", "\x01", "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
     const double places[] = {0.0, -1.5, 2.0, 10.0, 100.25, std::nan("")};
     StationList list;
-    std::vector<std::string> expected;
     for (const std::string_view call : calls) {
-        for (const double y : places) {
-            const Station station{call, y, std::isnan(y) ? y : 7.5 - y};
-            list.add({station}, nullptr);
-            expected.push_back(itemText(station));
-        }
+        for (const double y : places)
+            list.add({{call, y, std::isnan(y) ? y : 7.5 - y}}, nullptr);
     }
-    std::sort(expected.begin(), expected.end());
     std::vector<std::string> found;
     for (const Station& station : list.sorted())
         found.push_back(itemText(station));
-    EXPECT_EQ(found, expected);
+    EXPECT_EQ(found.size(), std::size(calls) * std::size(places));
+    EXPECT_TRUE(std::is_sorted(found.begin(), found.end()));
     for (const Station& a : list.sorted()) {
         for (const Station& b : list.sorted())
             ASSERT_EQ(itemLess(a, b), itemText(a) < itemText(b)) << itemText(a) << itemText(b);
@@ -44,13 +40,11 @@ TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
 TEST(StatusLists, ManyItemsAreSortedTogether) {
     CallList calls;
     std::mt19937 random(1);
-    constexpr int many = 400'000;
-    for (int i = 0; i < many; ++i)
+    constexpr std::size_t many = 400'000;
+    for (std::size_t i = 0; i < many; ++i)
         calls.add("K" + std::to_string(random() % 50000));
-    std::size_t inOrder = 0;
     for (int look = 0; look < 1000; ++look) // a view asks row by row
-        inOrder += calls.sorted().size();
-    EXPECT_EQ(inOrder, 1000U * many);
+        ASSERT_EQ(calls.sorted().size(), many);
     calls.add("A1A");
     const std::size_t seen = calls.revision();
     EXPECT_TRUE(std::is_sorted(calls.sorted().begin(), calls.sorted().end()));
