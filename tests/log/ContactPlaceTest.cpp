@@ -25,7 +25,7 @@ TEST(ContactPlace, readsLocations) {
     EXPECT_EQ(textOf(locationDegrees("w179 59.4", 'E', 'W', 180.0)), "-179.99");
     for (const char* none :
          {"",         "N",        "N051",    "N051 ",       "N051 30.25x", "N05130.25",
-          "N0051 30", "N051 130", "N051 60", "N090 00.001", "N 51 30",     "N051\t30",
+          "N0051 30", "N051 030", "N051 60", "N090 00.001", "N 51 30",     "N051\t30",
           "N051 +3",  "N051 .5",  "E051 30", "51 30",       "51.5N",       ".",
           "51,5",     "5e1",      "90.0001", "inf",         "1.2.3"})
         EXPECT_FALSE(locationDegrees(none, 'N', 'S', 90.0)) << none;
