@@ -22,6 +22,7 @@ TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
         "a", "A|", "A\xC4", "A |1", "\x01", "W1AW", "W1AW/4", "W1AW=", "W1AW\x1F"};
     const double places[] = {0.0, -1.5, 2.0, 10.0, 100.25, std::nan("")};
     StationList list;
+    list.add({{"two", 9.0, 1.0}, {"two", 10.0, 1.0}}, nullptr);
     for (const std::string_view call : calls) {
         for (const double y : places)
             list.add({{call, y, std::isnan(y) ? y : 7.5 - y}}, nullptr);
@@ -29,7 +30,7 @@ TEST(StatusLists, StandInTheOrderOfTheWholeItemText) {
     std::vector<std::string> found;
     for (const Station& station : list.sorted())
         found.push_back(itemText(station));
-    EXPECT_EQ(found.size(), std::size(calls) * std::size(places));
+    EXPECT_EQ(found.size(), 2 + std::size(calls) * std::size(places));
     EXPECT_TRUE(std::is_sorted(found.begin(), found.end()));
     for (const Station& a : list.sorted()) {
         for (const Station& b : list.sorted())
