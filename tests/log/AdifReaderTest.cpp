@@ -115,7 +115,7 @@ TEST(AdifReader, losesNoRecordBesideADamagedOne) {
         const std::string before = "header <EOH><CALL:2>A1<EOR>\r\n" + text.substr(0, at);
         const std::string after = text.substr(at + 1) + "<CALL:2>A3 <BAND:2>6m <EOR>\r\n";
         for (const std::string damaged : {"", "<", ">", ":", "9", "\xFF", "\r\n"}) {
-            const std::string log = before + damaged + after;
+            const std::string log = std::string(before).append(damaged).append(after);
             const Records records = recordsOf(folder.write("log.adi", log), 64);
             ASSERT_GE(records.size(), 2U) << log;
             EXPECT_EQ(records.front(), "A1 ") << log;
