@@ -132,6 +132,8 @@ int run(const QStringList& arguments) {
     Checker checker(*world, files[1].toStdString(), parser.value("notable").toDouble(),
                     parser.value("reach").toDouble());
     bool good = checker.check("cylindrical map", {{"the world", {}}}, Projection::Miller);
+    const std::vector<Home> poles = {{"north pole", {90.0, 0.0}}, {"south pole", {-90.0, 0.0}}};
+    good = checker.check("poles", poles, Projection::Azimuthal) && good;
     if (parser.isSet("zones")) {
         const auto homes = readZoneTable(parser.value("zones"));
         if (!homes) {

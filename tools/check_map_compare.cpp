@@ -64,8 +64,9 @@ public:
         const double bearing = std::atan2(point.x, point.y);
         const double sinLat =
             sinHome_ * std::cos(arc) + cosHome_ * std::sin(arc) * std::cos(bearing);
-        const double turn = std::atan2(std::sin(bearing) * std::sin(arc) * cosHome_,
-                                       std::cos(arc) - sinHome_ * sinLat);
+        const double turn =
+            std::atan2(std::sin(bearing) * std::sin(arc),
+                       cosHome_ * std::cos(arc) - sinHome_ * std::sin(arc) * std::cos(bearing));
         return Place{std::asin(std::clamp(sinLat, -1.0, 1.0)) / degree,
                      home_.longitude + turn / degree};
     }

@@ -3,6 +3,7 @@
 #include "platform/Numbers.h"
 
 #include <cmath>
+#include <numbers>
 
 namespace tovrel {
 
@@ -14,30 +15,44 @@ constexpr double twoPi = 6.28319853;
 constexpr double earthRadius = 6371.29; // kilometres
 constexpr float bearingClamp = 0.999999F;
 
+// Radians as HomePosition holds them: single.
+constexpr auto nearPole = static_cast<float>(88.0F * radiansPerDegree);
+constexpr auto pole = static_cast<float>(90.0F * radiansPerDegree);
+
 double arcCosine(double c) { return pi / 2 - std::atan(c / std::sqrt(1.0 - c * c)); }
 
 } // namespace
 
 GreatCircle::GreatCircle(HomePosition home)
-    : homeX_(home.HomeX), sinHomeY_(std::sin(static_cast<double>(home.HomeY))),
-      cosHomeY_(std::cos(static_cast<double>(home.HomeY))) {}
+    : homeX_(std::abs(home.HomeY) == pole ? 0.0F : home.HomeX),
+      sinHomeY_(std::sin(static_cast<double>(home.HomeY))),
+      cosHomeY_(std::cos(static_cast<double>(home.HomeY))),
+      isNearPole_(std::abs(home.HomeY) > nearPole) {}
 
 std::variant<Arc, CutOff, NotShown> GreatCircle::arcTo(float latitude, float longitude,
                                                        float limit) const {
     const double p = toSingle(latitude * radiansPerDegree);
     const double d = toSingle(longitude * radiansPerDegree) - homeX_;
     const double sinP = std::sin(p);
-    const double c = toSingle(sinHomeY_ * sinP + cosHomeY_ * std::cos(p) * std::cos(d));
+    const double cosP = std::cos(p);
+    const double c = toSingle(sinHomeY_ * sinP + cosHomeY_ * cosP * std::cos(d));
     if (c > 1.0)
         return NotShown();
     if (c <= limit)
         return CutOff();
     // With C exactly 1, at home, both divisions would fail, and A and T stay 0.
     const double a = c < 1.0 ? arcCosine(c) : 0.0;
+    Arc arc{.distance = toSingle(a * earthRadius)};
+    if (isNearPole_) {
+        // The divisor below is next to nothing here, and with it go the digits of a single.
+        const double bearing =
+            std::atan2(cosP * std::sin(d), cosHomeY_ * sinP - sinHomeY_ * cosP * std::cos(d));
+        arc.Bearing = toSingle(bearing < 0.0 ? bearing + 2.0 * std::numbers::pi : bearing);
+        return arc;
+    }
     const double divisor = cosHomeY_ * std::sin(a);
     const float t = divisor != 0.0 ? toSingle((sinP - sinHomeY_ * std::cos(a)) / divisor) : 0.0F;
 
-    Arc arc{.distance = toSingle(a * earthRadius)};
     if (t > bearingClamp) {
         arc.Bearing = 0.0F;
     } else if (t < -bearingClamp) {

@@ -19,6 +19,11 @@ struct Arc {
 /// The azimuthal equidistant projection round the home station. Single-precision steps are part of
 /// the result. No arithmetic fault leaves it: a step that would divide by zero is skipped, so that
 /// home itself lands on (0, 0).
+///
+/// For a home beyond 88 degrees of latitude the bearing is worked out in double precision by
+/// another formula: that of the others folds the map over at a pole. At a pole itself the home
+/// counts as lying on longitude 0, whatever its longitude: 0 degrees point up from the south pole,
+/// 180 from the north pole.
 class GreatCircle {
 public:
     /// Cosines of the distance from home at which places are cut off: 2.56 degrees of arc from the
@@ -41,6 +46,7 @@ private:
     double homeX_;
     double sinHomeY_;
     double cosHomeY_;
+    bool isNearPole_;
 };
 
 } // namespace tovrel

@@ -3,6 +3,7 @@
 #include "map/GreatCircle.h"
 #include "platform/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <numbers>
@@ -25,15 +26,42 @@ TEST(GreatCircle, ProjectsToTheDigit) {
                  {45, 0, 0, 90, 10008.035156223, 0.023423550},
                  {0, 180, 0, -179, 111.128501891, -0.000362541},
                  {40, -74, 39, -74, 1.867759298, -111.199899080},
-                 {40, -74, 40, -75, -85.189679423, 0.478772289},
-                 // Home at a pole: rounded to single it lies a little beyond, and bearings suffer.
-                 {90, 0, 0, 90, -0.065299569, -10008.019531037},
-                 {-90, 0, 10, 10, 0.0, 11120.042968750}};
+                 {40, -74, 40, -75, -85.189679423, 0.478772289}};
     for (const auto& c : cases) {
         const GreatCircle circle = centredOn(c.homeLatitude, c.homeLongitude);
         const auto at = std::get<MapPoint>(circle.ProjectAzimuthal(c.latitude, c.longitude));
         EXPECT_NEAR(at.x, c.x, 1e-6) << c.latitude << ", " << c.longitude;
         EXPECT_NEAR(at.y, c.y, 1e-6) << c.latitude << ", " << c.longitude;
+    }
+}
+
+TEST(GreatCircle, KeepsPlacesWhereTheyAreForAHomeAtAPole) {
+    constexpr double degree = std::numbers::pi / 180.0;
+    const struct {
+        double latitude, longitude, counted; // the longitude on which a pole counts as lying
+    } homes[] = {{88.001, 30, 30}, {89.95, -100, -100}, {-89.5, 170, 170}, {90, 0, 0},
+                 {90, 120, 0},     {-90, 0, 0},         {-90, -139, 0}};
+    for (const auto& home : homes) {
+        const GreatCircle circle = centredOn(home.latitude, home.longitude);
+        const double h = home.latitude * degree;
+        double farthest = 0.0;
+        for (int latitude = -85; latitude <= 85; latitude += 17) {
+            for (int longitude = -180; longitude < 180; longitude += 7) {
+                const double p = latitude * degree;
+                const double d = (longitude - home.counted) * degree;
+                const double east = std::cos(p) * std::sin(d);
+                const double north =
+                    std::cos(h) * std::sin(p) - std::sin(h) * std::cos(p) * std::cos(d);
+                const double up =
+                    std::sin(h) * std::sin(p) + std::cos(h) * std::cos(p) * std::cos(d);
+                const double across = std::hypot(east, north);
+                const double stretch = 6371.29 * std::atan2(across, up) / across;
+                const MapPoint at = pointOr(project(circle, latitude, longitude), {});
+                farthest =
+                    std::max(farthest, std::hypot(at.x - stretch * east, at.y - stretch * north));
+            }
+        }
+        EXPECT_LT(farthest, 1.0) << "kilometres, home at " << home.latitude;
     }
 }
 
