@@ -19,7 +19,8 @@ constexpr double seedCentre = 333.33;
 void FillRegion(double x, double y, Colour colour, PictureSurface& surface) {
     if (!std::isfinite(x) || !std::isfinite(y))
         return;
-    surface.ExtFloodFill(roundToInt(x), roundToInt(y), colour);
+    surface.ExtFloodFill(roundToInt(x * surface.resolution()), roundToInt(y * surface.resolution()),
+                         colour);
 }
 
 void PaintWater(std::string_view seeds, const WorldMap& map, Colour water, MapPoint& last,

@@ -7,8 +7,10 @@
 
 namespace tovrel {
 
-/// Fills the connected region of exactly the colour found at a pixel; x and y are rounded to whole
-/// pixels, halves to the even one. Off the surface nothing happens.
+/// Fills the connected region of exactly the colour found at a place.
+/// @param x, y in pixels at resolution 1, scaled to the surface's and then rounded to whole ones,
+/// halves
+///        to the even one; off the surface nothing happens
 void FillRegion(double x, double y, Colour colour, PictureSurface& surface);
 
 /// Paints the sea: a fill in the water colour from each seed point.

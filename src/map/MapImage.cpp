@@ -19,7 +19,7 @@ constexpr double lowerLine = -20500.0;
 
 void composeMapImage(const PictureSurface& Picture2, const WorldMap& map, const QDateTime& now,
                      PictureSurface& Picture3) {
-    Picture3.setSize(Picture2.Width(), Picture2.Height());
+    Picture3.setSize(Picture2.Width(), Picture2.Height(), Picture2.resolution());
     Picture3.StretchBlt(Picture2);
     Picture3.ForeColor = 0x000000;
 
@@ -33,7 +33,7 @@ void composeMapImage(const PictureSurface& Picture2, const WorldMap& map, const 
     };
     const QString clock = QLocale::system().toString(now, QLocale::ShortFormat);
     // A small map has less room for it than its told place leaves.
-    const double unitsPerPixel = mapWidth / std::max(Picture3.pixelWidth(), 1);
+    const double unitsPerPixel = mapWidth / Picture3.pixelWidth() * Picture3.resolution();
     const double clockWidth = (QFontMetricsF(font).horizontalAdvance(clock) + 2.0) * unitsPerPixel;
     const double clockLeft = std::max(std::min(rightStamp, mapEdge - clockWidth), -mapEdge);
     const QString creator = QStringLiteral("Created by Tovrel");

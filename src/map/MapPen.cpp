@@ -22,10 +22,11 @@ MapPosition MapPen::moveTo(double latitude, double longitude) {
 
 void MapPen::draw(MapPoint to) {
     point_ = to;
-    if (PenUp_)
-        surface_.PSet(to.x, to.y, colour_);
-    else
-        surface_.Line(to.x, to.y, colour_);
+    if (PenUp_) {
+        surface_.CurrentX = to.x;
+        surface_.CurrentY = to.y;
+    }
+    surface_.Line(to.x, to.y, colour_);
     PenUp_ = false;
 }
 

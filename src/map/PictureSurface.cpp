@@ -15,21 +15,43 @@ namespace tovrel {
 
 namespace {
 
-QImage blankImage(float width, float height, Colour colour) {
-    QImage image(std::max(pixelsFromTwips(width), 1), std::max(pixelsFromTwips(height), 1),
-                 QImage::Format_RGB32);
+/// Pixels from which on a line is more than the row of pixels that is nearest to it.
+constexpr double thinnestBand = 1.3;
+
+QImage blankImage(QSize size, Colour colour) {
+    QImage image(size, QImage::Format_RGB32);
     image.fill(imageColour(colour));
     return image;
 }
 
+QSize pixelSize(float width, float height, double resolution) {
+    return {std::max(pixelsFromTwips(width * resolution), 1),
+            std::max(pixelsFromTwips(height * resolution), 1)};
+}
+
+/// Pixels across what is some pixels wide at resolution 1. All odd widths come out odd, or all
+/// even, so that a dot lies in the middle of a wider one.
+int scaledWidth(int width, double resolution) {
+    const int parity = std::max(roundToInt(resolution), 1) % 2;
+    return std::max(2 * roundToInt((width * resolution - parity) / 2.0) + parity, 2 - parity);
+}
+
 /// Half the number of pixels that a row of a round dot holds beside its middle one.
-/// @param dy rows from the middle of a dot `width` pixels across
+/// @param dy rows from the middle of a dot `width` pixels across, odd
 constexpr int dotReach(int width, int dy) {
     const int limit = width * width - 4 * dy * dy; // four times the square that dx must stay below
     int reach = 0;
     while (4 * (reach + 1) * (reach + 1) < limit)
         ++reach;
     return reach;
+}
+
+/// Half the pixels in a row of a dot of any width, rounded up.
+/// @param fromMiddle twice the rows from the middle, which is a corner of pixels where the width is
+///        even
+int halfRow(int width, int fromMiddle) {
+    const double chord = std::sqrt(width * width - fromMiddle * fromMiddle);
+    return static_cast<int>(std::ceil((width % 2 == 0 ? chord - 1.0 : chord) / 2.0));
 }
 
 /// Fills a dot whose pixels all lie on the picture. A plot is a million dots of few widths: with
@@ -63,17 +85,21 @@ bool clipAxis(double low, double high, double& p0, double& q0, double& p1, doubl
 
 } // namespace
 
-PictureSurface::PictureSurface(float width, float height)
-    : width_(width), height_(height), image_(blankImage(width, height, BackColor)) {}
+PictureSurface::PictureSurface(float width, float height, double resolution) {
+    setSize(width, height, resolution);
+}
 
-void PictureSurface::setSize(float width, float height) {
-    if (width == width_ && height == height_)
-        return Cls();
+void PictureSurface::setSize(float width, float height, double resolution) {
     width_ = width;
     height_ = height;
-    pixelsAcross_ = width / twipsPerPixel;
-    pixelsDown_ = height / twipsPerPixel;
-    image_ = blankImage(width, height, BackColor);
+    resolution_ = resolution;
+    pixelsAcross_ = static_cast<float>(width * resolution / twipsPerPixel);
+    pixelsDown_ = static_cast<float>(height * resolution / twipsPerPixel);
+    const QSize size = pixelSize(width, height, resolution);
+    if (size == image_.size())
+        return Cls();
+    image_ = QImage(); // not both at once
+    image_ = blankImage(size, BackColor);
 }
 
 void PictureSurface::Cls() {
@@ -81,7 +107,7 @@ void PictureSurface::Cls() {
     if (image_.isDetached())
         image_.fill(imageColour(BackColor));
     else
-        image_ = blankImage(width_, height_, BackColor);
+        image_ = blankImage(image_.size(), BackColor);
 }
 
 void PictureSurface::setPicture(const QImage& picture) {
@@ -94,11 +120,11 @@ void PictureSurface::setPicture(const QImage& picture) {
 }
 
 double PictureSurface::mapX(double x) const {
-    return x / (static_cast<double>(width_) / twipsPerPixel) * mapWidth - mapEdge;
+    return x / (width_ / TwipsPerPixel()) * mapWidth - mapEdge;
 }
 
 double PictureSurface::mapY(double y) const {
-    return mapEdge - y / (static_cast<double>(height_) / twipsPerPixel) * mapWidth;
+    return mapEdge - y / (height_ / TwipsPerPixel()) * mapWidth;
 }
 
 bool PictureSurface::contains(int x, int y) const {
@@ -116,23 +142,36 @@ const std::uint32_t* PictureSurface::row(int y) const {
 void PictureSurface::PSet(double x, double y, Colour colour) {
     CurrentX = x;
     CurrentY = y;
-    const double px = pixelX(x);
-    const double py = pixelY(y);
-    const int reach = DrawWidth / 2;
-    const int width = image_.width();
-    const int height = image_.height();
-    const bool near = px >= -reach && py >= -reach && px < width + reach && py < height + reach;
+    drawDot(across(x), down(y), scaledWidth(DrawWidth, resolution_), imageColour(colour));
+}
+
+void PictureSurface::fillSpan(int y, int first, int last, std::uint32_t pixel) {
+    first = std::max(first, 0);
+    last = std::min(last, image_.width() - 1);
+    if (y >= 0 && y < image_.height() && first <= last)
+        std::fill_n(row(y) + first, last - first + 1, pixel);
+}
+
+/// A dot whose middle is the nearest pixel or, for an even width, the nearest corner of pixels.
+void PictureSurface::drawDot(double x, double y, int width, std::uint32_t pixel) {
+    const bool even = width % 2 == 0;
+    const double px = even ? std::floor(x) + 1.0 : roundHalfEven(x);
+    const double py = even ? std::floor(y) + 1.0 : roundHalfEven(y);
+    const int reach = width / 2;
+    const int right = image_.width();
+    const int bottom = image_.height();
+    const bool near =
+        px >= -reach && py >= -reach && px < right + reach + 1 && py < bottom + reach + 1;
     if (!near)
         return; // also when one of them is no number
     const int middleX = static_cast<int>(px);
     const int middleY = static_cast<int>(py);
-    const std::uint32_t pixel = imageColour(colour);
-    if (middleX >= reach && middleY >= reach && middleX + reach < width &&
-        middleY + reach < height) {
+    if (middleX >= reach && middleY >= reach && middleX + reach < right &&
+        middleY + reach < bottom) {
         const auto stride =
             static_cast<std::ptrdiff_t>(image_.bytesPerLine() / sizeof(std::uint32_t));
         std::uint32_t* const middle = row(0) + middleY * stride + middleX;
-        switch (DrawWidth) {
+        switch (width) {
         case 3:
             return fillDot<3>(middle, stride, pixel);
         case 5:
@@ -145,33 +184,72 @@ void PictureSurface::PSet(double x, double y, Colour colour) {
             break;
         }
     }
-    for (int dy = std::max(-reach, -middleY); dy <= std::min(reach, height - 1 - middleY); ++dy) {
-        const int half = dotReach(DrawWidth, dy);
-        const int first = std::max(middleX - half, 0);
-        const int last = std::min(middleX + half, width - 1);
-        if (first <= last)
-            std::fill_n(row(middleY + dy) + first, last - first + 1, pixel);
+    for (int dy = -reach; dy < width - reach; ++dy) {
+        const int half = halfRow(width, 2 * dy + (even ? 1 : 0));
+        fillSpan(middleY + dy, middleX - half + (even ? 0 : 1), middleX + half - 1, pixel);
     }
 }
 
 void PictureSurface::Line(double x, double y, Colour colour) {
-    drawLine(pixelX(CurrentX), pixelY(CurrentY), pixelX(x), pixelY(y), colour);
+    drawLine(across(CurrentX), down(CurrentY), across(x), down(y), colour);
     CurrentX = x;
     CurrentY = y;
 }
 
 void PictureSurface::drawLine(double x0, double y0, double x1, double y1, Colour colour) {
+    const double width = LineWidth * resolution_;
+    const bool thin = width < thinnestBand;
+    if (thin) {
+        for (double* const end : {&x0, &y0, &x1, &y1})
+            *end = roundHalfEven(*end);
+    }
     if (!std::isfinite(x0 + y0 + x1 + y1))
         return;
-    const double right = image_.width() - 1.0;
-    const double bottom = image_.height() - 1.0;
-    if (!clipAxis(0.0, right, x0, y0, x1, y1) || !clipAxis(0.0, bottom, y0, x0, y1, x1))
+    const double margin = thin ? 0.0 : width;
+    const double right = image_.width() - 1.0 + margin;
+    const double bottom = image_.height() - 1.0 + margin;
+    if (!clipAxis(-margin, right, x0, y0, x1, y1) || !clipAxis(-margin, bottom, y0, x0, y1, x1))
         return;
+    if (!thin)
+        return drawBand(x0, y0, x1, y1, width, imageColour(colour));
     const Pixel from{roundToInt(x0), roundToInt(y0)};
     const Pixel to{roundToInt(x1), roundToInt(y1)};
-    if (!contains(from.x, from.y) || !contains(to.x, to.y))
+    if (contains(from.x, from.y) && contains(to.x, to.y))
+        walkLine(from, to, imageColour(colour));
+}
+
+/// A line of some width with round ends. In each column, or in each row of a steep line, its pixels
+/// touch those of the column before, so that no fill comes through.
+void PictureSurface::drawBand(double x0, double y0, double x1, double y1, double width,
+                              std::uint32_t pixel) {
+    for (const auto& [x, y] : {std::pair{x0, y0}, {x1, y1}})
+        drawDot(x, y, static_cast<int>(width), pixel);
+    const bool steep = std::abs(y1 - y0) > std::abs(x1 - x0);
+    if (steep) {
+        std::swap(x0, y0);
+        std::swap(x1, y1);
+    }
+    if (x0 > x1) {
+        std::swap(x0, x1);
+        std::swap(y0, y1);
+    }
+    if (x1 == x0)
         return;
-    walkLine(from, to, imageColour(colour));
+    const double slope = (y1 - y0) / (x1 - x0);
+    const double reach = width / 2.0 * std::hypot(1.0, slope);
+    const int last = roundToInt(x1);
+    for (int at = roundToInt(x0); at <= last; ++at) {
+        const double middle = y0 + slope * (std::clamp<double>(at, x0, x1) - x0);
+        const int nearest = roundToInt(middle);
+        const int low = std::min(static_cast<int>(std::ceil(middle - reach)), nearest);
+        const int high = std::max(static_cast<int>(std::ceil(middle + reach)) - 1, nearest);
+        if (!steep) {
+            for (int y = std::max(low, 0); y <= std::min(high, image_.height() - 1); ++y)
+                fillSpan(y, at, at, pixel);
+        } else {
+            fillSpan(at, low, high, pixel);
+        }
+    }
 }
 
 void PictureSurface::walkLine(Pixel from, Pixel to, std::uint32_t pixel) {
@@ -201,16 +279,46 @@ void PictureSurface::Circle(double x, double y, double radius) {
     const double pixels = radius / mapWidth * pixelsAcross_;
     if (!(pixels >= 0.0))
         return;
+    if (LineWidth * resolution_ >= thinnestBand)
+        return drawRing(x, y, radius);
     const int corners = static_cast<int>(std::min(8.0 * pixels + 8.0, mostCorners));
     const double step = 2.0 * std::numbers::pi / corners;
-    double lastX = pixelX(x + radius);
-    double lastY = pixelY(y);
+    double lastX = across(x + radius);
+    double lastY = down(y);
     for (int corner = 1; corner <= corners; ++corner) {
-        const double nextX = pixelX(x + radius * std::cos(step * corner));
-        const double nextY = pixelY(y + radius * std::sin(step * corner));
+        const double nextX = across(x + radius * std::cos(step * corner));
+        const double nextY = down(y + radius * std::sin(step * corner));
         drawLine(lastX, lastY, nextX, nextY, ForeColor);
         lastX = nextX;
         lastY = nextY;
+    }
+}
+
+/// The pixels between two circles, half a line's width within and without the one that is meant.
+void PictureSurface::drawRing(double x, double y, double radius) {
+    const double half = LineWidth * resolution_ / 2.0;
+    const double wide = radius / mapWidth * static_cast<double>(pixelsAcross_);
+    const double high = radius / mapWidth * static_cast<double>(pixelsDown_);
+    const double middleX = across(x);
+    const double middleY = down(y);
+    const double most = 2.0 * (image_.width() + image_.height()) + half;
+    if (!(std::abs(middleX) < most && std::abs(middleY) < most && wide < most && high < most))
+        return;
+    const std::uint32_t pixel = imageColour(ForeColor);
+    const auto reach = [=](double halfWidth, double halfHeight, double fromMiddle) {
+        const double part = fromMiddle / halfHeight;
+        return std::abs(part) < 1.0 ? halfWidth * std::sqrt(1.0 - part * part) : 0.0;
+    };
+    for (int row = 0; row < image_.height(); ++row) {
+        const double fromMiddle = row - middleY;
+        const double outer = reach(wide + half, high + half, fromMiddle);
+        const double inner =
+            wide > half && high > half ? reach(wide - half, high - half, fromMiddle) : 0.0;
+        if (outer <= 0.0)
+            continue;
+        const auto after = [](double edge) { return static_cast<int>(std::ceil(edge)); };
+        fillSpan(row, after(middleX - outer), after(middleX - inner) - 1, pixel);
+        fillSpan(row, after(middleX + inner), after(middleX + outer) - 1, pixel);
     }
 }
 
@@ -226,6 +334,8 @@ void PictureSurface::Print(const QString& text, const QFont& font, int escapemen
     painter.setPen(QColor::fromRgb(imageColour(ForeColor)));
     painter.translate(x, y);
     painter.rotate(-escapement / 10.0);
+    if (resolution_ != 1.0)
+        painter.scale(resolution_, resolution_);
     painter.drawText(QPointF(0.0, QFontMetricsF(font).ascent()), text);
 }
 

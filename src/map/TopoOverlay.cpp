@@ -43,17 +43,18 @@ public:
     TargetPixels(const PictureSurface& surface, QSize source, const WorldMap& map, MapPoint last)
         : map_(map), isPlateCarree_(map.isPlateCarree()), last_(last),
           pixelsPerDegree_(toSingle(source.width() / 360.0)), sourceWidth_(source.width()),
-          width_(surface.Width()), height_(surface.Height()) {
+          width_(surface.Width()), height_(surface.Height()),
+          twipsPerPixel_(surface.TwipsPerPixel()) {
         for (int y = 0; y < source.height(); ++y) {
             latitudes_.push_back(-toSingle(y / pixelsPerDegree_ - 90.0));
             stretchedRows_.push_back(
-                roundToInt(y / static_cast<double>(source.height()) * (height_ / twipsPerPixel)));
+                roundToInt(y / static_cast<double>(source.height()) * (height_ / twipsPerPixel_)));
         }
     }
 
     void beginColumn(int x) {
         longitude_ = toSingle(x / pixelsPerDegree_ - 180.0);
-        stretchedColumn_ = roundToInt(x / sourceWidth_ * (width_ / twipsPerPixel));
+        stretchedColumn_ = roundToInt(x / sourceWidth_ * (width_ / twipsPerPixel_));
     }
 
     /// Target of a pixel of the column, nearest whole pixel, perhaps off the surface.
@@ -64,7 +65,7 @@ public:
         last_ = pointOr(map_.position(latitudes_[row], longitude_), last_);
         const double left = last_.x / unitsPerTwipX_ + width_ / 2.0;
         const double top = last_.y / unitsPerTwipY_ + height_ / 2.0;
-        return {roundToInt(left / twipsPerPixel), roundToInt(top / twipsPerPixel)};
+        return {roundToInt(left / twipsPerPixel_), roundToInt(top / twipsPerPixel_)};
     }
 
 private:
@@ -75,6 +76,7 @@ private:
     double sourceWidth_;
     double width_; // twips
     double height_;
+    double twipsPerPixel_;
     double unitsPerTwipX_ = mapWidth / width_;
     double unitsPerTwipY_ = -mapWidth / height_; // Y grows upward
     std::vector<float> latitudes_;               // of each row, degrees
