@@ -3,6 +3,8 @@
 #include "platform/ByteText.h"
 #include "platform/Numbers.h"
 
+#include <cmath>
+
 namespace tovrel {
 
 namespace {
@@ -22,6 +24,12 @@ AzimuthalMap::AzimuthalMap(float HomeLatitude, float HomeLongitude)
 
 MapPosition AzimuthalMap::position(float latitude, float longitude) const {
     return greatCircle_.ProjectAzimuthal(latitude, longitude);
+}
+
+std::optional<EarthPlace> AzimuthalMap::placeAt(MapPoint point) const {
+    if (std::hypot(point.x, point.y) >= MapRadius)
+        return std::nullopt;
+    return greatCircle_.placeAt(point);
 }
 
 MapPosition AzimuthalMap::linePoint(double latitude, double longitude, MapLine line) const {

@@ -18,6 +18,7 @@ public:
     HomePosition home() const override { return home_; }
     MapPoint lineStart() const override { return {}; }
     MapPosition position(float latitude, float longitude) const override;
+    std::optional<EarthPlace> placeAt(MapPoint point) const override;
     MapPosition linePoint(double latitude, double longitude, MapLine line) const override;
     std::optional<EdgeCrossing> crossing(MapPoint, MapPoint, MapLine) const override { return {}; }
 

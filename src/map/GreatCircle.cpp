@@ -2,6 +2,7 @@
 
 #include "platform/Numbers.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -63,6 +64,21 @@ std::variant<Arc, CutOff, NotShown> GreatCircle::arcTo(float latitude, float lon
     if (std::sin(d) < 0.0)
         arc.Bearing = toSingle(twoPi - arc.Bearing);
     return arc;
+}
+
+EarthPlace GreatCircle::placeAt(MapPoint point) const {
+    constexpr double degree = std::numbers::pi / 180.0;
+    const double distance = std::hypot(point.x, point.y);
+    if (distance == 0.0)
+        return {std::atan2(sinHomeY_, cosHomeY_) / degree, homeX_ / degree};
+    const double arc = distance / earthRadius;
+    const double sinArc = std::sin(arc);
+    const double cosArc = std::cos(arc);
+    const double east = sinArc * point.x / distance;
+    const double north = sinArc * point.y / distance;
+    const double sine = std::clamp(sinHomeY_ * cosArc + cosHomeY_ * north, -1.0, 1.0);
+    const double turn = std::atan2(east, cosHomeY_ * cosArc - sinHomeY_ * north);
+    return {std::asin(sine) / degree, std::remainder((homeX_ + turn) / degree, 360.0)};
 }
 
 MapPosition GreatCircle::ProjectAzimuthal(float latitude, float longitude, float limit) const {

@@ -42,6 +42,10 @@ public:
     MapPosition ProjectAzimuthal(float latitude, float longitude,
                                  float limit = AntipodeLimit) const;
 
+    /// The place at a position, whose distance from (0, 0) is at most half the earth's
+    /// circumference.
+    EarthPlace placeAt(MapPoint point) const;
+
 private:
     double homeX_;
     double sinHomeY_;

@@ -33,6 +33,13 @@ MapPosition MillerMap::position(float latitude, float longitude) const {
     return contactPoint(latitude, longitude);
 }
 
+std::optional<EarthPlace> MillerMap::placeAt(MapPoint point) const {
+    const EarthPlace place{point.y / unitsPerLatitude, point.x / unitsPerLongitude};
+    if (std::abs(place.latitude) > 90.0 || std::abs(place.longitude) > 180.0)
+        return std::nullopt;
+    return place;
+}
+
 MapPosition MillerMap::linePoint(double latitude, double longitude, MapLine /*line*/) const {
     const double x = longitude * unitsPerLongitude;
     return MapPoint{x >= mapEdge ? x - mapWidth : x, latitude * unitsPerLatitude};

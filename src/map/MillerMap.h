@@ -20,6 +20,8 @@ public:
     /// In single precision, longitudes past the right edge wrapped once.
     MapPosition position(float latitude, float longitude) const override;
 
+    std::optional<EarthPlace> placeAt(MapPoint point) const override;
+
     /// In double precision; the right edge itself is wrapped, too.
     MapPosition linePoint(double latitude, double longitude, MapLine line) const override;
 

@@ -12,7 +12,7 @@ namespace tovrel {
 /// Copies a picture of the world into the land of a base map, after asking the user. A target pixel
 /// takes the picture only where it is of the land colour or white, so that coast, water and
 /// land of another colour stay, and the first source pixel that reaches it is the one that it
-/// shows.
+/// shows. What none reaches, as at many pixels, takes the colour of the place that it shows.
 ///
 /// Progress is reported, and events run, at every 5000th source pixel; once begun, the pass runs to
 /// its end.

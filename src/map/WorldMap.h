@@ -26,6 +26,12 @@ inline MapPoint pointOr(const MapPosition& position, MapPoint otherwise) {
     return point != nullptr ? *point : otherwise;
 }
 
+/// A place of the earth in degrees, north and east positive, longitudes from -180 to 180.
+struct EarthPlace {
+    double latitude = 0.0;
+    double longitude = 0.0;
+};
+
 /// The lines that are drawn point by point.
 enum class MapLine { Coast, Graticule };
 
@@ -73,6 +79,10 @@ public:
 
     /// Position of a contact.
     virtual MapPosition position(float latitude, float longitude) const = 0;
+
+    /// The way back: the place that is shown at a point.
+    /// @return nothing outside the map
+    virtual std::optional<EarthPlace> placeAt(MapPoint point) const = 0;
 
     /// Position of a point of a line.
     virtual MapPosition linePoint(double latitude, double longitude, MapLine line) const = 0;

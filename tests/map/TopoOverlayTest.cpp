@@ -7,6 +7,7 @@
 #include "platform/TestDoubles.h"
 
 #include <QColor>
+#include <cmath>
 
 namespace tovrel {
 namespace {
@@ -69,7 +70,7 @@ TEST(TopoOverlay, StretchesThePictureOverTheMillerMapAndTheFirstHitWins) {
     EXPECT_EQ(overlay.surface.GetPixel(0, 0), 1U);
     EXPECT_EQ(overlay.surface.GetPixel(1, 0), 3U) << "0.5 goes to pixel 0, which has its picture";
     EXPECT_EQ(overlay.surface.GetPixel(2, 0), 4U) << "1.5 comes before 2";
-    EXPECT_EQ(overlay.surface.GetPixel(0, 1), land) << "no source pixel comes here";
+    EXPECT_EQ(overlay.surface.GetPixel(0, 1), 1U) << "no source pixel comes here: its own place";
 
     // All four corners of a picture go to one pixel; columns are walked outside.
     QImage corners = plainImage(2, 2);
@@ -94,6 +95,39 @@ TEST(TopoOverlay, PutsPlacesWhereTheAzimuthalMapHasThem) {
         EXPECT_TRUE(overlay.with(mapPix, Projection::Azimuthal));
         EXPECT_EQ(overlay.surface.GetPixel(place.x, place.y), relief) << place.longitude;
         EXPECT_EQ(inkOf(overlay.surface, relief).count, 1);
+    }
+}
+
+TEST(TopoOverlay, LeavesNoHoleWithinTheMap) {
+    // Four pixels of the map for one of the picture, which has a colour of its own in each 10
+    // degrees.
+    QImage mapPix(360, 180, QImage::Format_RGB32);
+    for (int y = 0; y < 180; ++y) {
+        for (int x = 0; x < 360; ++x)
+            mapPix.setPixel(x, y, qRgb(x / 10 * 5 + 10, y / 10 * 10 + 10, 0));
+    }
+    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
+        Overlay overlay(720, land);
+        const auto map = worldMap(projection, 0.0F, 0.0F);
+        EXPECT_TRUE(overlay.with(mapPix, projection));
+        const auto inside = [&](int x, int y, double radius) {
+            return !map->hasFrame() ||
+                   std::hypot(overlay.surface.mapX(x), overlay.surface.mapY(y)) < radius;
+        };
+        const Ink left = inkOf(overlay.surface, land);
+        const Ink holes = inkWhere(overlay.surface, [&](int x, int y, Colour found) {
+            return found == land && inside(x, y, MapRadius);
+        });
+        EXPECT_EQ(holes.count, 0);
+        EXPECT_EQ(left.count > 0, map->hasFrame()) << "outside the map";
+        for (const auto& [latitude, longitude] : {std::pair{44, 63}, {-75, -33}, {5, 125}}) {
+            const MapPoint at = std::get<MapPoint>(
+                map->position(static_cast<float>(latitude), static_cast<float>(longitude)));
+            if (map->isPlateCarree())
+                continue; // stretched over the whole surface
+            EXPECT_EQ(imageColour(colourAt(overlay.surface, at.x, at.y)),
+                      mapPix.pixel(longitude + 180, 90 - latitude));
+        }
     }
 }
 

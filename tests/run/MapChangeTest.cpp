@@ -80,7 +80,8 @@ TEST(Topo, AsksAndKeepsTheAnswer) {
         EXPECT_EQ(program.data->run.marks.mnuTopo, agreed);
         EXPECT_EQ(program.takeChanges(), agreed ? "Topo=True " : "");
         EXPECT_EQ(showsRelief(program), agreed);
-        EXPECT_EQ(program.look(), agreed ? "home " : "world home ") << "without the plot";
+        EXPECT_EQ(program.look(agreed ? reliefColour : land), "world home ")
+            << "whole either way, without the plot";
         EXPECT_TRUE(program.data->run.MapPlotted);
         EXPECT_FALSE(program.window.waitPointer);
         program.commands->mnuTopo();
