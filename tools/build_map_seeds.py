@@ -2,6 +2,9 @@
 
 import numpy as np
 from scipy import ndimage
+from scipy.spatial import cKDTree
+
+from build_map_shapes import chord, divide, ground_km, unit_vectors
 
 SIZE, CENTRE = 667, 1000 / 3
 UNITS_PER_PIXEL = 66.0
@@ -9,6 +12,7 @@ SEED_UNITS_PER_PIXEL, SEED_CENTRE = 66.66, 333.33
 INNER_RADIUS, LIMIT = 20000, -0.999
 ISLET_PIXELS = 25
 CROWDED_COST = 100  # pixels that a map with land beside the hit weighs
+LEAST_ROOM_KM, LEAST_GAP_KM, GAP_PER_ROOM = 45, 250, 5
 EARTH_KM, PI, RADIAN = 6371.29, 3.141599265, 0.01745332925
 
 
@@ -188,3 +192,25 @@ def choose_seeds(coast, true_land, cells_per_degree, homes, first, rooms, least_
     chosen = chooser.choose(least_gain)
     rest = chosen[(chosen != np.array(first)).any(axis=1)]
     return np.concatenate((np.array([first]), rest))
+
+
+def seeds_in_the_open(strokes, land, grid):
+    """Seeds that are hit where they lie, as rows of longitude, latitude: so many that each part of the
+    sea in which a pixel of 33 km has room beside its coasts holds one, the deepest first, and another a
+    little farther, since those near the antipode of home are cut off."""
+    net = square((0, 0), 180, 0.5)
+    net = net[(np.abs(net[:, 1]) < 89) & (net[:, 0] < 180)]
+    net = net[~look_up(land, *net.T, grid.cells_per_degree)]
+    coast = cKDTree(unit_vectors(np.concatenate([divide(stroke, 5) for stroke in strokes])))
+    vectors = unit_vectors(net)
+    room = ground_km(coast.query(vectors)[0])
+    chosen = []
+    taken = np.empty((0, 3))
+    for index in np.argsort(-room, kind="stable"):
+        if room[index] < LEAST_ROOM_KM:
+            break
+        gap = max(LEAST_GAP_KM, GAP_PER_ROOM * room[index])
+        if len(taken) == 0 or np.linalg.norm(taken - vectors[index], axis=1).min() > chord(gap):
+            chosen.append(index)
+            taken = vectors[chosen]
+    return net[chosen]

@@ -1,5 +1,6 @@
 // Draws base maps with the program's own code and compares every pixel with the world.
 
+#include "check_map_coast.h"
 #include "check_map_compare.h"
 #include "check_map_homes.h"
 
@@ -27,36 +28,40 @@ public:
     bool any = false;
 };
 
-/// Sums over the maps of one set of homes.
+/// What the shares of one kind come to over the maps of a set.
 struct Tally {
-    int maps = 0;
-    int flooded = 0;
-    double sea = 0.0;
-    double land = 0.0;
-    double black = 0.0;
-    double worstSea = 0.0;
-    double worstLand = 0.0;
+    double sum = 0.0;
+    double worst = 0.0;
 
-    void add(const MapResult& result) {
-        ++maps;
-        flooded += result.floods.empty() ? 0 : 1;
-        sea += result.wrongSeaPercent();
-        land += result.wrongLandPercent();
-        black += result.blackPercent();
-        worstSea = std::max(worstSea, result.wrongSeaPercent());
-        worstLand = std::max(worstLand, result.wrongLandPercent());
+    void add(const Share& share) {
+        sum += share.percent();
+        worst = std::max(worst, share.percent());
     }
 };
 
+/// What no set of maps may exceed: percentages of wrong sea or land, in the mean and for any home.
+struct Limits {
+    double mean;
+    double worst;
+};
+constexpr Limits shownLimits = {0.005, 0.8};
+constexpr Limits toCircleLimits = {0.02, 1.0};
+
 class Checker {
 public:
-    Checker(const TrueWorld& world, std::string dataFolder, double notable, double reach)
-        : world_(world), dataFolder_(std::move(dataFolder)), notable_(notable), reach_(reach) {}
+    Checker(const TrueWorld& world, std::string dataFolder, double notable, double resolution)
+        : world_(world), dataFolder_(std::move(dataFolder)), notable_(notable),
+          surface_(baseMapSize, baseMapSize, resolution) {}
 
     /// Prints the notable maps of a set, then its sums.
-    /// @return false when a data file is missing or a map is flooded
+    /// @return false when a data file is missing, a map is flooded or more is wrong than may be
     bool check(const char* title, const std::vector<Home>& homes, Projection projection) {
-        Tally tally;
+        Tally sea;
+        Tally land;
+        Tally circleSea;
+        Tally circleLand;
+        Tally black;
+        int flooded = 0;
         for (const Home& home : homes) {
             const std::unique_ptr<const WorldMap> map =
                 worldMap(projection, static_cast<float>(home.place.latitude),
@@ -67,27 +72,50 @@ public:
             drawBaseMap(surface_, style, dataFolder_, listener_, prompt_);
             if (prompt_.any)
                 return false;
-            const MapResult result = compareMap(surface_, style, home.place, world_, reach_);
-            tally.add(result);
+            const MapResult result = compareMap(surface_, style, home.place, world_);
+            sea.add(result.shown.sea);
+            land.add(result.shown.land);
+            circleSea.add(result.toCircle.sea);
+            circleLand.add(result.toCircle.land);
+            black.add(result.black);
+            flooded += result.floods.empty() ? 0 : 1;
             report(home, result);
         }
-        const double maps = std::max(tally.maps, 1);
-        std::printf("%s: %d maps, %d flooded; wrong sea mean %.4f %% worst %.3f %%, "
-                    "wrong land mean %.4f %% worst %.3f %%; black mean %.2f %%\n",
-                    title, tally.maps, tally.flooded, tally.sea / maps, tally.worstSea,
-                    tally.land / maps, tally.worstLand, tally.black / maps);
+        std::printf("%s at resolution %g: %zu maps, %d flooded; black mean %.3f %%\n", title,
+                    surface_.resolution(), homes.size(), flooded, black.sum / count(homes));
+        const bool good = keeps("as far as points are shown", sea, land, count(homes), shownLimits);
+        const bool circleGood =
+            keeps("up to the inner circle", circleSea, circleLand, count(homes), toCircleLimits);
         std::fflush(stdout);
-        return tally.flooded == 0;
+        return flooded == 0 && good && circleGood;
     }
 
 private:
+    static double count(const std::vector<Home>& homes) {
+        return static_cast<double>(homes.size());
+    }
+
+    static bool keeps(const char* where, const Tally& sea, const Tally& land, double maps,
+                      Limits limits) {
+        const bool good = std::max(sea.sum, land.sum) / maps <= limits.mean &&
+                          std::max(sea.worst, land.worst) <= limits.worst;
+        std::printf("  %s: wrong sea mean %.4f %% worst %.3f %%, wrong land mean %.4f %% worst "
+                    "%.3f %%%s\n",
+                    where, sea.sum / maps, sea.worst, land.sum / maps, land.worst,
+                    good ? "" : ": TOO MUCH");
+        return good;
+    }
+
     void report(const Home& home, const MapResult& result) const {
-        const double wrong = std::max(result.wrongSeaPercent(), result.wrongLandPercent());
+        const double wrong =
+            std::max(result.toCircle.sea.percent(), result.toCircle.land.percent());
         if (result.floods.empty() && wrong < notable_)
             return;
-        std::printf("  %s %.3f %.3f: wrong sea %.3f %%, wrong land %.3f %%\n", home.name.c_str(),
-                    home.place.latitude, home.place.longitude, result.wrongSeaPercent(),
-                    result.wrongLandPercent());
+        std::printf("  %s %.3f %.3f: wrong sea %.3f %%, wrong land %.3f %%; to the circle %.3f %%, "
+                    "%.3f %%\n",
+                    home.name.c_str(), home.place.latitude, home.place.longitude,
+                    result.shown.sea.percent(), result.shown.land.percent(),
+                    result.toCircle.sea.percent(), result.toCircle.land.percent());
         for (const Flood& flood : result.floods) {
             std::printf("    %s, %d pixels, %.0f km2, at %.1f %.1f\n",
                         flood.isLand ? "flooded land" : "unpainted sea", flood.pixels,
@@ -98,30 +126,49 @@ private:
     const TrueWorld& world_;
     std::string dataFolder_;
     double notable_;
-    double reach_;
-    PictureSurface surface_{baseMapSize, baseMapSize};
+    PictureSurface surface_;
     SilentListener listener_;
     MissingFiles prompt_;
 };
+
+/// Prints how true the coast is that a resolution is drawn from.
+/// @return false when it is less so than a fine one has to be
+bool checkCoast(const TrueWorld& world, const std::string& dataFolder, double resolution) {
+    constexpr double leastNear = 99.0;
+    constexpr double leastIslands = 95.0;
+    MissingFiles prompt;
+    DataFilesEnd end;
+    const CoastData data = readCoastData(dataFolder, resolution, prompt, end);
+    const CoastResult coast = compareCoast(data.coastline, world);
+    std::printf(
+        "coast for resolution %g: %zu records, %.0f km; %.2f %% of its points within 25 km of "
+        "the true one; %d of %d true islands over 2,000 km2 (%.1f %%)\n",
+        resolution, data.coastline.size(), coast.kilometres, coast.nearPercent, coast.islandsFound,
+        coast.islands, 100.0 * coast.islandsFound / coast.islands);
+    return resolution <= 1.0 || (coast.nearPercent >= leastNear &&
+                                 100.0 * coast.islandsFound >= leastIslands * coast.islands);
+}
 
 int run(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         "Draws base maps with the program's own code and compares every pixel with the world.\n"
-        "Ends with 1 if a map is flooded, with 2 if a file is missing.");
+        "Ends with 1 if a map is flooded or more is wrong than may be, with 2 if a file is "
+        "missing.");
     parser.addHelpOption();
     parser.addPositionalArgument("land", "land-10m.json of the npm package world-atlas");
-    parser.addPositionalArgument("data", "folder of mapper.pnt and paintma.txt");
+    parser.addPositionalArgument("data", "folder of the coastlines and their seeds");
     parser.addOptions({{"zones", "Homes of a table of time zones.", "file"},
+                       {"every", "Of these, one in so many.", "count", "1"},
                        {"land", "So many random homes on land.", "count", "0"},
                        {"anywhere", "So many random homes anywhere.", "count", "0"},
                        {"seed", "Seed of the random homes.", "number", "1"},
-                       {"reach", "Count pixels up to so many kilometres from home.", "kilometres",
-                        QString::number(shownReach)},
+                       {"resolution", "Draw at this resolution.", "number", "1"},
                        {"notable", "Print maps with this share wrong.", "percent", "0.4"}});
     parser.process(arguments);
     const QStringList files = parser.positionalArguments();
-    if (files.size() != 2)
+    const double resolution = parser.value("resolution").toInt();
+    if (files.size() != 2 || resolution < 1.0)
         parser.showHelp(2);
     const std::optional<TrueWorld> world = TrueWorld::read(files[0]);
     if (!world) {
@@ -129,9 +176,10 @@ int run(const QStringList& arguments) {
         return 2;
     }
 
-    Checker checker(*world, files[1].toStdString(), parser.value("notable").toDouble(),
-                    parser.value("reach").toDouble());
-    bool good = checker.check("cylindrical map", {{"the world", {}}}, Projection::Miller);
+    const std::string dataFolder = files[1].toStdString();
+    bool good = checkCoast(*world, dataFolder, resolution);
+    Checker checker(*world, dataFolder, parser.value("notable").toDouble(), resolution);
+    good = checker.check("cylindrical map", {{"the world", {}}}, Projection::Miller) && good;
     const std::vector<Home> poles = {{"north pole", {90.0, 0.0}}, {"south pole", {-90.0, 0.0}}};
     good = checker.check("poles", poles, Projection::Azimuthal) && good;
     if (parser.isSet("zones")) {
@@ -141,7 +189,11 @@ int run(const QStringList& arguments) {
                          qUtf8Printable(parser.value("zones")));
             return 2;
         }
-        good = checker.check("time zones", *homes, Projection::Azimuthal) && good;
+        const auto every = static_cast<std::size_t>(std::max(parser.value("every").toInt(), 1));
+        std::vector<Home> taken;
+        for (std::size_t i = 0; i < homes->size(); i += every)
+            taken.push_back((*homes)[i]);
+        good = checker.check("time zones", taken, Projection::Azimuthal) && good;
     }
     for (const bool onLand : {true, false}) {
         const char* option = onLand ? "land" : "anywhere";

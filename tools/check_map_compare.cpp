@@ -17,7 +17,7 @@ constexpr double millerUnitsPerLatitude = 240.0;
 constexpr double millerUnitsPerLongitude = 122.0;
 
 constexpr double degree = std::numbers::pi / 180.0;
-constexpr double unitsPerPixel = 66.0;
+constexpr double unitsAtResolution1 = 66.0; // map units a pixel
 constexpr int floodPixels = 300;
 constexpr double floodSquareKilometres = 250000.0;
 constexpr Colour black = 0x000000;
@@ -26,10 +26,9 @@ constexpr Colour white = 0xFFFFFF;
 /// The exact projections and their inverses, in double precision and without the program's limits.
 class ExactMap {
 public:
-    ExactMap(const WorldMap& map, Place home, double reach)
-        : reach_(reach), miller_(!map.centredOnHome()), home_(home),
-          sinHome_(std::sin(home_.latitude * degree)), cosHome_(std::cos(home_.latitude * degree)) {
-    }
+    ExactMap(const WorldMap& map, Place home)
+        : miller_(!map.centredOnHome()), home_(home), sinHome_(std::sin(home_.latitude * degree)),
+          cosHome_(std::cos(home_.latitude * degree)) {}
 
     MapPoint project(Place place) const {
         if (miller_) {
@@ -49,7 +48,12 @@ public:
         return {east / across * distance, north / across * distance};
     }
 
-    /// @return nothing outside the map: beyond its reach, or past a pole or the date line
+    /// Whether the map shows points there.
+    bool isShown(MapPoint point) const {
+        return miller_ || std::hypot(point.x, point.y) < shownReach;
+    }
+
+    /// @return nothing outside the map: beyond the inner circle, or past a pole or the date line
     std::optional<Place> placeAt(MapPoint point) const {
         if (miller_) {
             const Place place{point.y / millerUnitsPerLatitude, point.x / millerUnitsPerLongitude};
@@ -58,7 +62,7 @@ public:
             return place;
         }
         const double distance = std::hypot(point.x, point.y);
-        if (distance >= reach_)
+        if (distance >= MapRadius)
             return std::nullopt;
         const double arc = distance / earthRadius;
         const double bearing = std::atan2(point.x, point.y);
@@ -72,7 +76,7 @@ public:
     }
 
     /// Ground covered by a pixel there, in square kilometres.
-    double pixelArea(MapPoint point) const {
+    double pixelArea(MapPoint point, double unitsPerPixel) const {
         const double side = unitsPerPixel * unitsPerPixel;
         if (miller_) {
             const double length = earthRadius * degree;
@@ -85,7 +89,6 @@ public:
     }
 
 private:
-    double reach_;
     bool miller_;
     Place home_;
     double sinHome_;
@@ -93,19 +96,20 @@ private:
 };
 
 /// The true coast as one-pixel lines on a surface like the map's.
-PictureSurface drawTrueCoast(const ExactMap& exact, const TrueWorld& world) {
+PictureSurface drawTrueCoast(const ExactMap& exact, const TrueWorld& world, double resolution) {
     constexpr double longestStep = 8000.0; // map units; longer ones run round the rim or the edge
-    PictureSurface surface(baseMapSize, baseMapSize);
+    PictureSurface surface(baseMapSize, baseMapSize, resolution);
+    surface.LineWidth = 1.0 / resolution;
     for (const std::vector<Place>& coast : world.coasts()) {
         bool drawing = false;
         for (const Place place : coast) {
             const MapPoint point = exact.project(place);
             const double step = std::hypot(point.x - surface.CurrentX, point.y - surface.CurrentY);
-            if (drawing && step < longestStep) {
-                surface.Line(point.x, point.y, black);
-            } else {
-                surface.PSet(point.x, point.y, black);
+            if (!drawing || step >= longestStep) {
+                surface.CurrentX = point.x;
+                surface.CurrentY = point.y;
             }
+            surface.Line(point.x, point.y, black);
             drawing = true;
         }
     }
@@ -160,47 +164,57 @@ private:
 } // namespace
 
 MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, Place home,
-                     const TrueWorld& world, double reach) {
-    const ExactMap exact(*style.map, home, reach);
-    const PictureSurface coast = drawTrueCoast(exact, world);
+                     const TrueWorld& world) {
+    const ExactMap exact(*style.map, home);
+    const PictureSurface coast = drawTrueCoast(exact, world, map.resolution());
+    const double unitsPerPixel = unitsAtResolution1 / map.resolution();
     const int width = map.pixelWidth();
     const int height = map.pixelHeight();
-    const auto pointOf = [width](int pixel) {
+    const auto pointOf = [width, unitsPerPixel](int pixel) {
         const int column = pixel % width;
         const int row = pixel / width;
         return MapPoint{column * unitsPerPixel - mapEdge, mapEdge - row * unitsPerPixel};
     };
     MapResult result;
-    result.allPixels = width * height;
-    std::vector<Fault> faults(static_cast<std::size_t>(result.allPixels), Fault::None);
-    for (int pixel = 0; pixel < result.allPixels; ++pixel) {
+    const int pixels = width * height;
+    result.black.all = pixels;
+    std::vector<Fault> faults(static_cast<std::size_t>(pixels), Fault::None);
+    for (int pixel = 0; pixel < pixels; ++pixel) {
         const int x = pixel % width;
         const int y = pixel / width;
         const Colour colour = map.GetPixel(x, y);
-        result.blackPixels += colour == black ? 1 : 0;
-        const std::optional<Place> place = exact.placeAt(pointOf(pixel));
+        result.black.wrong += colour == black ? 1 : 0;
+        const MapPoint point = pointOf(pixel);
+        const std::optional<Place> place = exact.placeAt(point);
         if (!place)
             continue;
         const bool isLand = world.isLand(*place);
-        ++(isLand ? result.landPixels : result.seaPixels);
+        const bool isShown = exact.isShown(point);
+        Share& toCircle = isLand ? result.toCircle.land : result.toCircle.sea;
+        Share& shown = isLand ? result.shown.land : result.shown.sea;
+        ++toCircle.all;
+        shown.all += isShown ? 1 : 0;
         const bool wrong = isLand ? colour != style.land && colour != white : colour != style.water;
         if (!wrong || colour == black || nearCoast(coast, x, y))
             continue;
-        ++(isLand ? result.wrongLand : result.wrongSea);
+        ++toCircle.wrong;
+        if (!isShown)
+            continue;
+        ++shown.wrong;
         faults[static_cast<std::size_t>(pixel)] = isLand ? Fault::Land : Fault::Sea;
     }
     FloodSearch search(faults, width);
-    for (int pixel = 0; pixel < result.allPixels; ++pixel) {
+    for (int pixel = 0; pixel < pixels; ++pixel) {
         const Fault fault = faults[static_cast<std::size_t>(pixel)];
         if (fault == Fault::None)
             continue;
         const std::vector<int> region = search.takeRegion(pixel);
         double area = 0.0;
         for (const int part : region)
-            area += exact.pixelArea(pointOf(part));
-        const int pixels = static_cast<int>(region.size());
-        if (pixels > floodPixels && area > floodSquareKilometres) {
-            result.floods.push_back({fault == Fault::Land, pixels, area,
+            area += exact.pixelArea(pointOf(part), unitsPerPixel);
+        const int size = static_cast<int>(region.size());
+        if (size > floodPixels && area > floodSquareKilometres) {
+            result.floods.push_back({fault == Fault::Land, size, area,
                                      exact.placeAt(pointOf(pixel)).value_or(Place{})});
         }
     }

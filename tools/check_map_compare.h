@@ -16,23 +16,27 @@ struct Flood {
     Place place; ///< of its first pixel
 };
 
-/// How a base map compares with the world. Wrong pixels are counted where the true coast is more
-/// than a pixel away and the map is not black.
+/// Pixels of some part of a map.
+struct Share {
+    int wrong = 0;
+    int all = 0;
+
+    double percent() const { return all > 0 ? 100.0 * wrong / all : 0.0; }
+};
+
+/// True sea and true land of some part of a map. Wrong pixels are counted where the true coast is
+/// more than a pixel away and the map is not black.
+struct SeaAndLand {
+    Share sea;
+    Share land;
+};
+
+/// How a base map compares with the world.
 struct MapResult {
-    int seaPixels = 0; ///< true sea within the map
-    int landPixels = 0;
-    int wrongSea = 0;
-    int wrongLand = 0;
-    int blackPixels = 0; ///< of the whole picture, the circles among them
-    int allPixels = 0;
-    std::vector<Flood> floods;
-
-    double wrongSeaPercent() const { return percent(wrongSea, seaPixels); }
-    double wrongLandPercent() const { return percent(wrongLand, landPixels); }
-    double blackPercent() const { return percent(blackPixels, allPixels); }
-
-private:
-    static double percent(int part, int whole) { return whole > 0 ? 100.0 * part / whole : 0.0; }
+    SeaAndLand shown;          ///< as far from home as points are shown
+    SeaAndLand toCircle;       ///< as far as the inner circle; all of a map that has none
+    Share black;               ///< of the whole picture, the circles among them
+    std::vector<Flood> floods; ///< as far as points are shown
 };
 
 /// How far from home the azimuthal map shows points, in kilometres. In the ring from there to the
@@ -41,8 +45,7 @@ inline constexpr double shownReach = 19731.0;
 
 /// Compares a finished base map, drawn in the style's colours, with the world.
 /// @param home in degrees, as the azimuthal map has it in single precision
-/// @param reach kilometres from home up to which pixels of the azimuthal map count
 MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, Place home,
-                     const TrueWorld& world, double reach);
+                     const TrueWorld& world);
 
 } // namespace tovrel

@@ -20,6 +20,9 @@ public:
     /// @return nothing when it can't be read or has no such object
     static std::optional<TrueWorld> read(const QString& path);
 
+    /// A world of other coasts: lines of places, each closed.
+    explicit TrueWorld(std::vector<std::vector<Place>> coasts);
+
     /// Whether a place is on land; any longitude will do.
     bool isLand(Place place) const;
 
@@ -27,8 +30,6 @@ public:
     const std::vector<std::vector<Place>>& coasts() const { return coasts_; }
 
 private:
-    explicit TrueWorld(std::vector<std::vector<Place>> coasts);
-
     std::vector<std::vector<Place>> coasts_;
     std::vector<bool> land_; ///< rows from south to north, columns eastward from -180 degrees
 };

@@ -48,7 +48,7 @@ bool drawBaseMap(MapPictures& map, BatchConsole& console) {
                      MessageIcon::Exclamation);
     }
     const BaseMapEnd end = map.drawBaseMapInMemory();
-    return hasFonts && !end.dataMissing && !end.dataUnreadable;
+    return hasFonts && !end.files.missing && !end.files.unreadable;
 }
 
 } // namespace

@@ -1,13 +1,7 @@
 #include "map/BaseMap.h"
 
-#include "map/Coastline.h"
-#include "map/ColourFill.h"
+#include "map/CoastData.h"
 #include "map/TopoOverlay.h"
-#include "platform/Files.h"
-
-#include <algorithm>
-#include <optional>
-#include <utility>
 
 namespace tovrel {
 
@@ -18,55 +12,10 @@ constexpr double unitsPerPixel = 66.0;
 constexpr Colour white = 0xFFFFFF;
 constexpr Colour outerGrey = 0xE0E0E0;
 
-/// Reads the data files of a map. Of one that does not serve it tells the user, and keeps that.
-class DataFiles {
-public:
-    DataFiles(const std::string& programFolder, UserPrompt& prompt, BaseMapEnd& end)
-        : programFolder_(programFolder), prompt_(prompt), end_(end) {}
-
-    /// @param shownName as messages spell it
-    /// @return nothing when the file does not serve
-    std::optional<std::string> read(std::string_view name, const std::string& shownName) {
-        FileContent file = readFile(filePath(programFolder_, name));
-        if (file)
-            return std::move(file.bytes);
-        if (file.isMissing()) {
-            end_.dataMissing = true;
-            prompt_.tell("The databse file '" + shownName + "' not found.",
-                         MessageIcon::Exclamation);
-        } else {
-            tellUnreadable(name, shownName, file.reason);
-        }
-        return std::nullopt;
-    }
-
-    void tellUnreadable(std::string_view name, const std::string& shownName,
-                        const std::string& reason) {
-        end_.dataUnreadable = true;
-        prompt_.tellFailure({FileFailure::Act::Read,
-                             "The databse file '" + shownName + "' could not be read.",
-                             filePath(programFolder_, name), reason});
-    }
-
-private:
-    const std::string& programFolder_;
-    UserPrompt& prompt_;
-    BaseMapEnd& end_;
-};
-
-/// The coastline; empty when its file does not serve.
-std::vector<CoastRecord> readCoastline(DataFiles& files) {
-    constexpr std::string_view name = "mapper.pnt";
-    const std::string shownName = "Mapper.pnt";
-    const std::optional<std::string> bytes = files.read(name, shownName);
-    if (!bytes)
-        return {};
-    std::vector<CoastRecord> records = readCoastRecords(*bytes);
-    if (std::none_of(records.begin(), records.end(), startsStroke)) {
-        files.tellUnreadable(name, shownName, "The file is damaged: no coastline begins in it");
-        return {};
-    }
-    return records;
+/// Share of a line's width that the coast has at a resolution. A fine coast has more of it, and
+/// lines as wide as at resolution 1 would blacken its bays and islands.
+double coastWidth(double resolution) {
+    return resolution > 1.0 ? (0.4 + 0.3 * resolution) / resolution : 1.0;
 }
 
 } // namespace
@@ -75,7 +24,7 @@ BaseMapEnd drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
                        const std::string& programFolder, PassListener& listener,
                        UserPrompt& prompt) {
     BaseMapEnd end;
-    DataFiles files(programFolder, prompt, end);
+    const CoastData data = readCoastData(programFolder, Picture1.resolution(), prompt, end.files);
     const WorldMap& map = *style.map;
     Picture1.ForeColor = 0x000000;
     Picture1.BackColor = white;
@@ -87,11 +36,13 @@ BaseMapEnd drawBaseMap(PictureSurface& Picture1, const BaseMapStyle& style,
     FillRegion(centrePixel, centrePixel, style.land, Picture1);
 
     Coastline coastline(Picture1, map, listener);
-    coastline.DrawCoastline(readCoastline(files));
+    Picture1.LineWidth = coastWidth(Picture1.resolution());
+    coastline.DrawCoastline(data.coastline);
     coastline.SealAntipodeRing();
+    Picture1.LineWidth = 1.0;
     MapPoint last = coastline.lastPoint();
-    if (const std::optional<std::string> seeds = files.read("paintma.txt", "paintma.txt"))
-        PaintWater(*seeds, map, style.water, last, Picture1);
+    if (data.seeds)
+        PaintWater(*data.seeds, data.seedRule, map, style.water, last, Picture1);
 
     last = pointOr(map.antarctica(), last);
     FillRegion(centrePixel + last.x / unitsPerPixel, centrePixel - last.y / unitsPerPixel, white,

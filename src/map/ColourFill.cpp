@@ -23,8 +23,8 @@ void FillRegion(double x, double y, Colour colour, PictureSurface& surface) {
                          colour);
 }
 
-void PaintWater(std::string_view seeds, const WorldMap& map, Colour water, MapPoint& last,
-                PictureSurface& surface) {
+void PaintWater(std::string_view seeds, SeedRule rule, const WorldMap& map, Colour water,
+                MapPoint& last, PictureSurface& surface) {
     while (!seeds.empty()) {
         const std::size_t end = std::min(seeds.find_first_of("\r\n"), seeds.size());
         const std::string_view line = seeds.substr(0, end);
@@ -32,8 +32,19 @@ void PaintWater(std::string_view seeds, const WorldMap& map, Colour water, MapPo
         const std::size_t comma = line.find(',');
         if (comma == std::string_view::npos)
             continue;
-        const std::optional<MapPosition> seed =
-            map.seed(line.substr(0, comma), line.substr(comma + 1));
+        const std::string_view latitude = line.substr(0, comma);
+        const std::string_view longitude = line.substr(comma + 1);
+        if (rule == SeedRule::InPlace) {
+            const MapPosition place =
+                map.position(toSingle(numberValue(latitude)), toSingle(numberValue(longitude)));
+            if (const auto* const point = std::get_if<MapPoint>(&place)) {
+                last = *point;
+                surface.ExtFloodFill(roundToInt(surface.pixelX(last.x)),
+                                     roundToInt(surface.pixelY(last.y)), water);
+            }
+            continue;
+        }
+        const std::optional<MapPosition> seed = map.seed(latitude, longitude);
         if (!seed)
             return;
         // A seed that is cut off leaves the position of the one before, which fills nothing new.

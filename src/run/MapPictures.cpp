@@ -68,7 +68,7 @@ void MapPictures::noteCustomMap() {
 /// @param end is told when the custom picture can't be used
 const QImage& MapPictures::mapPix(BaseMapEnd& end) {
     if (mapPix_.isNull() && !loadMapPix(customMap_.value_or(std::string()))) {
-        end.dataUnreadable = true;
+        end.files.unreadable = true;
     }
     if (mapPix_.isNull()) {
         mapPix_ = builtInWorld();
@@ -142,13 +142,13 @@ BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) 
         data_.run.marks.mnuTopo = false;
         data_.run.marksChanged();
     }
-    end.dataUnreadable |= custom.dataUnreadable;
+    end.files.unreadable |= custom.dataUnreadable;
     baseMap_ = Picture1.Image();
     return end;
 }
 
 void MapPictures::cacheBaseMap(const BaseMapEnd& end) {
-    if (end.dataUnreadable || data_.ini.isOutOfReach()) {
+    if (end.files.unreadable || data_.ini.isOutOfReach()) {
         return;
     }
     if (const WriteEnd saved = saveBaseMap(baseMap_, mapHome(), cachePath()); !saved) {

@@ -29,8 +29,8 @@ void tryInput(Input input) {
     const BaseMapStyle style{
         .map = map.get(), .land = land, .water = water, .relief = relief, .reliefLand = land};
     const BaseMapEnd end = drawBaseMap(Picture1, style, folder.path(), listener, prompt);
-    require(!end.dataMissing && !end.reliefRefused, "both files are there");
-    require(end.dataUnreadable != prompt.told.empty(), "a damaged coast is told");
+    require(!end.files.missing && !end.reliefRefused, "both files are there");
+    require(end.files.unreadable != prompt.told.empty(), "a damaged coast is told");
 }
 
 } // namespace tovrel

@@ -26,7 +26,7 @@ int wetCells(const std::string& seeds, Projection projection) {
         surface.SetPixel(i / 667 * 10, i % 667, 0);
     }
     MapPoint last;
-    PaintWater(seeds, *worldMap(projection, 40.0F, -74.0F), water, last, surface);
+    PaintWater(seeds, SeedRule::Shifted, *worldMap(projection, 40.0F, -74.0F), water, last, surface);
     return inkOf(surface, water).count / 81;
 }
 
@@ -45,7 +45,8 @@ TEST(PaintWater, ScalesSeedsByTheirOwnRule) {
         for (const auto& [dx, dy] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}})
             surface.SetPixel(c.x + dx, c.y + dy, 0); // a lake of one pixel
         MapPoint last;
-        PaintWater(c.seed, *worldMap(c.projection, 40.0F, -74.0F), water, last, surface);
+        PaintWater(c.seed, SeedRule::Shifted, *worldMap(c.projection, 40.0F, -74.0F), water, last,
+                   surface);
         EXPECT_EQ(inkOf(surface, water).count, 1) << c.seed;
         EXPECT_EQ(surface.GetPixel(c.x, c.y), water) << c.seed;
     }
