@@ -1,10 +1,13 @@
 #include "app/MapView.h"
 
+#include "platform/Twips.h"
+
 #include <QApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QToolTip>
+#include <QtMath>
 #include <utility>
 
 namespace tovrel {
@@ -43,8 +46,11 @@ void PlotLineView::paintEvent(QPaintEvent* /*event*/) {
     painter.setPen(QPen(QColor::fromRgb(imageColour(shape.colour)), shape.width));
     // The middle of a pixel lies half a pixel inside its edge.
     constexpr QPointF middle(0.5, 0.5);
-    painter.drawLine(QPointF(Picture2_.pixelX(shape.fromX), Picture2_.pixelY(shape.fromY)) + middle,
-                     QPointF(Picture2_.pixelX(shape.toX), Picture2_.pixelY(shape.toY)) + middle);
+    const auto point = [this, middle](double x, double y) {
+        return (QPointF(Picture2_.pixelX(x), Picture2_.pixelY(y)) + middle) /
+               Picture2_.resolution();
+    };
+    painter.drawLine(point(shape.fromX, shape.fromY), point(shape.toX, shape.toY));
 }
 
 MapView::MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText, QWidget* parent)
@@ -56,20 +62,30 @@ MapView::MapView(const PictureSurface& Picture2, PlotLine& line, TipText tipText
     followsLine_ = line.changed.connect([this] { lneGCPlotLine_->follow(); });
 }
 
-void MapView::showMap(QPoint at) {
-    at_ = at;
-    lneGCPlotLine_->setGeometry({at, Picture2_.Image().size()});
+void MapView::showMap(const MapPlace& place) {
+    const double ratio = Picture2_.resolution();
+    at_ = {pixelsFromTwips(place.left * ratio), pixelsFromTwips(place.top * ratio)};
+    const QSizeF size = QSizeF(Picture2_.Image().size()) / ratio;
+    lneGCPlotLine_->setGeometry(
+        QRect((QPointF(at_) / ratio).toPoint(), QSize(qCeil(size.width()), qCeil(size.height()))));
     update();
 }
 
 void MapView::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
+    const double ratio = Picture2_.resolution();
+    if (ratio != 1.0) {
+        // A pixel of the picture is one of the screen: nothing may be stretched on the way.
+        painter.scale(1.0 / ratio, 1.0 / ratio);
+        painter.drawImage(at_, Picture2_.Image());
+        return;
+    }
     const QRect shown = event->rect() & QRect(at_, Picture2_.Image().size());
     painter.drawImage(shown, Picture2_.Image(), shown.translated(-at_));
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {
-    const QPointF at = event->position() - at_;
+    const QPointF at = event->position() * Picture2_.resolution() - at_;
     const double mapX = Picture2_.mapX(at.x());
     const double mapY = Picture2_.mapY(at.y());
     const QString tip = tipText_(mapY, mapX);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "map/PictureSurface.h"
+#include "run/MapFit.h"
 #include "state/PlotLine.h"
 
 #include <QString>
@@ -27,7 +28,7 @@ private:
     const PlotLine& line_;
 };
 
-/// Picture2 on screen, a pixel of it a pixel of the widget, on the window's background.
+/// Picture2 on screen, a pixel of it a pixel of the screen, on the window's background.
 class MapView : public QWidget {
     Q_OBJECT
 
@@ -40,8 +41,8 @@ public:
             QWidget* parent = nullptr);
 
     /// Takes over the size of the picture and repaints it.
-    /// @param at its upper left corner in the widget
-    void showMap(QPoint at);
+    /// @param place of the picture in the widget
+    void showMap(const MapPlace& place);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -49,7 +50,7 @@ protected:
 
 private:
     const PictureSurface& Picture2_;
-    QPoint at_;
+    QPoint at_; ///< of the picture's upper left corner, in its pixels
     TipText tipText_;
     PlotLineView* lneGCPlotLine_;
     Connection followsLine_;

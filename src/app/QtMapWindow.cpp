@@ -46,8 +46,22 @@ float QtMapWindow::ScaleHeight() const {
 WindowArea QtMapWindow::area() const {
     const QSize outer = outer_.outer().size();
     const QSize client(window_.width(), std::max(window_.height() - outer_.menuHeight(), 1));
-    return {twipsFromPixels(outer.width()), twipsFromPixels(outer.height()),
-            twipsFromPixels(client.width()), twipsFromPixels(client.height()), outer_.isFree()};
+    return {twipsFromPixels(outer.width()),
+            twipsFromPixels(outer.height()),
+            twipsFromPixels(client.width()),
+            twipsFromPixels(client.height()),
+            outer_.isFree(),
+            static_cast<float>(window_.devicePixelRatioF())};
+}
+
+int QtMapWindow::mostPixels(MapShape shape) const {
+    constexpr int most = 4000; // at more the eye finds nothing finer, and memory and time go
+    const QSize screen = window_.screen()->size();
+    const MapPlace place = MapFit({.ScaleWidth = twipsFromPixels(screen.width()),
+                                   .ScaleHeight = twipsFromPixels(screen.height()),
+                                   .free = false},
+                                  shape);
+    return std::min(pixelsFromTwips(place.width * window_.devicePixelRatioF()), most);
 }
 
 void QtMapWindow::setCaption(const std::string& caption) {
@@ -76,8 +90,7 @@ void QtMapWindow::showMap(const MapPlace& place) {
     if (view_ == nullptr) {
         return;
     }
-    view_->showMap({pixelsFromTwips(static_cast<double>(place.left)),
-                    pixelsFromTwips(static_cast<double>(place.top))});
+    view_->showMap(place);
 }
 
 void QtMapWindow::setWaitPointer(bool wait) {

@@ -48,6 +48,7 @@ public:
     void setCaption(const std::string& caption) override;
     void setVisible(bool visible) override;
     void CenterForm() override;
+    int mostPixels(MapShape shape) const override;
     void showMap(const MapPlace& place) override;
     void setWaitPointer(bool wait) override;
     void setTimer1(bool enabled) override;

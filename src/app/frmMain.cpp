@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLayout>
+#include <QWindow>
 #include <algorithm>
 #include <utility>
 
@@ -163,6 +164,8 @@ void frmMain::fitToFrame(int attempt) {
     parts_->commands.loadLegendAtStart();
     shown_ = true;
     parts_->frame.watch(true);
+    // Another screen may have more pixels to a map of the same size.
+    connect(windowHandle(), &QWindow::screenChanged, this, [this] { fitToScreen(); });
 }
 
 void frmMain::followSize() {
@@ -171,13 +174,17 @@ void frmMain::followSize() {
     }
 }
 
-void frmMain::resizeEvent(QResizeEvent* event) {
-    QMainWindow::resizeEvent(event);
-    parts_->frame.changed();
-    // While a command works, it looks at the size itself before it draws marks, and at its end.
+/// While a command works, it looks at the size itself before it draws marks, and at its end.
+void frmMain::fitToScreen() {
     if (!queue_.busy()) {
         queue_.submit("Form_Resize", [this] { followSize(); });
     }
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    parts_->frame.changed();
+    fitToScreen();
 }
 
 void frmMain::enterEvent(QEnterEvent* event) {
@@ -191,9 +198,7 @@ void frmMain::changeEvent(QEvent* event) {
         parts_->frame.changed();
         parts_->window.followState();
         parts_->map.fitAgain();
-        if (!queue_.busy()) {
-            queue_.submit("Form_Resize", [this] { followSize(); });
-        }
+        fitToScreen();
     }
 }
 

@@ -44,6 +44,7 @@ private:
     void fitToFrame(int attempt);
     void holdAboveSmallest();
     void followSize();
+    void fitToScreen();
 
     RunData& data_;
     QTimer Timer1_{this};

@@ -51,7 +51,7 @@ struct BatchOptions {
     std::optional<bool> graticule;        ///< meridians and parallels
     std::optional<bool> homeMark;         ///< mark of the home station
     std::optional<bool> topo;             ///< relief on the land
-    int size = 800;                       ///< width of the picture, pixels
+    std::optional<int> size;              ///< width of the picture, pixels
     std::string image;                    ///< empty: none; "-" for standard output, as PNG
     std::string baseMap;                  ///< likewise
     std::vector<TipPlace> tips;       ///< where to tell the tool tip, a line each, in this order

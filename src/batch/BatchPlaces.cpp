@@ -19,7 +19,8 @@ struct NamedPath {
 
 /// Files of the program folder that a run may read.
 constexpr std::string_view folderFiles[] = {
-    "Tovrel.ini",           "TVADIF.txt",        "mapper.pnt",      "paintma.txt",
+    "Tovrel.ini",           "TVADIF.txt",        "mapper.pnt",
+    "paintma.txt",          "mapper-fine.pnt",   "paintma-fine.txt",
     "Google_Confirmed.png", "Google_Worked.png", "Google_Heard.png"};
 
 /// What a run writes, standard output included.

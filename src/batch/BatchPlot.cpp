@@ -59,7 +59,11 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (!applyOptions(data, options, console)) {
         return BatchResult::FileFailed;
     }
-    const float width = twipsFromPixels(options.size);
+    // A base map alone is drawn as small as base maps come.
+    constexpr int baseMapPixels = 667;
+    constexpr int picturePixels = 800;
+    const float width = twipsFromPixels(
+        options.size.value_or(options.image.empty() ? baseMapPixels : picturePixels));
     BatchScreen screen(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
     MapPictures map(data, screen, console, console);
     readHome(data.ini, data.run);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Twips.h"
 #include "run/MapWindow.h"
 
 namespace tovrel {
@@ -14,6 +15,9 @@ public:
     bool isMinimized() const override { return false; }
     WindowArea area() const override {
         return {pictureWidth_, pictureHeight_, pictureWidth_, pictureHeight_, false};
+    }
+    int mostPixels(MapShape /*shape*/) const override {
+        return pixelsFromTwips(static_cast<double>(pictureWidth_));
     }
     void showMap(const MapPlace& /*place*/) override {}
     void setWaitPointer(bool /*wait*/) override {}

@@ -215,7 +215,7 @@ constexpr OptionRule rules[] = {
     {OptionRule::Of::Plot, "--image", "FILE", pictureName, takePicture<&BatchOptions::image>,
      "write the map as .png, .bmp or .jpg; - for standard output"},
     {OptionRule::Of::Plot, "--base-map", "FILE", pictureName, takePicture<&BatchOptions::baseMap>,
-     "write the map without compass and contacts (667 pixels)"},
+     "write the map without compass and contacts (as drawn)"},
     {OptionRule::Of::Plot, "--tip", "Y,X", "Y,X in map units, for example -1200,3500.5", takeTip,
      "print the tool tip at a position in map units (repeatable)"},
     {OptionRule::Of::Plot, "--tip-parts", "LIST", "some of call,latlong,country, or nothing",

@@ -15,18 +15,19 @@ struct MapHome {
     bool operator==(const MapHome&) const = default;
 };
 
-/// A base map in its file: a bitmap, after whose pixels its home stands if it has one. Readers of
-/// bitmaps pass over that.
+/// A base map in its file: a compressed picture that names its resolution, and its home if it has
+/// one. A plain bitmap is read as well.
 struct CachedBaseMap {
     LoadedPicture picture;       ///< of any size; it need not be that of a base map
+    int resolution = 1;          ///< that of a plain bitmap
     std::optional<MapHome> home; ///< of a plain bitmap it is not known
 };
 
-/// The base map of a file; Unreadable also when the bitmap is shorter or longer than it says.
+/// The base map of a file; Unreadable also when a bitmap is shorter or longer than its pixels.
 CachedBaseMap loadBaseMap(const std::string& path);
 
 /// Replaces a file by a base map.
-WriteEnd saveBaseMap(const QImage& image, const std::optional<MapHome>& home,
+WriteEnd saveBaseMap(const QImage& image, int resolution, const std::optional<MapHome>& home,
                      const std::string& path);
 
 } // namespace tovrel

@@ -16,7 +16,7 @@ namespace tovrel {
 namespace {
 
 /// Pixels from which on a line is more than the row of pixels that is nearest to it.
-constexpr double thinnestBand = 1.3;
+constexpr double thinnestBand = 1.28;
 
 QImage blankImage(QSize size, Colour colour) {
     QImage image(size, QImage::Format_RGB32);

@@ -1,5 +1,6 @@
 #include "run/MapFit.h"
 
+#include "map/BaseMap.h"
 #include "platform/Twips.h"
 
 #include <algorithm>
@@ -36,6 +37,13 @@ MapPlace MapFit(const WindowArea& window, MapShape shape) {
     const float height = width / widthPerHeight;
     return {(window.ScaleWidth - width) / 2.0F, (window.ScaleHeight - height) / 2.0F, width,
             height};
+}
+
+int resolutionFor(int pixels) {
+    int resolution = 1;
+    while (pixelsFromTwips(static_cast<double>(baseMapSize) * resolution) < pixels)
+        ++resolution;
+    return resolution;
 }
 
 } // namespace tovrel

@@ -11,6 +11,7 @@ struct WindowArea {
     float ScaleWidth = 0.0F;  ///< of the client area below the menu
     float ScaleHeight = 0.0F; ///< likewise
     bool free = true;         ///< neither maximized nor full screen
+    float ratio = 1.0F;       ///< pixels of the screen to 15 twips
 
     bool operator==(const WindowArea&) const = default;
 };
@@ -30,5 +31,8 @@ struct MapPlace {
 /// 110 twips beside a map that has its shape with the frame. Elsewhere, where the user or the
 /// window system has the say, the map is the largest of its shape, in the middle.
 MapPlace MapFit(const WindowArea& window, MapShape shape);
+
+/// The least resolution at which a base map has so many pixels across.
+int resolutionFor(int pixels);
 
 } // namespace tovrel

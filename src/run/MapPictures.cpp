@@ -5,6 +5,7 @@
 #include "map/WorldImage.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
+#include "platform/Twips.h"
 #include "plot/PlotRendering.h"
 #include "state/MapColours.h"
 #include "state/StationInfo.h"
@@ -59,6 +60,17 @@ std::optional<MapHome> MapPictures::mapHome() const {
                : std::nullopt;
 }
 
+int MapPictures::neededResolution() const {
+    return resolutionFor(screen_.mostPixels(data_.map()->shape()));
+}
+
+void MapPictures::takeBaseMap(QImage image, int resolution) {
+    baseMap_ = std::move(image);
+    if (Picture1.resolution() != resolution)
+        Picture1.setSize(baseMapSize, baseMapSize, resolution);
+    Picture1.setPicture(baseMap_);
+}
+
 void MapPictures::noteCustomMap() {
     if (!customMap_) {
         customMap_ = data_.ini.ReadIniValue(data_.mapNames().section, "BaseMap");
@@ -92,10 +104,12 @@ void MapPictures::LoadBaseMap() {
     Picture2.Cls();
     const bool settingsServe = !data_.ini.isOutOfReach();
     CachedBaseMap cached = settingsServe ? loadBaseMap(cachePath()) : CachedBaseMap();
-    const bool fits = cached.picture && cached.picture.image.size() == Picture1.Image().size();
+    const int resolution = neededResolution();
+    const int across = pixelsFromTwips(static_cast<double>(baseMapSize) * resolution);
+    const bool fits = cached.picture && cached.resolution == resolution &&
+                      cached.picture.image.size() == QSize(across, across);
     if (fits && (!cached.home || cached.home == mapHome())) {
-        baseMap_ = std::move(cached.picture.image);
-        Picture1.setPicture(baseMap_);
+        takeBaseMap(std::move(cached.picture.image), resolution);
         Form_Resize();
         return;
     }
@@ -106,6 +120,10 @@ void MapPictures::LoadBaseMap() {
         BuildBaseMap();
         return;
     }
+    rebuildInSilence();
+}
+
+void MapPictures::rebuildInSilence() {
     SilentListener silence;
     ConsentingPrompt consent(prompt_);
     cacheBaseMap(drawBaseMap(silence, consent));
@@ -136,13 +154,15 @@ BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) 
                              .reliefLand = keyOf(MapColour::Land).byDefault};
     Picture2.Cls();
     showMap();
+    if (const int resolution = neededResolution(); Picture1.resolution() != resolution)
+        Picture1.setSize(baseMapSize, baseMapSize, resolution);
     BaseMapEnd end =
         tovrel::drawBaseMap(Picture1, style, data_.ini.programFolder(), listener, prompt);
     if (end.reliefRefused) {
         data_.run.marks.mnuTopo = false;
         data_.run.marksChanged();
     }
-    end.files.unreadable |= custom.dataUnreadable;
+    end.files.unreadable |= custom.files.unreadable;
     baseMap_ = Picture1.Image();
     return end;
 }
@@ -151,7 +171,9 @@ void MapPictures::cacheBaseMap(const BaseMapEnd& end) {
     if (end.files.unreadable || data_.ini.isOutOfReach()) {
         return;
     }
-    if (const WriteEnd saved = saveBaseMap(baseMap_, mapHome(), cachePath()); !saved) {
+    if (const WriteEnd saved =
+            saveBaseMap(baseMap_, static_cast<int>(Picture1.resolution()), mapHome(), cachePath());
+        !saved) {
         prompt_.tellFailure({FileFailure::Act::Write, "The base map could not be stored.",
                              cachePath(), saved.reason});
     }
@@ -182,7 +204,7 @@ void MapPictures::Form_Resize() {
     if (data_.run.FormReady) {
         fittedTo_ = screen_.area();
         place_ = MapFit(fittedTo_, data_.map()->shape());
-        Picture2.setSize(place_.width, place_.height);
+        Picture2.setSize(place_.width, place_.height, static_cast<double>(fittedTo_.ratio));
     }
     Picture2.StretchBlt(Picture1);
     if (data_.run.marks.mnuMeridian) {
@@ -196,7 +218,13 @@ void MapPictures::Form_Resize() {
 }
 
 void MapPictures::followSize() {
-    if (screen_.area() != fittedTo_) {
+    if (screen_.area() == fittedTo_) {
+        return;
+    }
+    if (neededResolution() > Picture1.resolution()) {
+        rebuildInSilence();
+        ResetMap();
+    } else {
         Form_Resize();
     }
 }

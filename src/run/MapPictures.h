@@ -26,10 +26,10 @@ public:
     PictureSurface Picture2;
 
     /// Takes the cached base map of the projection, or builds one, with graticule and relief
-    /// switched off, when there is none. A cache file that is no whole base map, or the azimuthal
-    /// one of another home, is built anew with all as it is switched, without a question or a word.
-    /// While the settings are out of reach no cache file is looked at or written: it belongs to a
-    /// home that is not known.
+    /// switched off, when there is none. A cache file that is no whole base map, one of another
+    /// resolution than the screen needs, or the azimuthal one of another home, is built anew with
+    /// all as it is switched, without a question or a word. While the settings are out of reach no
+    /// cache file is looked at or written: it belongs to a home that is not known.
     void LoadBaseMap();
 
     /// Draws the base map and caches it in its file. When that can't be written the user is told
@@ -56,7 +56,8 @@ public:
     /// Nothing happens while the window is minimized.
     void Form_Resize();
 
-    /// The same if the window has another size than the picture was fitted to.
+    /// The same if the window has another size than the picture was fitted to. On a screen that
+    /// needs a finer base map that is drawn first, in silence.
     void followSize();
 
     /// The window was minimized, maximized or restored: the next followSize() draws in any case.
@@ -76,6 +77,9 @@ public:
 private:
     std::string cachePath() const;
     std::optional<MapHome> mapHome() const;
+    int neededResolution() const;
+    void takeBaseMap(QImage image, int resolution);
+    void rebuildInSilence();
     /// Keeps the path of the custom world picture that the settings name for the first map of the
     /// run; a switch of projection keeps the picture.
     void noteCustomMap();

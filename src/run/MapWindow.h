@@ -19,6 +19,10 @@ public:
     /// The window as it is now, free or not.
     virtual WindowArea area() const = 0;
 
+    /// Pixels across of the largest map of a shape that this screen can show, and that the base map
+    /// is to have at least.
+    virtual int mostPixels(MapShape shape) const = 0;
+
     /// Picture2 has changed; it reaches the screen with the next repaint.
     /// @param place of the picture in the client area
     virtual void showMap(const MapPlace& place) = 0;

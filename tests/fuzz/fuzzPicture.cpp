@@ -31,7 +31,7 @@ void tryInput(Input input) {
                     prompt);
     }
     const MapHome home = cached.home.value_or(MapHome{50.0F, 10.0F});
-    require(bool(saveBaseMap(image, home, folder.path("cache"))), "it can be saved");
+    require(bool(saveBaseMap(image, 1, home, folder.path("cache"))), "it can be saved");
     const CachedBaseMap again = loadBaseMap(folder.path("cache"));
     require(again.picture.image == image && again.home == home, "it comes back from the cache");
 }

@@ -21,7 +21,8 @@ public:
     void setWidth(float newWidth) override { width = newWidth; }
     void setHeight(float newHeight) override { height = newHeight; }
     float ScaleHeight() const override { return height - frame; }
-    WindowArea area() const override { return {width, height, width, height - frame, free}; }
+    WindowArea area() const override { return {width, height, width, height - frame, free, ratio}; }
+    int mostPixels(MapShape) const override { return most; }
     void settleSize() override { onSettle(); }
     void setCaption(const std::string& newCaption) override { caption = newCaption; }
     void setVisible(bool visible) override { calls.emplace_back(visible ? "show" : "hide"); }
@@ -66,6 +67,8 @@ public:
 
     bool minimized = false;
     bool free = true;
+    float ratio = 1.0F;
+    int most = 667;
     float width = 5000.0F;
     float height = 5000.0F;
     std::string caption;

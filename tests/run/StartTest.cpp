@@ -102,7 +102,7 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
     writeCache(program.folder);
     const std::string whole = program.folder.read("GCBaseMap.map");
     const std::string path = program.folder.path("GCBaseMap.map");
-    ASSERT_TRUE(saveBaseMap(LoadPicture(path).image, MapHome{50.0F, -20.5F}, path));
+    ASSERT_TRUE(saveBaseMap(LoadPicture(path).image, 1, MapHome{50.0F, -20.5F}, path));
     const std::string ofAnotherHome = program.folder.read("GCBaseMap.map");
     for (const std::string& cached : {std::string(), whole.substr(0, whole.size() / 2), whole + "x",
                                       program.folder.read("world.bmp"), ofAnotherHome}) {
@@ -116,6 +116,48 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
         EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
         EXPECT_EQ(program.listener.begun, 0);
     }
+}
+
+TEST(Start, ACacheOfAnotherResolutionIsReplacedInSilence) {
+    TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
+    const std::string path = program.folder.path("GCBaseMap.map");
+    writeCache(program.folder);
+    for (const auto& [most, resolution] : {std::pair{668, 2}, {667, 1}, {2000, 3}}) {
+        program.window.most = most;
+        program.restart();
+        program.start();
+        EXPECT_EQ(loadBaseMap(path).resolution, resolution);
+        EXPECT_EQ(program.map->Picture1.resolution(), resolution);
+        EXPECT_EQ(loadBaseMap(path).picture.image.width(), program.map->Picture1.pixelWidth());
+        EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
+        EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
+        const std::string stored = program.folder.read("GCBaseMap.map");
+        program.restart();
+        program.start();
+        EXPECT_EQ(program.folder.read("GCBaseMap.map"), stored) << "and serves from then on";
+    }
+}
+
+TEST(MapPictures, HaveThePixelsOfTheScreenThatTheyComeTo) {
+    TestProgram program(home);
+    program.start();
+    program.map->Form_Resize();
+    const int pixels = program.map->Picture2.pixelWidth();
+    const int mark = inkOf(program.map->Picture2, homeColour).width();
+    for (const double ratio : {1.25, 2.0, 3.0}) {
+        program.window.ratio = static_cast<float>(ratio);
+        program.window.most = roundToInt(666.0 * ratio);
+        program.map->followSize();
+        EXPECT_NEAR(program.map->Picture2.pixelWidth(), pixels * ratio, 1) << ratio;
+        EXPECT_NEAR(inkOf(program.map->Picture2, homeColour).width(), mark * ratio, ratio);
+        EXPECT_EQ(program.map->Picture1.resolution(), std::ceil(ratio)) << "never enlarged";
+        EXPECT_EQ(program.mapAt(40, 4), land);
+    }
+    program.window.ratio = 1.0F;
+    program.window.most = 667;
+    program.map->followSize();
+    EXPECT_EQ(program.map->Picture1.resolution(), 3) << "a finer one serves a coarser screen";
+    EXPECT_EQ(program.map->Picture2.pixelWidth(), pixels);
 }
 
 TEST(Start, ThatChangesNoSettingWritesNoFile) {
