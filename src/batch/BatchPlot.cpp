@@ -13,6 +13,8 @@
 
 #include <QFontInfo>
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace tovrel {
 
@@ -65,7 +67,8 @@ BatchResult batchPlot(const BatchOptions& options) {
     const float width = twipsFromPixels(
         options.size.value_or(options.image.empty() ? baseMapPixels : picturePixels));
     BatchScreen screen(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
-    MapPictures map(data, screen, console, console);
+    std::optional<MapPictures> pictures(std::in_place, data, screen, console, console);
+    MapPictures& map = *pictures;
     readHome(data.ini, data.run);
     const bool makesPicture = !options.image.empty() || !options.baseMap.empty();
     if (makesPicture && !drawBaseMap(map, console) && !options.allowIncomplete) {
@@ -88,11 +91,12 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (nothing && (data.tables.FilterPassedAny || !data.tables.LogHasCoordinates)) {
         hintAtOtherPlaces(data, console);
     }
-    const bool written =
-        (options.image.empty() || writePicture(options.image, stampedMap(data, map))) &&
-        (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
-        (options.report.empty() ||
-         writeResult(options.report, plotReport(data, console.messages())));
+    const QImage stamped = options.image.empty() ? QImage() : stampedMap(data, map);
+    pictures.reset(); // a picture of 8000 pixels takes 256 MB, and its file some as well
+    const bool written = (options.image.empty() || writePicture(options.image, stamped)) &&
+                         (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
+                         (options.report.empty() ||
+                          writeResult(options.report, plotReport(data, console.messages())));
     if (!written) {
         return BatchResult::FileFailed;
     }

@@ -75,7 +75,7 @@ CachedBaseMap loadBaseMap(const std::string& path) {
     const FileContent file = readFile(path);
     if (file && !isWhole(file.bytes))
         return {{ReadEnd::Unreadable, {}, "Not a whole picture"}, 1, {}};
-    CachedBaseMap cached{decodePicture(file), 1, {}};
+    CachedBaseMap cached{decodeAsStored(file), 1, {}};
     if (cached.picture && !isBitmap(file.bytes)) {
         cached.resolution = cached.picture.image.text(QLatin1String(resolutionKey)).toInt();
         cached.home = homeOf(cached.picture.image.text(QLatin1String(homeKey)).toStdString());

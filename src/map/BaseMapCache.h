@@ -18,8 +18,8 @@ struct MapHome {
 /// A base map in its file: a compressed picture that names its resolution, and its home if it has
 /// one. A plain bitmap is read as well.
 struct CachedBaseMap {
-    LoadedPicture picture;       ///< of any size; it need not be that of a base map
-    int resolution = 1;          ///< that of a plain bitmap
+    LoadedPicture picture; ///< as it is stored, of any size; it need not be that of a base map
+    int resolution = 1;    ///< that of a plain bitmap
     std::optional<MapHome> home; ///< of a plain bitmap it is not known
 };
 

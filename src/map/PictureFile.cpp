@@ -19,9 +19,12 @@ LoadedPicture unreadable(std::string reason) {
     return {ReadEnd::Unreadable, {}, std::move(reason)};
 }
 
-/// The image as 32 bits without alpha.
+} // namespace
+
 QImage withoutAlpha(QImage image) {
-    if (hasHelperThreads() || image.format() == QImage::Format_RGB32) {
+    if (image.isNull() || image.format() == QImage::Format_RGB32)
+        return image;
+    if (hasHelperThreads()) {
         image.convertTo(QImage::Format_RGB32);
         return image;
     }
@@ -33,9 +36,7 @@ QImage withoutAlpha(QImage image) {
     return copy;
 }
 
-} // namespace
-
-LoadedPicture decodePicture(const FileContent& file) {
+LoadedPicture decodeAsStored(const FileContent& file) {
     if (!file)
         return {file.end, {}, file.reason};
     QByteArray bytes =
@@ -55,10 +56,14 @@ LoadedPicture decodePicture(const FileContent& file) {
     }
     if (!reader.read(&image))
         return unreadable(byteText(reader.errorString()));
-    return {ReadEnd::Content, withoutAlpha(std::move(image)), {}};
+    return {ReadEnd::Content, std::move(image), {}};
 }
 
-LoadedPicture LoadPicture(const std::string& path) { return decodePicture(readFile(path)); }
+LoadedPicture LoadPicture(const std::string& path) {
+    LoadedPicture picture = decodeAsStored(readFile(path));
+    picture.image = withoutAlpha(std::move(picture.image));
+    return picture;
+}
 
 std::string encodePicture(const QImage& image, const char* format) {
     QBuffer buffer;

@@ -21,8 +21,12 @@ struct LoadedPicture {
 /// its name. One that takes more than 512 MiB of memory is not decoded.
 LoadedPicture LoadPicture(const std::string& path);
 
-/// The same of a file that was read.
-LoadedPicture decodePicture(const FileContent& file);
+/// The same of a file that was read, in the format that it is stored in: with a colour table it
+/// takes a quarter of the memory.
+LoadedPicture decodeAsStored(const FileContent& file);
+
+/// The image as 32 bits without alpha.
+QImage withoutAlpha(QImage image);
 
 /// Bytes of an image's file; empty when it can't be encoded.
 /// @param format "BMP", "PNG" or "JPG"

@@ -1,5 +1,6 @@
 #include "map/PictureSurface.h"
 
+#include "map/PictureFile.h"
 #include "map/PictureStretch.h"
 #include "platform/Threads.h"
 
@@ -22,11 +23,6 @@ QImage blankImage(QSize size, Colour colour) {
     QImage image(size, QImage::Format_RGB32);
     image.fill(imageColour(colour));
     return image;
-}
-
-QSize pixelSize(float width, float height, double resolution) {
-    return {std::max(pixelsFromTwips(width * resolution), 1),
-            std::max(pixelsFromTwips(height * resolution), 1)};
 }
 
 /// Pixels across what is some pixels wide at resolution 1. All odd widths come out odd, or all
@@ -89,13 +85,19 @@ PictureSurface::PictureSurface(float width, float height, double resolution) {
     setSize(width, height, resolution);
 }
 
-void PictureSurface::setSize(float width, float height, double resolution) {
+/// @return the size in pixels
+QSize PictureSurface::measure(float width, float height, double resolution) {
     width_ = width;
     height_ = height;
     resolution_ = resolution;
     pixelsAcross_ = static_cast<float>(width * resolution / twipsPerPixel);
     pixelsDown_ = static_cast<float>(height * resolution / twipsPerPixel);
-    const QSize size = pixelSize(width, height, resolution);
+    return {std::max(pixelsFromTwips(width * resolution), 1),
+            std::max(pixelsFromTwips(height * resolution), 1)};
+}
+
+void PictureSurface::setSize(float width, float height, double resolution) {
+    const QSize size = measure(width, height, resolution);
     if (size == image_.size())
         return Cls();
     image_ = QImage(); // not both at once
@@ -110,12 +112,14 @@ void PictureSurface::Cls() {
         image_ = blankImage(image_.size(), BackColor);
 }
 
-void PictureSurface::setPicture(const QImage& picture) {
-    if (picture.size() == image_.size() && picture.format() == QImage::Format_RGB32) {
-        image_ = picture;
+void PictureSurface::setPicture(const QImage& picture, double resolution) {
+    const QSize size = measure(width_, height_, resolution);
+    if (picture.size() == size && !picture.hasAlphaChannel()) {
+        image_ = QImage(); // not both at once
+        image_ = withoutAlpha(picture);
         return;
     }
-    Cls();
+    setSize(width_, height_, resolution);
     QPainter(&image_).drawImage(0, 0, picture);
 }
 

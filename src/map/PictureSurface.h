@@ -49,7 +49,9 @@ public:
     void Cls();
 
     /// Covers the surface with BackColor and shows an image at its top left.
-    void setPicture(const QImage& picture);
+    void setPicture(const QImage& picture) { setPicture(picture, resolution_); }
+    /// The same at another resolution.
+    void setPicture(const QImage& picture, double resolution);
 
     Colour BackColor = 0xFFFFFF; ///< of what is cleared, or comes with a new size
     Colour ForeColor = 0x000000; ///< of what is drawn without a colour of its own
@@ -103,6 +105,7 @@ private:
         int x;
         int y;
     };
+    QSize measure(float width, float height, double resolution);
     bool contains(int x, int y) const;
     void drawDot(double x, double y, int width, std::uint32_t pixel);
     void drawLine(double x0, double y0, double x1, double y1, Colour colour);

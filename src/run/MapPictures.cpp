@@ -66,9 +66,7 @@ int MapPictures::neededResolution() const {
 
 void MapPictures::takeBaseMap(QImage image, int resolution) {
     baseMap_ = std::move(image);
-    if (Picture1.resolution() != resolution)
-        Picture1.setSize(baseMapSize, baseMapSize, resolution);
-    Picture1.setPicture(baseMap_);
+    Picture1.setPicture(baseMap_, resolution);
 }
 
 void MapPictures::noteCustomMap() {
@@ -110,7 +108,6 @@ void MapPictures::LoadBaseMap() {
                       cached.picture.image.size() == QSize(across, across);
     if (fits && (!cached.home || cached.home == mapHome())) {
         takeBaseMap(std::move(cached.picture.image), resolution);
-        Form_Resize();
         return;
     }
     if (cached.picture.end == ReadEnd::Missing) {

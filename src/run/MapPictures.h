@@ -25,11 +25,12 @@ public:
     /// The map on screen: a stretch of Picture1, with graticule, home mark and plot on top.
     PictureSurface Picture2;
 
-    /// Takes the cached base map of the projection, or builds one, with graticule and relief
-    /// switched off, when there is none. A cache file that is no whole base map, one of another
-    /// resolution than the screen needs, or the azimuthal one of another home, is built anew with
-    /// all as it is switched, without a question or a word. While the settings are out of reach no
-    /// cache file is looked at or written: it belongs to a home that is not known.
+    /// Takes the cached base map of the projection, to be shown by ResetMap(), or builds one, with
+    /// graticule and relief switched off, when there is none. A cache file that is no whole base
+    /// map, one of another resolution than the screen needs, or the azimuthal one of another home,
+    /// is built anew with all as it is switched, without a question or a word. While the settings
+    /// are out of reach no cache file is looked at or written: it belongs to a home that is not
+    /// known.
     void LoadBaseMap();
 
     /// Draws the base map and caches it in its file. When that can't be written the user is told
