@@ -33,6 +33,13 @@ std::optional<EarthPlace> AzimuthalMap::placeAt(MapPoint point) const {
 }
 
 MapPosition AzimuthalMap::linePoint(double latitude, double longitude, MapLine line) const {
+    if (line == MapLine::CoastToRim) {
+        const MapPosition shown = position(toSingle(latitude), toSingle(longitude));
+        if (!std::holds_alternative<CutOff>(shown))
+            return shown;
+        const MapPoint beyond = greatCircle_.exactPoint({latitude, longitude});
+        return std::hypot(beyond.x, beyond.y) <= MapRadius ? MapPosition(beyond) : shown;
+    }
     return greatCircle_.ProjectAzimuthal(toSingle(latitude), toSingle(longitude),
                                          line == MapLine::Graticule
                                              ? GreatCircle::graticuleAntipodeLimit

@@ -31,24 +31,41 @@ std::vector<CoastRecord> readCoastRecords(std::string_view bytes) {
 }
 
 Coastline::Coastline(PictureSurface& surface, const WorldMap& map, PassListener& listener)
-    : surface_(surface), listener_(listener),
-      pen_(surface, map, MapLine::Coast, surface.ForeColor) {}
+    : surface_(surface), listener_(listener), map_(map),
+      line_(surface.resolution() > 1.0 ? MapLine::CoastToRim : MapLine::Coast),
+      pen_(surface, map, line_, surface.ForeColor) {}
 
 void Coastline::DrawCoastline(const std::vector<CoastRecord>& records) {
     for (const CoastRecord& record : records) {
+        const EarthPlace place{record.latitude / minutesPerDegree,
+                               record.longitude / minutesPerDegree};
         if (startsStroke(record)) {
             pen_.lift();
             strokeCut_ = strokeShown_ = false;
             listener_.yield();
+        } else if (line_ == MapLine::CoastToRim && (isFar(last_) || isFar(place))) {
+            // Here a straight line between two records would cut across the map.
+            constexpr int steps = 16;
+            const double east = std::remainder(place.longitude - last_.longitude, 360.0);
+            for (int step = 1; step < steps; ++step) {
+                const double part = static_cast<double>(step) / steps;
+                draw({last_.latitude + part * (place.latitude - last_.latitude),
+                      last_.longitude + part * east});
+            }
         }
-        draw(record);
+        draw(place);
+        last_ = place;
     }
 }
 
-void Coastline::draw(const CoastRecord& record) {
+bool Coastline::isFar(EarthPlace place) const {
+    return std::holds_alternative<CutOff>(
+        map_.linePoint(place.latitude, place.longitude, MapLine::Coast));
+}
+
+void Coastline::draw(EarthPlace place) {
     const MapPoint before = pen_.point();
-    const MapPosition to =
-        pen_.moveTo(record.latitude / minutesPerDegree, record.longitude / minutesPerDegree);
+    const MapPosition to = pen_.moveTo(place.latitude, place.longitude);
     if (std::holds_alternative<NotShown>(to))
         return;
     const bool cut = std::holds_alternative<CutOff>(to);

@@ -34,19 +34,24 @@ public:
     void DrawCoastline(const std::vector<CoastRecord>& records);
 
     /// Carries each stroke that was cut off near the antipode straight outward to the inner circle,
-    /// and likewise from where it comes back. Without it the sea would run round through the gap
-    /// between the coast's last point and the circle, and flood a continent.
+    /// and likewise from where it comes back. At resolutions beyond 1 strokes go on nearly so far.
+    /// Without it the sea would run round through the gap between the coast's last point and the
+    /// circle, and flood a continent.
     void SealAntipodeRing();
 
     /// The last point that was shown; (0, 0) before the first.
     MapPoint lastPoint() const { return pen_.point(); }
 
 private:
-    void draw(const CoastRecord& record);
+    bool isFar(EarthPlace place) const;
+    void draw(EarthPlace place);
 
     PictureSurface& surface_;
     PassListener& listener_;
+    const WorldMap& map_;
+    MapLine line_;
     MapPen pen_;
+    EarthPlace last_;               ///< of the record before
     bool strokeCut_ = false;        ///< the record before, in this stroke, was cut off
     bool strokeShown_ = false;      ///< the record before, in this stroke, was drawn
     std::vector<MapPoint> cutEnds_; ///< where strokes were cut off or came back

@@ -66,6 +66,17 @@ std::variant<Arc, CutOff, NotShown> GreatCircle::arcTo(float latitude, float lon
     return arc;
 }
 
+MapPoint GreatCircle::exactPoint(EarthPlace place) const {
+    const double p = place.latitude * radiansPerDegree;
+    const double d = place.longitude * radiansPerDegree - homeX_;
+    const double east = std::cos(p) * std::sin(d);
+    const double north = cosHomeY_ * std::sin(p) - sinHomeY_ * std::cos(p) * std::cos(d);
+    const double along = sinHomeY_ * std::sin(p) + cosHomeY_ * std::cos(p) * std::cos(d);
+    const double across = std::hypot(east, north);
+    const double stretch = across > 0.0 ? std::atan2(across, along) * earthRadius / across : 0.0;
+    return {east * stretch, north * stretch};
+}
+
 EarthPlace GreatCircle::placeAt(MapPoint point) const {
     constexpr double degree = std::numbers::pi / 180.0;
     const double distance = std::hypot(point.x, point.y);

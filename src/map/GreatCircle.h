@@ -42,6 +42,9 @@ public:
     MapPosition ProjectAzimuthal(float latitude, float longitude,
                                  float limit = AntipodeLimit) const;
 
+    /// Position of any place in double precision, without a cut.
+    MapPoint exactPoint(EarthPlace place) const;
+
     /// The place at a position, whose distance from (0, 0) is at most half the earth's
     /// circumference.
     EarthPlace placeAt(MapPoint point) const;

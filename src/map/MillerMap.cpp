@@ -48,7 +48,7 @@ MapPosition MillerMap::linePoint(double latitude, double longitude, MapLine /*li
 std::optional<EdgeCrossing> MillerMap::crossing(MapPoint from, MapPoint to, MapLine line) const {
     constexpr double beyondEdge = 23000.0;
     const int before = roundToInt(from.x);
-    if (line != MapLine::Coast || std::abs(to.x - before) <= mapEdge)
+    if (line == MapLine::Graticule || std::abs(to.x - before) <= mapEdge)
         return std::nullopt;
     return EdgeCrossing{.leavesAt = before > 0 ? beyondEdge : -beyondEdge,
                         .entersAt = roundToInt(to.x) > 0 ? beyondEdge : -beyondEdge};

@@ -33,7 +33,11 @@ struct EarthPlace {
 };
 
 /// The lines that are drawn point by point.
-enum class MapLine { Coast, Graticule };
+enum class MapLine {
+    Coast,
+    CoastToRim, ///< goes on where the other is cut off near the antipode, to the edge of the map
+    Graticule
+};
 
 /// Where a stroke that runs over a side edge of the map leaves it and comes in again, X in map
 /// units, beyond the surface.

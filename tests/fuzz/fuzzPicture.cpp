@@ -13,7 +13,8 @@ void tryInput(Input input) {
     const std::string path = folder.write("picture", input.rest());
     const CachedBaseMap cached = loadBaseMap(path);
     const QImage image = LoadPicture(path).image;
-    require(!cached.picture || withoutAlpha(cached.picture.image) == image, "a cached map is a picture");
+    require(!cached.picture || withoutAlpha(cached.picture.image) == image,
+            "a cached map is a picture");
     if (image.isNull())
         return;
     require(image.sizeInBytes() <= 512 << 20 && image.format() == QImage::Format_RGB32, "it fits");
