@@ -1,6 +1,8 @@
 // Drawing: each beside a loop that does nothing but the work that can't be spared.
 
 #include "map/AzimuthalMap.h"
+#include "map/BaseMap.h"
+#include "map/BaseMapCache.h"
 #include "map/Overlays.h"
 #include "map/PictureSurface.h"
 #include "map/TopoOverlay.h"
@@ -8,6 +10,7 @@
 #include "platform/Numbers.h"
 #include "platform/Twips.h"
 
+#include <QTemporaryDir>
 #include <algorithm>
 #include <array>
 #include <benchmark/benchmark.h>
@@ -193,6 +196,51 @@ void reliefYardstick(benchmark::State& state) {
     }
 }
 BENCHMARK(reliefYardstick)->Unit(benchmark::kMillisecond);
+
+BaseMapStyle style() { return {.map = &map, .land = 0xC0FFC0, .water = 0xFECDA5}; }
+
+PictureSurface baseMapAt(int resolution) {
+    PictureSurface Picture1(baseMapSize, baseMapSize, resolution);
+    SilentListener listener;
+    AgreeingPrompt prompt;
+    drawBaseMap(Picture1, style(), TOVREL_DATA_DIR, listener, prompt);
+    return Picture1;
+}
+
+void baseMap(benchmark::State& state) {
+    for (auto _ : state)
+        benchmark::DoNotOptimize(baseMapAt(static_cast<int>(state.range(0))).Image().constBits());
+}
+BENCHMARK(baseMap)->Arg(1)->Arg(3)->Unit(benchmark::kMillisecond);
+
+/// A base map at resolution 3, out of its file and onto a surface.
+void cachedBaseMap(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const std::string path = folder.filePath(QStringLiteral("map")).toStdString();
+    if (!saveBaseMap(baseMapAt(3).Image(), 3, {}, path))
+        state.SkipWithError("the base map could not be stored");
+    for (auto _ : state) {
+        PictureSurface Picture1(baseMapSize, baseMapSize);
+        Picture1.setPicture(loadBaseMap(path).picture.image, 3);
+        benchmark::DoNotOptimize(Picture1.Image().constBits());
+    }
+}
+BENCHMARK(cachedBaseMap)->Unit(benchmark::kMillisecond);
+
+/// What a new size of the window costs on a screen of 1080 lines, whose base map has resolution 2.
+void resizeStep(benchmark::State& state) {
+    const PictureSurface Picture1 = baseMapAt(2);
+    SilentListener listener;
+    int pixels = 1000;
+    for (auto _ : state) {
+        pixels = pixels == 1000 ? 1004 : 1000;
+        PictureSurface Picture2(twipsFromPixels(pixels), twipsFromPixels(pixels));
+        Picture2.StretchBlt(Picture1);
+        DrawGraticule(Picture2, map, 0x808080, listener);
+        benchmark::DoNotOptimize(Picture2.Image().constBits());
+    }
+}
+BENCHMARK(resizeStep)->MeasureProcessCPUTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace tovrel

@@ -46,8 +46,8 @@ public:
 
 MapPictures::MapPictures(RunData& data, MapScreen& screen, PassListener& listener,
                          UserPrompt& prompt)
-    : Picture1(baseMapSize, baseMapSize), Picture2(Picture1), data_(data), screen_(screen),
-      listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
+    : Picture1(baseMapSize, baseMapSize), Picture2(twipsPerPixel, twipsPerPixel), data_(data),
+      screen_(screen), listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
 
 std::string MapPictures::cachePath() const {
     return filePath(data_.ini.programFolder(), data_.mapNames().cacheFile);

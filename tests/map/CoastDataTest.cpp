@@ -2,7 +2,7 @@
 
 #include "map/CoastFile.h"
 #include "platform/TestFolder.h"
-#include "run/TestDoubles.h"
+#include "platform/TestDoubles.h"
 
 #include <filesystem>
 #include <functional>
