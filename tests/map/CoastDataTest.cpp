@@ -1,8 +1,8 @@
 #include "map/CoastData.h"
 
 #include "map/CoastFile.h"
-#include "platform/TestFolder.h"
 #include "platform/TestDoubles.h"
+#include "platform/TestFolder.h"
 
 #include <filesystem>
 #include <functional>

@@ -26,7 +26,8 @@ int wetCells(const std::string& seeds, Projection projection) {
         surface.SetPixel(i / 667 * 10, i % 667, 0);
     }
     MapPoint last;
-    PaintWater(seeds, SeedRule::Shifted, *worldMap(projection, 40.0F, -74.0F), water, last, surface);
+    PaintWater(seeds, SeedRule::Shifted, *worldMap(projection, 40.0F, -74.0F), water, last,
+               surface);
     return inkOf(surface, water).count / 81;
 }
 

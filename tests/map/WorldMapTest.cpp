@@ -42,7 +42,8 @@ TEST(GreatCircle, KeepsPlacesWhereTheyAreForAHomeAtAPole) {
     } homes[] = {{88.001, 30, 30}, {89.95, -100, -100}, {-89.5, 170, 170}, {90, 0, 0},
                  {90, 120, 0},     {-90, 0, 0},         {-90, -139, 0}};
     for (const auto& home : homes) {
-        const GreatCircle circle = centredOn(home.latitude, home.longitude);
+        const GreatCircle circle =
+            centredOn(static_cast<float>(home.latitude), static_cast<float>(home.longitude));
         const double h = home.latitude * degree;
         double farthest = 0.0;
         for (int latitude = -85; latitude <= 85; latitude += 17) {
@@ -56,7 +57,9 @@ TEST(GreatCircle, KeepsPlacesWhereTheyAreForAHomeAtAPole) {
                     std::sin(h) * std::sin(p) + std::cos(h) * std::cos(p) * std::cos(d);
                 const double across = std::hypot(east, north);
                 const double stretch = 6371.29 * std::atan2(across, up) / across;
-                const MapPoint at = pointOr(project(circle, latitude, longitude), {});
+                const MapPoint at = pointOr(circle.ProjectAzimuthal(static_cast<float>(latitude),
+                                                                    static_cast<float>(longitude)),
+                                            {});
                 farthest =
                     std::max(farthest, std::hypot(at.x - stretch * east, at.y - stretch * north));
             }
