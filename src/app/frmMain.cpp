@@ -8,7 +8,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QLayout>
+#include <QMimeData>
+#include <QUrl>
 #include <QWindow>
 #include <algorithm>
 #include <utility>
@@ -34,6 +37,7 @@ frmMain::frmMain(RunData& runData) : data_(runData) {
     setCentralWidget(Picture2View_);
     // Tool tips of the map show while another window of the program is the active one, too.
     setAttribute(Qt::WA_AlwaysShowToolTips);
+    setAcceptDrops(true);
     layout()->setSizeConstraint(QLayout::SetNoConstraint);
     buildMainMenu(*menuBar());
 
@@ -68,7 +72,8 @@ void frmMain::connectRun() {
     }));
 }
 
-void frmMain::start() {
+void frmMain::start(const std::string& log) {
+    logToPlot_ = log;
     queue_.submit("Form_Load", [this] { parts_->commands.Form_Load(); });
     setVisible(true);
     activateWindow();
@@ -166,6 +171,21 @@ void frmMain::fitToFrame(int attempt) {
     parts_->frame.watch(true);
     // Another screen may have more pixels to a map of the same size.
     connect(windowHandle(), &QWindow::screenChanged, this, [this] { fitToScreen(); });
+    plotAtStart();
+}
+
+/// A size that the window system grants late would wipe the marks, so the plot waits for the last.
+void frmMain::plotAtStart() {
+    constexpr int pause = 30; // milliseconds
+    if (!logToPlot_.empty() && !parts_->frame.atRest()) {
+        QTimer::singleShot(pause, this, [this] { plotAtStart(); });
+    } else if (!logToPlot_.empty()) {
+        plotFile(logToPlot_);
+    }
+}
+
+void frmMain::plotFile(const std::string& path) {
+    queue_.submit("plotFile " + path, [this, path] { parts_->commands.plotFile(path); });
 }
 
 void frmMain::followSize() {
@@ -229,6 +249,23 @@ void frmMain::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     QApplication::quit();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    // Anything may come, so that what is no log can be refused with a word. Copied: a file manager
+    // that moves a file takes it away from where it lies.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QList<QUrl> files = event->mimeData()->urls();
+    const std::string path =
+        files.size() == 1 ? byteText(files.constFirst().toLocalFile()) : std::string();
+    // The program that the file comes from waits for the end of this event.
+    QTimer::singleShot(0, this, [this, path] { plotFile(path); });
 }
 
 } // namespace tovrel

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace tovrel {
@@ -25,13 +26,16 @@ public:
     ~frmMain() override;
 
     /// Runs the start-up and shows the window.
-    void start();
+    /// @param log path of a log to plot as soon as the window has its size; empty for none
+    void start(const std::string& log = {});
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private:
     void connectMenu();
@@ -42,6 +46,8 @@ private:
     void tellSettingsFailure();
 
     void fitToFrame(int attempt);
+    void plotAtStart();
+    void plotFile(const std::string& path);
     void holdAboveSmallest();
     void followSize();
     void fitToScreen();
@@ -52,7 +58,8 @@ private:
     std::unique_ptr<MainParts> parts_;
     MapView* Picture2View_ = nullptr;
     std::vector<Connection> follows_;
-    bool shown_ = false; ///< the window was shown and has its frame
+    std::string logToPlot_; ///< at the end of the start
+    bool shown_ = false;    ///< the window was shown and has its frame
     bool closing_ = false;
 };
 

@@ -4,9 +4,11 @@
 #include "platform/ProgramFolder.h"
 #include "platform/frmControls.h"
 #include "platform/frmStyle.h"
+#include "run/CommandLine.h"
 #include "run/RunData.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QStandardPaths>
 
@@ -23,17 +25,22 @@ QIcon programIcon() {
     return icon;
 }
 
+/// A path that still leads there when the program is started from another folder.
+std::string fullPath(const std::string& path) {
+    return path.empty()
+               ? path
+               : tovrel::byteText(QFileInfo(QString::fromStdString(path)).absoluteFilePath());
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // The whole command line is the name of the settings file: Qt must not take options out of it.
-    std::string IniFileName;
+    // The whole command line is a name: Qt must not take options out of it.
+    std::string line;
     for (int i = 1; i < argc; ++i) {
-        IniFileName.append(i > 1 ? " " : "").append(argv[i]);
+        line.append(i > 1 ? " " : "").append(argv[i]);
     }
-    if (IniFileName.empty()) {
-        IniFileName = "Tovrel.ini";
-    }
+    const tovrel::CommandLine commandLine = tovrel::readCommandLine(line);
     int qtArguments = 1;
     QApplication application(qtArguments, argv);
     QApplication::setApplicationName(QStringLiteral("Tovrel"));
@@ -46,7 +53,7 @@ int main(int argc, char* argv[]) {
     const std::string folder = tovrel::programFolder(
         tovrel::byteText(QApplication::applicationDirPath()),
         tovrel::byteText(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
-    tovrel::RunData data(folder, IniFileName);
+    tovrel::RunData data(folder, commandLine.IniFileName);
     if (data.ini.state() == tovrel::PrivateProfile::State::Foreign) {
         tovrel::QtPrompt(nullptr).tell("This is no settings file.\r\n" + data.ini.path() +
                                            "\r\nTovrel leaves it as it is and ends.",
@@ -54,6 +61,6 @@ int main(int argc, char* argv[]) {
         return wrongUse;
     }
     tovrel::frmMain window(data);
-    window.start();
+    window.start(fullPath(commandLine.LogFileName));
     return QApplication::exec();
 }

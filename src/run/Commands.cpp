@@ -2,6 +2,7 @@
 
 #include "export/GoogleExport.h"
 #include "log/FieldTable.h"
+#include "log/LogFile.h"
 #include "map/MapImage.h"
 #include "map/PictureFile.h"
 #include "platform/Files.h"
@@ -124,11 +125,26 @@ void Commands::mnuOpenADIFFile() {
     }
     const std::optional<std::string> chosen = windows_.dialogs.openFile(
         "Load Log Input File", std::string(splitPath(known).folder), filter);
-    if (!chosen) {
-        return;
+    if (chosen) {
+        keepLog(*chosen);
     }
-    data_.run.LogFileName = *chosen;
-    data_.ini.WriteIniValue(section::log, "adifile", *chosen);
+}
+
+void Commands::keepLog(const std::string& path) {
+    data_.run.LogFileName = path;
+    data_.ini.WriteIniValue(section::log, "adifile", path);
+}
+
+void Commands::plotFile(const std::string& path) {
+    if (path.empty()) {
+        prompt_.tell("Please drop one ADIF file onto the map.");
+    } else if (const LogFile log(path); !log.error().empty()) {
+        prompt_.tellFailure(
+            {FileFailure::Act::Read, "The ADIF file could not be read.", path, log.error()});
+    } else {
+        keepLog(path);
+        mnuLoadADIF();
+    }
 }
 
 void Commands::mnuSaveMap() {

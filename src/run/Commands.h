@@ -42,6 +42,12 @@ public:
     /// stay. On cancel nothing changes.
     void mnuOpenADIFFile();
 
+    /// Takes a file that was handed to the program, at its start or by a drop, for the log: stored
+    /// as mnuOpenADIFFile() does, and plotted. What is not one readable file is told, and nothing
+    /// changes.
+    /// @param path UTF-8; empty where it was no file, or several
+    void plotFile(const std::string& path);
+
     /// Saves the map as it is shown, plot included, as a bitmap in the program's folder, with the
     /// time on it and in its name, and tells the name, or why it could not be saved. The line to a
     /// station is no part of it.
@@ -135,6 +141,7 @@ public:
     bool pickLegendColour(MapColour entry);
 
 private:
+    void keepLog(const std::string& path);
     bool logChosen() const;
     /// Lets the user choose a log if there is none, and tells if there still is none then.
     bool chooseLog();

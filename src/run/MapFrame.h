@@ -33,6 +33,8 @@ public:
     void ask(QSize outer);
     /// Whether from now on a change that was not asked for is the user's.
     void watch(bool on);
+    /// Whether some time has passed since the last change of size.
+    bool atRest() const { return !settles_.isActive(); }
     /// To be called when the window has another size or state.
     void changed();
     /// Asks for the shape now, if the window lacks it.

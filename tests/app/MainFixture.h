@@ -48,13 +48,14 @@ protected:
     }
 
     /// Starts the program as its user does.
-    void start() {
+    /// @param log of the command line
+    void start(const std::string& log = {}) {
         main_.reset(); // of the run before
         data_ = std::make_unique<RunData>(folder_.path(), "Tovrel.ini");
         main_ = std::make_unique<frmMain>(*data_);
         looks_.callOnTimeout(main_.get(), [this] { look(); });
         looks_.start(5);
-        main_->start();
+        main_->start(log);
         // Where the frame is known at once, the start is over with the events that it has left.
         EXPECT_FALSE(main_->windowHandle()->frameMargins().isNull());
         QApplication::processEvents();
