@@ -51,7 +51,8 @@ void OptionWindows::showStationInfo() { stationInfo().bringUp(); }
 void OptionWindows::askStationInfo() { stationInfo().exec(); }
 
 void OptionWindows::showAbout() {
-    frmAbout& about = made(about_, prompt_, displayText(GetVersionString()), &frame_.window);
+    frmAbout& about = made(about_, prompt_, displayText(GetVersionString()),
+                           displayText(data_.ini.programFolder()), &frame_.window);
     const QScreen& screen = *frame_.window.screen();
     // The frame of a dialog is taken to be as wide as that of the main window.
     about.move(centred(screen.geometry(), screen.availableGeometry(),

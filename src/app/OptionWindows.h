@@ -34,7 +34,7 @@ public:
     /// frmInfoInput beside the main window, its boxes filled from the settings as it opens.
     void showStationInfo();
 
-    /// The program's name and version, in the middle of the main window's screen.
+    /// The program's name, version and folder, in the middle of the main window's screen.
     void showAbout();
 
     /// Shows frmInfoInput and waits until the user has closed it.

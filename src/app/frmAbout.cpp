@@ -4,6 +4,7 @@
 #include <QFrame>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPalette>
 #include <QPushButton>
 
@@ -15,7 +16,8 @@ constexpr int iconSize = 32;
 
 } // namespace
 
-frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
+frmAbout::frmAbout(UserPrompt& prompt, const QString& version, const QString& folder,
+                   QWidget* parent)
     : frmDialog(parent), prompt_(prompt) {
     setUpDialog(*this, QStringLiteral("frmAbout"), QStringLiteral("About Tovrel"), 3480, 3135);
     // The back is told, light in a dark theme as well, so what is written on it is black.
@@ -34,10 +36,11 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
              {1320, 720, 1275, 225});
     auto* description = addLabel(
         *this, QStringLiteral("lblDescription"),
-        QStringLiteral("Shows the contacts of an ADIF log on a map of the world. Made for radio "
-                       "amateurs by the Tovrel authors; free software under the MIT License."),
+        QStringLiteral("Maps the contacts of an ADIF log. By the Tovrel authors; free software, "
+                       "MIT License.\n\nSettings, maps, saved pictures:"),
         {360, 1200, 2955, 1050});
     description->setWordWrap(true);
+    description->setAlignment(Qt::AlignLeft | Qt::AlignBottom);
 
     auto* line = addLine(*this, QStringLiteral("Line1"), 120, 3360, 2520);
     line->setFrameStyle(QFrame::HLine | QFrame::Plain);
@@ -57,6 +60,17 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent)
         activateWindow(); // a message gives the focus back to the main window
     });
     setTabOrder(ok, info);
+
+    // A box, so that a long path can be moved to and fro in it, and copied whole.
+    auto* folderBox = new QLineEdit(folder, this);
+    setUpControl(*folderBox, QStringLiteral("txtFolder"), {360, 2250, 3000, 240});
+    folderBox->setAccessibleName(QStringLiteral("Folder of settings, maps and saved pictures"));
+    folderBox->setToolTip(folder);
+    folderBox->setReadOnly(true);
+    folderBox->setFrame(false);
+    folderBox->setTextMargins(-2, 0, 0, 0);
+    folderBox->setCursorPosition(0);
+    folderBox->setStyleSheet(QStringLiteral("background: transparent; color: black"));
 }
 
 void frmAbout::StartSysInfo() {

@@ -7,14 +7,16 @@
 
 namespace tovrel {
 
-/// Title, version and origin of the program.
+/// Title, version and origin of the program, and where its user's files lie.
 class frmAbout : public frmDialog {
     Q_OBJECT
 
 public:
     /// @param prompt has to outlive the window
     /// @param version major.minor.revision
-    frmAbout(UserPrompt& prompt, const QString& version, QWidget* parent = nullptr);
+    /// @param folder of settings, maps and saved pictures
+    frmAbout(UserPrompt& prompt, const QString& version, const QString& folder,
+             QWidget* parent = nullptr);
 
 private:
     void StartSysInfo();

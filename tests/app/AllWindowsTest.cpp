@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
@@ -36,7 +37,7 @@ protected:
             std::make_unique<frmMapOptions>(Projection::Azimuthal, data_.maps, [] {}));
         windows_.push_back(std::make_unique<frmMapOptions>(Projection::Miller, data_.maps, [] {}));
         windows_.push_back(std::make_unique<frmGoogleMapOptions>(data_.ini, data_.google));
-        windows_.push_back(std::make_unique<frmAbout>(prompt_, "1.0.0"));
+        windows_.push_back(std::make_unique<frmAbout>(prompt_, "1.0.0", "/home/x/Tovrel"));
         windows_.push_back(std::move(info));
         windows_.push_back(std::move(progress));
         windows_.push_back(std::move(stats));
@@ -116,9 +117,10 @@ TEST_F(AllWindowsTest, MenuOfTheMainWindowFitsItsWidthInALargeFontOfTheDesktop) 
     EXPECT_LE(bar.sizeHint().width(), 440);
 }
 
-TEST_F(AllWindowsTest, AboutTellsItsVersionAndThatThereIsNoSystemTool) {
+TEST_F(AllWindowsTest, AboutTellsItsVersionItsFolderAndThatThereIsNoSystemTool) {
     const QWidget& about = *windows_[3];
     EXPECT_EQ(control<QLabel>(about, "lblVersion").text(), "Version: 1.0.0");
+    EXPECT_EQ(control<QLineEdit>(about, "txtFolder").text(), "/home/x/Tovrel");
     click(about, "cmdSysInfo");
     EXPECT_EQ(prompt_.told,
               std::vector<std::string>({"System Information Is Unavailable At This Time"}));
