@@ -3,6 +3,7 @@
 include(GNUInstallDirs)
 
 set(program_folder "${CMAKE_INSTALL_LIBEXECDIR}/tovrel")
+set(doc_folder "${CMAKE_INSTALL_DATAROOTDIR}/doc/tovrel")
 
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/links")
 foreach(program IN ITEMS tovrel tovrel-batch)
@@ -15,12 +16,28 @@ foreach(program IN ITEMS tovrel tovrel-batch)
 endforeach()
 
 install(FILES ${TOVREL_DATA_FILES} DESTINATION "${program_folder}")
+file(RELATIVE_PATH link_target
+    "${CMAKE_INSTALL_FULL_DATAROOTDIR}/doc/tovrel"
+    "${CMAKE_INSTALL_FULL_LIBEXECDIR}/tovrel/Tovrel-Help.pdf")
+file(CREATE_LINK "${link_target}" "${PROJECT_BINARY_DIR}/links/Tovrel-Help.pdf" SYMBOLIC)
+install(FILES "${PROJECT_BINARY_DIR}/links/Tovrel-Help.pdf" DESTINATION "${doc_folder}")
+
 install(FILES "${PROJECT_SOURCE_DIR}/data/tovrel.desktop"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/applications")
+install(FILES "${PROJECT_SOURCE_DIR}/packaging/tovrel-mime.xml"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/mime/packages"
+    RENAME tovrel.xml)
 foreach(size IN ITEMS 16 24 32 48 64 128 256)
     install(FILES "${PROJECT_SOURCE_DIR}/data/icons/tovrel-${size}.png"
         DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/${size}x${size}/apps"
         RENAME tovrel.png)
 endforeach()
-install(FILES "${PROJECT_SOURCE_DIR}/docs/tovrel-batch.1"
-    DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+install(FILES "${PROJECT_SOURCE_DIR}/data/icons/tovrel.svg"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps")
+
+set(manual_pages "${PROJECT_SOURCE_DIR}/docs/tovrel.1" "${PROJECT_SOURCE_DIR}/docs/tovrel-batch.1")
+if(TOVREL_PACKAGE)
+    include(TovrelPackage)
+else()
+    install(FILES ${manual_pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
+endif()
