@@ -18,10 +18,13 @@ void copyDataFiles(const std::string& from, const std::string& to) {
     const QStringList names = QDir(QString::fromStdString(from)).entryList(dataFiles, QDir::Files);
     for (const QString& name : names) {
         const std::string copy = joinPath(to, byteText(name));
-        if (QFileInfo::exists(QString::fromStdString(copy)))
+        // Any file may be the user's own by now, but for the guide: that of an upgrade counts.
+        const bool isGuide = name.endsWith(QLatin1String(".pdf"));
+        if (!isGuide && QFileInfo::exists(QString::fromStdString(copy)))
             continue;
         // One that can't be copied is missed, and told of, where it is needed.
-        if (const FileContent file = readFile(joinPath(from, byteText(name))))
+        const FileContent file = readFile(joinPath(from, byteText(name)));
+        if (file && readFile(copy).bytes != file.bytes)
             (void)writeFile(copy, file.bytes);
     }
 }

@@ -25,8 +25,10 @@ TEST(ProgramFolderTest, IsTheUsersWithCopiesOfTheDataFilesWhenThatOfTheExecutabl
     EXPECT_EQ(user.read("own/Tovrel-Help.pdf"), "supplied");
     EXPECT_FALSE(fileExists(joinPath(own, "tovrel")));
     user.write("own/paintma.txt", "changed");
+    user.write("own/Tovrel-Help.pdf", "that of an older version");
     EXPECT_EQ(programFolder(executable.path(), own), own);
     EXPECT_EQ(user.read("own/paintma.txt"), "changed");
+    EXPECT_EQ(user.read("own/Tovrel-Help.pdf"), "supplied");
     EXPECT_EQ(existingProgramFolder(executable.path(), own), own);
 }
 
