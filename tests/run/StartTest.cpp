@@ -121,6 +121,11 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
 TEST(Start, ACacheOfAnotherResolutionIsReplacedInSilence) {
     TestProgram program(home + "[GCMapOptions]\r\nMeridian=True\r\nTopo=True\r\n");
     const std::string path = program.folder.path("GCBaseMap.map");
+    // A relief of few pixels is drawn and packed in a moment.
+    QImage world(8, 4, QImage::Format_RGB32);
+    world.fill(Qt::darkYellow);
+    ASSERT_TRUE(SavePicture(world, program.folder.path("world.bmp")));
+    program.data->ini.WriteIniValue("GCMapOptions", "BaseMap", program.folder.path("world.bmp"));
     writeCache(program.folder);
     for (const auto& [most, resolution] : {std::pair{668, 2}, {667, 1}, {2000, 3}}) {
         program.window.most = most;
