@@ -108,8 +108,13 @@ Overlap overlap(const Line& ring, const TrueWorld& drawn) {
     const auto [south, north] = std::minmax_element(
         unrolled.begin(), unrolled.end(), [](Place a, Place b) { return a.latitude < b.latitude; });
     Overlap result;
-    for (double latitude = std::floor(south->latitude / cell) * cell + cell / 2;
-         latitude < north->latitude; latitude += cell) {
+    // Cells are counted from 0, 0; what lies in the middle of one lies in it.
+    const auto firstFrom = [](double degrees) {
+        return static_cast<int>(std::ceil(degrees / cell - 0.5));
+    };
+    const auto middle = [](int number) { return (number + 0.5) * cell; };
+    for (int row = firstFrom(south->latitude); middle(row) < north->latitude; ++row) {
+        const double latitude = middle(row);
         std::vector<double> crossings;
         for (std::size_t i = 1; i < unrolled.size(); ++i) {
             const Place a = unrolled[i - 1];
@@ -124,12 +129,10 @@ Overlap overlap(const Line& ring, const TrueWorld& drawn) {
         const double side = cell * degree * earthRadius;
         const double square = side * side * std::cos(latitude * degree);
         for (std::size_t i = 1; i < crossings.size(); i += 2) {
-            double longitude = std::floor(crossings[i - 1] / cell) * cell + cell / 2;
-            for (; longitude < crossings[i]; longitude += cell) {
-                if (longitude < crossings[i - 1])
-                    continue;
+            for (int column = firstFrom(crossings[i - 1]); middle(column) < crossings[i];
+                 ++column) {
                 result.area += square;
-                result.land += drawn.isLand({latitude, longitude}) ? square : 0.0;
+                result.land += drawn.isLand({latitude, middle(column)}) ? square : 0.0;
             }
         }
     }
