@@ -190,13 +190,19 @@ def write_seeds(path, chosen):
     path.write_text(text, encoding="ascii", newline="\n")
 
 
-def build_coarse(package, output):
-    grid = Grid(COARSE.cells_per_degree)
-    land = general_land(package, grid, COARSE)
-    strokes = coast_strokes(land, grid, COARSE)
-    dots = islets(package, strokes, land, grid, COARSE)
+def build_coast(package, path, scale):
+    """Writes a coastline; gives its grid, its land, its strokes, its islets and its records."""
+    grid = Grid(scale.cells_per_degree)
+    land = general_land(package, grid, scale)
+    strokes = coast_strokes(land, grid, scale)
+    dots = islets(package, strokes, land, grid, scale)
     coast = records(strokes + dots)
-    coast.tofile(output / "mapper.pnt")
+    coast.tofile(path)
+    return grid, land, strokes, dots, coast
+
+
+def build_coarse(package, output):
+    grid, land, strokes, dots, coast = build_coast(package, output / "mapper.pnt", COARSE)
     borders = border_strokes(package, strokes, land, grid, COARSE.longest_step)
     with_borders = records(strokes + borders + dots)
     with_borders.tofile(output / "mapper-borders.pnt")
@@ -211,12 +217,7 @@ def build_coarse(package, output):
 
 
 def build_fine(package, output):
-    grid = Grid(FINE.cells_per_degree)
-    land = general_land(package, grid, FINE)
-    strokes = coast_strokes(land, grid, FINE)
-    dots = islets(package, strokes, land, grid, FINE)
-    coast = records(strokes + dots)
-    coast.tofile(output / "mapper-fine.pnt")
+    grid, land, strokes, dots, coast = build_coast(package, output / "mapper-fine.pnt", FINE)
     chosen = seeds.seeds_in_the_open(strokes + dots, land, grid)
     write_seeds(output / "paintma-fine.txt", chosen)
     length = sum(length_km(stroke[:-1], stroke[1:]).sum() for stroke in strokes + dots if len(stroke) > 1)
