@@ -1,6 +1,5 @@
 #include "plot/GCMapLoadADIF.h"
 
-#include "map/Overlays.h"
 #include "map/WorldMap.h"
 #include "platform/Files.h"
 #include "platform/Numbers.h"
@@ -10,7 +9,7 @@
 namespace tovrel {
 
 GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
-                             PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
+                             PlotTables& tables, LayeredPicture& Picture2, PassListener& listener,
                              UserPrompt& prompt)
     : ini_(ini), maps_(maps), run_(run), stats_(stats), tables_(tables), Picture2_(Picture2),
       listener_(listener), prompt_(prompt) {}
@@ -18,8 +17,8 @@ GCMapLoadADIF::GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run,
 PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
     constexpr float fullBar = 100.0F;
     run_.AbortRequested = false;
-    const std::string status = std::string("Processing: ").append(splitPath(run_.shownLog()).name);
-    listener_.beginPass("Plotting ADIF File", status, fullBar);
+    const std::string logName(splitPath(run_.shownLog()).name);
+    listener_.beginPass("Plotting ADIF File", "Processing: " + logName, fullBar);
     run_.MapPlotted = true;
     if (!worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude)->centredOnHome()) {
         readHome(ini_, run_);
@@ -46,11 +45,14 @@ PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
     const Legend& legend = stats_.legend();
     const std::unique_ptr<const WorldMap> map =
         worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude);
-    const DotWidths widths = dotWidths(maps_.inForce().marker);
-    DrawPlottedQsos(tables_, *map, widths, legend, stats_.lists(), Picture2_, prompt_);
+    const MarkStyle style = markStyle(maps_.inForce().marker, legend);
+    DrawPlottedQsos(tables_, *map, style, stats_.lists(), Picture2_, prompt_);
+    Picture2_.layers.emplace_back(
+        PlotLayer{style, logName, filterWords(maps_.inForce().filter)});
     if (run_.marks.mnuShowMe) {
-        DrawHomeMarker(Picture2_, map->home(), widths, legend.colour(MapColour::PlotOutline),
-                       legend.colour(MapColour::Home));
+        Picture2_.layers.emplace_back(
+            HomeLayer{map->home(), style.widths, style.outline, legend.colour(MapColour::Home)});
+        drawLayer(Picture2_.layers.back(), *map, tables_, Picture2_, listener_);
     }
     listener_.showProgress(progress_);
     listener_.endPass();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "log/LogPass.h"
-#include "map/PictureSurface.h"
+#include "plot/MapLayers.h"
 #include "plot/PlotTables.h"
 #include "state/MapOptions.h"
 #include "state/RunState.h"
@@ -22,9 +22,9 @@ public:
     /// All have to outlive the pass.
     /// @param run names the log and the map; its MapPlotted is set at the start of the pass
     /// @param stats, tables take what the pass finds
-    /// @param Picture2 the map on show, on which the marks are drawn
+    /// @param Picture2 the map on show, which gets the marks as a layer
     GCMapLoadADIF(iniFiles& ini, MapOptionForms& maps, RunState& run, MapStats& stats,
-                  PlotTables& tables, PictureSurface& Picture2, PassListener& listener,
+                  PlotTables& tables, LayeredPicture& Picture2, PassListener& listener,
                   UserPrompt& prompt);
 
     /// Plots the log that the run names, on a map and with lists that were just cleared. When the
@@ -43,7 +43,7 @@ private:
     RunState& run_;
     MapStats& stats_;
     PlotTables& tables_;
-    PictureSurface& Picture2_;
+    LayeredPicture& Picture2_;
     PassListener& listener_;
     UserPrompt& prompt_;
     std::int64_t logSize_ = 0;

@@ -14,17 +14,16 @@ constexpr int listDecimals = 4;
 
 /// What differs between the three layers of marks.
 struct Layer {
-    QsoStatus status;
     std::int32_t PassCounters::*counter;
     StationList StatusLists::*list;
     MapColour colour;
 };
 
-constexpr std::array<Layer, 3> layers = {
-    {{QsoStatus::Heard, &PassCounters::QsosHeard, &StatusLists::lstHeard, MapColour::Heard},
-     {QsoStatus::Worked, &PassCounters::QsosWorked, &StatusLists::lstWorked, MapColour::Worked},
-     {QsoStatus::Confirmed, &PassCounters::QsosConfirmed, &StatusLists::lstConfirmed,
-      MapColour::Confirmed}}};
+/// In the order of markLayers.
+constexpr std::array<Layer, markLayers.size()> layers = {
+    {{&PassCounters::QsosHeard, &StatusLists::lstHeard, MapColour::Heard},
+     {&PassCounters::QsosWorked, &StatusLists::lstWorked, MapColour::Worked},
+     {&PassCounters::QsosConfirmed, &StatusLists::lstConfirmed, MapColour::Confirmed}}};
 
 void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
     if (!tables.LogHasCoordinates) {
@@ -65,34 +64,56 @@ DotWidths dotWidths(MarkerSize size) {
     return {.outer = 9, .inner = 7};
 }
 
-void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, DotWidths widths,
-                     const Legend& legend, StatusLists& lists, PictureSurface& Picture2,
-                     UserPrompt& prompt) {
+MarkStyle markStyle(MarkerSize size, const Legend& legend) {
+    MarkStyle style{.widths = dotWidths(size), .outline = legend.colour(MapColour::PlotOutline)};
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        style.inner[i] = legend.colour(layers[i].colour);
+    }
+    return style;
+}
+
+void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, const MarkStyle& style,
+                     StatusLists& lists, PictureSurface& Picture2, UserPrompt& prompt) {
     if (tables.counters.QsosPlotted < 1) {
         tellNothingPlotted(tables, prompt);
         return;
     }
     fillHoverTable(tables, map);
-    const Colour outline = legend.colour(MapColour::PlotOutline);
     const std::vector<PlotRow>& rows = tables.plotTable.rows();
-    for (const Layer& layer : layers) {
-        const Colour colour = legend.colour(layer.colour);
+    for (std::size_t i = 0; i < layers.size(); ++i) {
+        const auto isOfLayer = [status = markLayers[i]](const PlotRow& row) {
+            return row.status == status;
+        };
         std::vector<Station> stations;
-        stations.reserve(static_cast<std::size_t>(
-            std::count_if(rows.begin(), rows.end(),
-                          [&layer](const PlotRow& row) { return row.status == layer.status; })));
+        stations.reserve(
+            static_cast<std::size_t>(std::count_if(rows.begin(), rows.end(), isOfLayer)));
         for (const PlotRow& row : rows) {
-            if (row.status != layer.status) {
-                continue;
-            }
-            stations.push_back({row.call, row.mapY, row.mapX});
-            if (row.shown()) {
-                drawMark(Picture2, {toSingle(row.mapX), toSingle(row.mapY)}, widths, outline,
-                         colour);
+            if (isOfLayer(row)) {
+                stations.push_back({row.call, row.mapY, row.mapX});
             }
         }
-        tables.counters.*layer.counter += static_cast<std::int32_t>(stations.size());
-        (lists.*layer.list).add(std::move(stations), tables.plotTable.texts());
+        tables.counters.*layers[i].counter += static_cast<std::int32_t>(stations.size());
+        (lists.*layers[i].list).add(std::move(stations), tables.plotTable.texts());
+    }
+    SilentListener nobody; // what is on the map and in the lists shows together
+    drawMarks(tables, style, Picture2, nobody);
+}
+
+void drawMarks(const PlotTables& tables, const MarkStyle& style, PictureSurface& picture,
+               PassListener& listener) {
+    constexpr int marksToAYield = 1000;
+    int marks = 0;
+    for (std::size_t i = 0; i < markLayers.size(); ++i) {
+        for (const PlotRow& row : tables.plotTable.rows()) {
+            if (row.status != markLayers[i] || !row.shown()) {
+                continue;
+            }
+            drawMark(picture, {toSingle(row.mapX), toSingle(row.mapY)}, style.widths, style.outline,
+                     style.inner[i]);
+            if (++marks % marksToAYield == 0) {
+                listener.yield();
+            }
+        }
     }
 }
 

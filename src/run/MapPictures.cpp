@@ -204,6 +204,7 @@ void MapPictures::Form_Resize() {
         Picture2.setSize(place_.width, place_.height, static_cast<double>(fittedTo_.ratio));
     }
     Picture2.StretchBlt(Picture1);
+    Picture2.layers.clear();
     if (data_.run.marks.mnuMeridian) {
         DrawGraticule();
     }
@@ -226,11 +227,15 @@ void MapPictures::followSize() {
     }
 }
 
+void MapPictures::addLayer(const MapLayer& layer) {
+    Picture2.layers.push_back(layer);
+    drawLayer(layer, *data_.map(), data_.tables, Picture2, listener_);
+    showMap();
+}
+
 void MapPictures::DrawGraticule() {
     data_.stats.load();
-    tovrel::DrawGraticule(Picture2, *data_.map(), data_.stats.legend().colour(MapColour::Meridian),
-                          listener_);
-    showMap();
+    addLayer(GraticuleLayer{data_.stats.legend().colour(MapColour::Meridian)});
 }
 
 void MapPictures::DrawHomeMarker() {
@@ -240,9 +245,8 @@ void MapPictures::DrawHomeMarker() {
     }
     data_.stats.load();
     const Legend& legend = data_.stats.legend();
-    tovrel::DrawHomeMarker(Picture2, data_.map()->home(), dotWidths(data_.maps.inForce().marker),
-                           legend.colour(MapColour::PlotOutline), legend.colour(MapColour::Home));
-    showMap();
+    addLayer(HomeLayer{data_.map()->home(), dotWidths(data_.maps.inForce().marker),
+                       legend.colour(MapColour::PlotOutline), legend.colour(MapColour::Home)});
 }
 
 } // namespace tovrel

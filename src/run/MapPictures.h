@@ -5,6 +5,7 @@
 #include "map/PictureSurface.h"
 #include "platform/PassListener.h"
 #include "platform/UserPrompt.h"
+#include "plot/MapLayers.h"
 #include "run/MapWindow.h"
 #include "run/RunData.h"
 
@@ -23,7 +24,7 @@ public:
     /// The base map with the compass, source of every redraw.
     PictureSurface Picture1;
     /// The map on screen: a stretch of Picture1, with graticule, home mark and plot on top.
-    PictureSurface Picture2;
+    LayeredPicture Picture2;
 
     /// Takes the cached base map of the projection, to be shown by ResetMap(), or builds one, with
     /// graticule and relief switched off, when there is none. A cache file that is no whole base
@@ -79,6 +80,7 @@ private:
     std::string cachePath() const;
     std::optional<MapHome> mapHome() const;
     int neededResolution() const;
+    void addLayer(const MapLayer& layer);
     void takeBaseMap(QImage image, int resolution);
     void rebuildInSilence();
     /// Keeps the path of the custom world picture that the settings name for the first map of the

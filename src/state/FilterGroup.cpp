@@ -69,4 +69,22 @@ void Filter::reset() {
         group(criterion).reset();
 }
 
+std::string filterWords(const Filter& filter) {
+    std::string words;
+    for (const Criterion criterion : allCriteria) {
+        const FilterGroup& group = filter.group(criterion);
+        const CriterionNames& names = namesOf(criterion);
+        const char* before = " ";
+        for (int member = 1; member <= group.lastMember(); ++member) {
+            if (!group.selected(member))
+                continue;
+            if (before[0] == ' ')
+                words.append(words.empty() ? "" : "; ").append(names.group);
+            words.append(before).append(names.captions[static_cast<std::size_t>(member)]);
+            before = ", ";
+        }
+    }
+    return words;
+}
+
 } // namespace tovrel

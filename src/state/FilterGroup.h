@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace tovrel {
@@ -81,5 +82,8 @@ struct Filter {
     /// Puts all three back to OFF; each that changes by that tells its listeners.
     void reset();
 };
+
+/// What a filter lets through in a few words, "Band 20M, 15M; Mode CW"; empty for everything.
+std::string filterWords(const Filter& filter);
 
 } // namespace tovrel

@@ -55,7 +55,7 @@ void tryInput(Input input) {
     data.run.marks.projection = input.choice(2) == 0 ? Projection::Azimuthal : Projection::Miller;
     data.maps.inForce().filter.band.set(input.choice(13), true);
     data.run.HomeLatitude = static_cast<float>(input.choice(181) - 90);
-    PictureSurface surface(600.0F, 450.0F);
+    LayeredPicture surface(600.0F, 450.0F);
     SilentListener listener;
     ScriptedPrompt prompt;
     GCMapLoadADIF pass(data.ini, data.maps, data.run, data.stats, data.tables, surface, listener,

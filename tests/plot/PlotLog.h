@@ -81,7 +81,7 @@ struct PlotRun {
 
     TestFolder folder;
     RunData data{folder.path(), "t.ini"};
-    PictureSurface surface = whiteSurface(667, 667);
+    LayeredPicture surface{twipsFromPixels(667), twipsFromPixels(667)};
     ScriptedListener listener;
     ScriptedPrompt prompt;
 };
