@@ -25,6 +25,7 @@ constexpr std::array items = std::to_array<Item>({
     {1, "mnuInfo", "&Your Information", Kind::Command},
     {1, "mnuOpenADIFFile", "&Open ADIF File", Kind::Command},
     {1, "mnuSaveMap", "&Save Map", Kind::Command},
+    {1, "mnuExportPicture", "&Export Picture...", Kind::Command},
     {1, "mnuNothing12", "-", Kind::Separator},
     {1, "mnuLogFormat", "&Log Format", Kind::Submenu},
     {2, "mnuLogger32", "&Logger32", Kind::Radio},

@@ -2,6 +2,7 @@
 
 #include "app/Dialogs.h"
 #include "app/MapView.h"
+#include "app/frmExportPicture.h"
 #include "platform/ByteText.h"
 #include "platform/Twips.h"
 #include "run/WindowPlaces.h"
@@ -155,6 +156,11 @@ std::optional<std::string> QtMapWindow::openFile(const std::string& title,
                                                  const std::string& folder,
                                                  const std::string& filter) {
     return openFileDialog(window_, title, folder, filter);
+}
+
+std::optional<PictureWish> QtMapWindow::choosePicture(const PictureWish& start, MapShape shape) {
+    frmExportPicture dialog(start, shape, &window_);
+    return dialog.exec() == QDialog::Accepted ? std::optional(dialog.wish()) : std::nullopt;
 }
 
 std::optional<Colour> QtMapWindow::chooseColour(Colour start) {

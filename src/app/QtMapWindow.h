@@ -59,6 +59,7 @@ public:
     void askStationInfo() override;
     std::optional<std::string> openFile(const std::string& title, const std::string& folder,
                                         const std::string& filter) override;
+    std::optional<PictureWish> choosePicture(const PictureWish& start, MapShape shape) override;
     std::optional<Colour> chooseColour(Colour start) override;
     bool openWithSystem(const std::string& path) override;
     void close() override { window_.close(); }

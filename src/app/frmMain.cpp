@@ -98,6 +98,7 @@ void frmMain::connectMenu() {
     onCommand("mnuLoadADIF", &Commands::mnuLoadADIF);
     onCommand("mnuGoogle", &Commands::mnuGoogle);
     onCommand("mnuSaveMap", &Commands::mnuSaveMap);
+    onCommand("mnuExportPicture", &Commands::mnuExportPicture);
     onCommand("mnuClearMap", &Commands::mnuClearMap);
     onCommand("mnuShowMe", &Commands::mnuShowMe);
     onCommand("mnuMeridian", &Commands::mnuMeridian);

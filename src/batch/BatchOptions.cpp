@@ -69,9 +69,15 @@ private:
             options.baseMap.empty() && options.report.empty() && options.tips.empty()) {
             return "plot makes nothing without --image, --base-map, --report or --tip";
         }
-        return options.output == "-" && options.keepKml
-                   ? "--keep-kml needs a file as --output, to lie beside it"
-                   : std::string();
+        if (options.output == "-" && options.keepKml) {
+            return "--keep-kml needs a file as --output, to lie beside it";
+        }
+        const bool page = pictureFormat(options.image) == PictureFormat::Pdf;
+        if (options.paper && !page) {
+            return "--paper needs an --image that ends in .pdf";
+        }
+        return page && options.size ? "--size is of pictures; the size of a page is its --paper"
+                                    : std::string();
     }
 
     void takeOption(const std::string& argument) {
@@ -114,21 +120,8 @@ private:
 
 } // namespace
 
-const char* imageFormat(const std::string& path) {
-    const std::size_t dot = path.rfind('.');
-    const std::string_view extension =
-        dot == std::string::npos ? std::string_view() : std::string_view(path).substr(dot);
-    if (equalIgnoringCase(extension, ".png")) {
-        return "PNG";
-    }
-    if (equalIgnoringCase(extension, ".bmp")) {
-        return "BMP";
-    }
-    if (path == "-") {
-        return "PNG";
-    }
-    const bool jpeg = equalIgnoringCase(extension, ".jpg") || equalIgnoringCase(extension, ".jpeg");
-    return jpeg ? "JPG" : nullptr;
+std::optional<PictureFormat> pictureFormat(const std::string& path) {
+    return path == "-" ? PictureFormat::Png : formatOfExtension(path);
 }
 
 std::string usageText() {

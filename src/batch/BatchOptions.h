@@ -5,6 +5,7 @@
 #include "state/FilterGroup.h"
 #include "state/LogReading.h"
 #include "state/MapOptions.h"
+#include "state/PictureOptions.h"
 
 #include <optional>
 #include <string>
@@ -43,6 +44,7 @@ struct BatchOptions {
     bool allowIncomplete = false;     ///< a map without its data, a KMZ file without icons will do
     std::vector<FilterGroup> filter;  ///< groups to be replaced; of two equal ones the later counts
     std::optional<MarkerSize> marker; ///< of the marks on the map, or of the icons
+    std::optional<std::string> myCall; ///< of the station; no control character in it
 
     // Of plot.
     std::optional<Projection> projection; ///< the map that is drawn, which all of these are for
@@ -54,15 +56,16 @@ struct BatchOptions {
     std::optional<int> size;              ///< width of the picture, pixels
     std::string image;                    ///< empty: none; "-" for standard output, as PNG
     std::string baseMap;                  ///< likewise
+    std::optional<Paper> paper;           ///< of an image that is a page
+    std::optional<bool> caption;          ///< below the image; by itself a page has it
     std::vector<TipPlace> tips;       ///< where to tell the tool tip, a line each, in this order
     std::optional<TipParts> tipParts; ///< all of them where the settings have none, either
 
     // Of kmz.
     std::string output; ///< "-" for standard output; empty, until completePlaces(): beside the log
     std::string document; ///< place of the KML document with keepKml, and its name; see there too
-    std::optional<std::string> myCall; ///< of the station; no control character in it
-    std::optional<bool> callNames;     ///< whether placemarks have the calls as their names
-    bool keepKml = false;              ///< the document stays, beside the archive
+    std::optional<bool> callNames; ///< whether placemarks have the calls as their names
+    bool keepKml = false;          ///< the document stays, beside the archive
 };
 
 /// The options, or one line that says what is wrong with them.
@@ -75,9 +78,8 @@ struct ParsedOptions {
 /// @param arguments without the program's name
 ParsedOptions parseOptions(const std::vector<std::string>& arguments);
 
-/// Format of a picture by its file's extension, "PNG", "BMP" or "JPG", or of standard output,
-/// "PNG"; null for any other.
-const char* imageFormat(const std::string& path);
+/// Format of a picture by its file's extension; PNG of standard output, nothing of any other.
+std::optional<PictureFormat> pictureFormat(const std::string& path);
 
 /// What --help prints: as much as a screen of 80 by 45 shows.
 std::string usageText();

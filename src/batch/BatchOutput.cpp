@@ -2,10 +2,11 @@
 
 #include "batch/BatchOptions.h"
 #include "batch/Interruption.h"
-#include "map/PictureFile.h"
 #include "platform/ByteText.h"
 #include "platform/Files.h"
+#include "run/MapSheet.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
@@ -33,6 +34,13 @@ WriteEnd writeIntoDevice(const std::string& path, std::string_view bytes) {
     WriteEnd end = writeInto(file, bytes);
     std::fclose(file);
     return end;
+}
+
+/// The seconds that SOURCE_DATE_EPOCH tells, if it does.
+std::optional<qint64> epochTold() {
+    bool isNumber = false;
+    const qint64 seconds = qgetenv("SOURCE_DATE_EPOCH").toLongLong(&isNumber);
+    return isNumber && seconds >= 0 ? std::optional(seconds) : std::nullopt;
 }
 
 } // namespace
@@ -78,11 +86,24 @@ bool copyToStandardOutput(const std::string& file) {
     return good || cantWrite("standard output", byteText(source.errorString()));
 }
 
-bool writePicture(const std::string& path, const QImage& picture) {
+bool writeMap(const std::string& path, const QImage& map, Paper paper,
+              const std::optional<MapCaption>& caption) {
     // Encoded first: it may take seconds, in which the program can still be interrupted.
-    const std::string bytes = encodePicture(picture, imageFormat(path));
-    return bytes.empty() ? cantWrite(path, "the picture could not be encoded")
-                         : writeResult(path, bytes);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    const SheetKind kind{pictureFormat(path).value_or(PictureFormat::Png), paper};
+    const std::optional<QDateTime> made = epochTold() ? std::optional(timeOfRun()) : std::nullopt;
+    if (!encodeSheet(kind, map, caption, made, buffer)) {
+        return cantWrite(path, "the picture could not be encoded");
+    }
+    const QByteArray& bytes = buffer.data();
+    return writeResult(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QDateTime timeOfRun() {
+    const std::optional<qint64> seconds = epochTold();
+    return seconds ? QDateTime::fromSecsSinceEpoch(*seconds, Qt::UTC)
+                   : QDateTime::currentDateTime();
 }
 
 std::string utf8Text(std::string_view bytes) { return byteText(displayText(bytes)); }

@@ -1,6 +1,11 @@
 #pragma once
 
+#include "run/MapCaption.h"
+#include "state/PictureOptions.h"
+
+#include <QDateTime>
 #include <QImage>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,7 +21,14 @@ bool writeResult(const std::string& path, std::string_view bytes);
 bool copyToStandardOutput(const std::string& file);
 
 /// @param path of a file whose extension tells the format, or "-" for standard output
-bool writePicture(const std::string& path, const QImage& picture);
+/// @param paper of a page
+/// @param caption to be told below the map; nothing for a bare one
+bool writeMap(const std::string& path, const QImage& map, Paper paper = Paper::A4,
+              const std::optional<MapCaption>& caption = std::nullopt);
+
+/// The time of the run: local time, or, where a build is to give the same bytes each time, that of
+/// SOURCE_DATE_EPOCH, https://reproducible-builds.org/specs/source-date-epoch/.
+QDateTime timeOfRun();
 
 /// Tells of a file that can't be written.
 /// @param reason short, UTF-8

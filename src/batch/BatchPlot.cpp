@@ -9,6 +9,7 @@
 #include "platform/Twips.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/MapPictures.h"
+#include "run/MapSheet.h"
 #include "state/StationInfo.h"
 
 #include <QFontInfo>
@@ -20,10 +21,39 @@ namespace tovrel {
 
 namespace {
 
-QImage stampedMap(const RunData& data, const MapPictures& map) {
+/// The screen that gives the picture its pixels. On a page marks and lines have the share of the
+/// map that they have in a picture of the default size.
+BatchScreen screenFor(const BatchOptions& options, MapShape shape) {
+    // A base map alone is drawn as small as base maps come.
+    constexpr int baseMapPixels = 667;
+    constexpr int picturePixels = 800;
+    const int pixels = options.size.value_or(options.image.empty() ? baseMapPixels : picturePixels);
+    const float width = twipsFromPixels(pixels);
+    const bool page = pictureFormat(options.image) == PictureFormat::Pdf;
+    const int mapPixels = page ? mapPixelsOn(options.paper.value_or(Paper::A4), shape) : pixels;
+    return {width, width / static_cast<float>(shape.widthPerHeight),
+            static_cast<float>(mapPixels) / static_cast<float>(pixels)};
+}
+
+/// What is written of a map.
+struct MapOutput {
+    QImage image;
+    std::optional<MapCaption> caption;
+};
+
+/// The map with its caption; without one a picture has the stamps of a saved map.
+MapOutput outputOf(const BatchOptions& options, const RunData& data, const MapPictures& map) {
+    const QDateTime now = timeOfRun();
+    const bool page = pictureFormat(options.image) == PictureFormat::Pdf;
+    if (options.caption.value_or(page)) {
+        return {map.Picture2.Image(), captionOf(data, map.Picture2.layers, now)};
+    }
+    if (page) {
+        return {map.Picture2.Image(), std::nullopt};
+    }
     PictureSurface Picture3(map.Picture2.Width(), map.Picture2.Height());
-    composeMapImage(map.Picture2, *data.map(), QDateTime::currentDateTime(), Picture3);
-    return Picture3.Image();
+    composeMapImage(map.Picture2, *data.map(), now, Picture3);
+    return {Picture3.Image(), std::nullopt};
 }
 
 /// The tool tips asked for, a line each.
@@ -61,12 +91,7 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (!applyOptions(data, options, console)) {
         return BatchResult::FileFailed;
     }
-    // A base map alone is drawn as small as base maps come.
-    constexpr int baseMapPixels = 667;
-    constexpr int picturePixels = 800;
-    const float width = twipsFromPixels(
-        options.size.value_or(options.image.empty() ? baseMapPixels : picturePixels));
-    BatchScreen screen(width, width / static_cast<float>(data.map()->shape().widthPerHeight));
+    BatchScreen screen = screenFor(options, data.map()->shape());
     std::optional<MapPictures> pictures(std::in_place, data, screen, console, console);
     MapPictures& map = *pictures;
     readHome(data.ini, data.run);
@@ -76,7 +101,7 @@ BatchResult batchPlot(const BatchOptions& options) {
         console.hint("--allow-incomplete draws the map all the same");
         return BatchResult::FileFailed;
     }
-    if (!options.baseMap.empty() && !writePicture(options.baseMap, map.Picture1.Image())) {
+    if (!options.baseMap.empty() && !writeMap(options.baseMap, map.Picture1.Image())) {
         return BatchResult::FileFailed;
     }
     map.ResetMap();
@@ -91,12 +116,14 @@ BatchResult batchPlot(const BatchOptions& options) {
     if (nothing && (data.tables.FilterPassedAny || !data.tables.LogHasCoordinates)) {
         hintAtOtherPlaces(data, console);
     }
-    const QImage stamped = options.image.empty() ? QImage() : stampedMap(data, map);
+    const MapOutput output = options.image.empty() ? MapOutput() : outputOf(options, data, map);
     pictures.reset(); // a picture of 8000 pixels takes 256 MB, and its file some as well
-    const bool written = (options.image.empty() || writePicture(options.image, stamped)) &&
-                         (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
-                         (options.report.empty() ||
-                          writeResult(options.report, plotReport(data, console.messages())));
+    const bool written =
+        (options.image.empty() || writeMap(options.image, output.image,
+                                           options.paper.value_or(Paper::A4), output.caption)) &&
+        (options.tips.empty() || writeResult("-", tipLines(data, options.tips))) &&
+        (options.report.empty() ||
+         writeResult(options.report, plotReport(data, console.messages())));
     if (!written) {
         return BatchResult::FileFailed;
     }

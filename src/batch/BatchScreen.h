@@ -9,15 +9,16 @@ namespace tovrel {
 class BatchScreen : public MapScreen {
 public:
     /// @param pictureWidth, pictureHeight size of Picture2 in twips
-    BatchScreen(float pictureWidth, float pictureHeight)
-        : pictureWidth_(pictureWidth), pictureHeight_(pictureHeight) {}
+    /// @param ratio its pixels to 15 twips
+    BatchScreen(float pictureWidth, float pictureHeight, float ratio)
+        : pictureWidth_(pictureWidth), pictureHeight_(pictureHeight), ratio_(ratio) {}
 
     bool isMinimized() const override { return false; }
     WindowArea area() const override {
-        return {pictureWidth_, pictureHeight_, pictureWidth_, pictureHeight_, false};
+        return {pictureWidth_, pictureHeight_, pictureWidth_, pictureHeight_, false, ratio_};
     }
     int mostPixels(MapShape /*shape*/) const override {
-        return pixelsFromTwips(static_cast<double>(pictureWidth_));
+        return pixelsFromTwips(static_cast<double>(pictureWidth_ * ratio_));
     }
     void showMap(const MapPlace& /*place*/) override {}
     void setWaitPointer(bool /*wait*/) override {}
@@ -25,6 +26,7 @@ public:
 private:
     float pictureWidth_;
     float pictureHeight_;
+    float ratio_;
 };
 
 } // namespace tovrel

@@ -55,6 +55,14 @@ void hintAtDefaults(const BatchOptions& options, BatchConsole& console) {
     }
 }
 
+void applyCall(RunData& data, const BatchOptions& options) {
+    if (options.myCall) {
+        StationInfo station = readStationInfo(data.ini);
+        station.MyCall = *options.myCall;
+        writeStationInfo(data.ini, station);
+    }
+}
+
 void applyPlotOptions(RunData& data, const BatchOptions& options) {
     if (options.home) {
         StationInfo station = readStationInfo(data.ini);
@@ -77,11 +85,6 @@ void applyPlotOptions(RunData& data, const BatchOptions& options) {
 }
 
 void applyKmzOptions(RunData& data, const BatchOptions& options) {
-    if (options.myCall) {
-        StationInfo station = readStationInfo(data.ini);
-        station.MyCall = *options.myCall;
-        writeStationInfo(data.ini, station);
-    }
     writeFilter(data.ini, section::google, options);
     for (const FilterGroup& group : options.filter) {
         MapOptionForms::loadGroup(data.ini, section::google,
@@ -109,6 +112,7 @@ bool applyOptions(RunData& data, const BatchOptions& options, BatchConsole& cons
     data.run.reading.format = options.logFormat.value_or(data.run.reading.format);
     data.run.reading.placeByCountry =
         options.placeByCountry.value_or(data.run.reading.placeByCountry);
+    applyCall(data, options);
     if (options.command == BatchOptions::Command::Plot) {
         applyPlotOptions(data, options);
     } else {

@@ -55,7 +55,22 @@ bool takeText(BatchOptions& options, Value value) {
 template <std::string BatchOptions::*member>
 bool takePicture(BatchOptions& options, Value value) {
     options.*member = value;
-    return imageFormat(value) != nullptr;
+    return pictureFormat(value).value_or(PictureFormat::Pdf) != PictureFormat::Pdf;
+}
+
+bool takeImage(BatchOptions& options, Value value) {
+    options.image = value;
+    return pictureFormat(value).has_value();
+}
+
+bool takePaper(BatchOptions& options, Value value) {
+    for (const Paper paper : allPapers) {
+        if (equalIgnoringCase(value, nameOf(paper))) {
+            options.paper = paper;
+            return true;
+        }
+    }
+    return false;
 }
 
 template <std::optional<bool> BatchOptions::*member>
@@ -171,6 +186,7 @@ bool takeMyCall(BatchOptions& options, Value value) {
 }
 
 constexpr const char* pictureName = "- or a name that ends in .png, .bmp or .jpg";
+constexpr const char* imageName = "- or a name that ends in .png, .bmp, .jpg or .pdf";
 
 constexpr OptionRule rules[] = {
     {OptionRule::Of::Both, "--folder", "DIR", "the name of a folder",
@@ -191,6 +207,7 @@ constexpr OptionRule rules[] = {
      takeGroup<Criterion::Iota>, "filter: contacts with islands of these continents"},
     {OptionRule::Of::Both, "--marker", "SIZE", "small, medium or large", takeMarker,
      "small, medium or large"},
+    {OptionRule::Of::Both, "--my-call", "CALL", "a call", takeMyCall, "call of the station"},
     {OptionRule::Of::Both, "--report", "FILE", "the name of a file, or -",
      takeText<&BatchOptions::report>, "write a JSON report, - for standard output"},
     {OptionRule::Of::Both, "--allow-incomplete", "", nullptr,
@@ -212,8 +229,12 @@ constexpr OptionRule rules[] = {
      "relief of the land"},
     {OptionRule::Of::Plot, "--size", "WIDTH", "a width of 200 to 8000 pixels", takeSize,
      "of the picture in pixels, 200 to 8000 (default 800)"},
-    {OptionRule::Of::Plot, "--image", "FILE", pictureName, takePicture<&BatchOptions::image>,
-     "write the map as .png, .bmp or .jpg; - for standard output"},
+    {OptionRule::Of::Plot, "--image", "FILE", imageName, takeImage,
+     "write the map as .png, .bmp, .jpg or, for a page, .pdf;\n- for standard output"},
+    {OptionRule::Of::Plot, "--paper", "NAME", "a4, a3 or letter", takePaper,
+     "of a page: a4 (default), a3 or letter"},
+    {OptionRule::Of::Plot, "--caption", "on|off", "on or off", takeOnOff<&BatchOptions::caption>,
+     "station, log, counts, filter and date below the map\n(default: on for a page)"},
     {OptionRule::Of::Plot, "--base-map", "FILE", pictureName, takePicture<&BatchOptions::baseMap>,
      "write the map without compass and contacts (as drawn)"},
     {OptionRule::Of::Plot, "--tip", "Y,X", "Y,X in map units, for example -1200,3500.5", takeTip,
@@ -222,7 +243,6 @@ constexpr OptionRule rules[] = {
      takeTipParts, "of the tool tip: any of call, latlong and country"},
     {OptionRule::Of::Kmz, "--output", "FILE", "the name of a file, or -",
      takeText<&BatchOptions::output>, "the KMZ file, - for standard output (default: beside LOG)"},
-    {OptionRule::Of::Kmz, "--my-call", "CALL", "a call", takeMyCall, "call of the station"},
     {OptionRule::Of::Kmz, "--call-names", "on|off", "on or off",
      takeOnOff<&BatchOptions::callNames>, "calls as names of the placemarks"},
     {OptionRule::Of::Kmz, "--keep-kml", "", nullptr,

@@ -12,6 +12,7 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHashSeed>
 #include <QStandardPaths>
 #include <cstdio>
 #include <new>
@@ -89,6 +90,8 @@ BatchResult answer(int argc, char* argv[]) {
     // Text on the map needs fonts, and those an application, but no display.
     qInstallMessageHandler(onlyCritical);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt numbers the parts of a page in the order of a hash table: the same one in each run.
+    QHashSeed::setDeterministicGlobalSeed();
     int qtArguments = 1;
     const QGuiApplication application(qtArguments, argv);
     QGuiApplication::setApplicationName(QStringLiteral("Tovrel"));

@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QImageReader>
 #include <cstdlib>
+#include <string_view>
 #include <utility>
 
 namespace tovrel {
@@ -65,15 +66,19 @@ LoadedPicture LoadPicture(const std::string& path) {
     return picture;
 }
 
-std::string encodePicture(const QImage& image, const char* format) {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    return image.save(&buffer, format) ? buffer.data().toStdString() : std::string();
+bool encodePicture(const QImage& image, const char* format, QIODevice& file) {
+    constexpr int jpegQuality = 92;
+    const bool lossy = std::string_view(format) == "JPG";
+    return image.save(&file, format, lossy ? jpegQuality : -1);
 }
 
 WriteEnd SavePicture(const QImage& image, const std::string& path, const char* format) {
-    const std::string bytes = encodePicture(image, format);
-    return bytes.empty() ? WriteEnd{"the picture could not be encoded"} : writeFile(path, bytes);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    if (!encodePicture(image, format, buffer))
+        return WriteEnd{"the picture could not be encoded"};
+    const QByteArray& bytes = buffer.data();
+    return writeFile(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 } // namespace tovrel

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <string>
 
+class QIODevice;
+
 namespace tovrel {
 
 /// A picture file that was read.
@@ -28,9 +30,11 @@ LoadedPicture decodeAsStored(const FileContent& file);
 /// The image as 32 bits without alpha.
 QImage withoutAlpha(QImage image);
 
-/// Bytes of an image's file; empty when it can't be encoded.
+/// Encodes an image, JPEG at a quality that keeps letters clean.
 /// @param format "BMP", "PNG" or "JPG"
-std::string encodePicture(const QImage& image, const char* format);
+/// @param file open for writing; a failure of it ends the encoding
+/// @return whether all was encoded
+bool encodePicture(const QImage& image, const char* format, QIODevice& file);
 
 /// Replaces a file by an image, as FileReplacement does.
 /// @param format "BMP", "PNG" or "JPG"

@@ -47,8 +47,7 @@ PassEnd GCMapLoadADIF::PlotLog(const std::function<void()>& beforeMarks) {
         worldMap(run_.marks.projection, run_.HomeLatitude, run_.HomeLongitude);
     const MarkStyle style = markStyle(maps_.inForce().marker, legend);
     DrawPlottedQsos(tables_, *map, style, stats_.lists(), Picture2_, prompt_);
-    Picture2_.layers.emplace_back(
-        PlotLayer{style, logName, filterWords(maps_.inForce().filter)});
+    Picture2_.layers.emplace_back(PlotLayer{style, logName, filterWords(maps_.inForce().filter)});
     if (run_.marks.mnuShowMe) {
         Picture2_.layers.emplace_back(
             HomeLayer{map->home(), style.widths, style.outline, legend.colour(MapColour::Home)});

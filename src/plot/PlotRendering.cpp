@@ -14,6 +14,7 @@ constexpr int listDecimals = 4;
 
 /// What differs between the three layers of marks.
 struct Layer {
+    QsoStatus status;
     std::int32_t PassCounters::*counter;
     StationList StatusLists::*list;
     MapColour colour;
@@ -21,9 +22,10 @@ struct Layer {
 
 /// In the order of markLayers.
 constexpr std::array<Layer, markLayers.size()> layers = {
-    {{&PassCounters::QsosHeard, &StatusLists::lstHeard, MapColour::Heard},
-     {&PassCounters::QsosWorked, &StatusLists::lstWorked, MapColour::Worked},
-     {&PassCounters::QsosConfirmed, &StatusLists::lstConfirmed, MapColour::Confirmed}}};
+    {{markLayers[0], &PassCounters::QsosHeard, &StatusLists::lstHeard, MapColour::Heard},
+     {markLayers[1], &PassCounters::QsosWorked, &StatusLists::lstWorked, MapColour::Worked},
+     {markLayers[2], &PassCounters::QsosConfirmed, &StatusLists::lstConfirmed,
+      MapColour::Confirmed}}};
 
 void tellNothingPlotted(const PlotTables& tables, UserPrompt& prompt) {
     if (!tables.LogHasCoordinates) {
@@ -80,10 +82,8 @@ void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, const MarkStyle& s
     }
     fillHoverTable(tables, map);
     const std::vector<PlotRow>& rows = tables.plotTable.rows();
-    for (std::size_t i = 0; i < layers.size(); ++i) {
-        const auto isOfLayer = [status = markLayers[i]](const PlotRow& row) {
-            return row.status == status;
-        };
+    for (const Layer& layer : layers) {
+        const auto isOfLayer = [&layer](const PlotRow& row) { return row.status == layer.status; };
         std::vector<Station> stations;
         stations.reserve(
             static_cast<std::size_t>(std::count_if(rows.begin(), rows.end(), isOfLayer)));
@@ -92,8 +92,8 @@ void DrawPlottedQsos(PlotTables& tables, const WorldMap& map, const MarkStyle& s
                 stations.push_back({row.call, row.mapY, row.mapX});
             }
         }
-        tables.counters.*layers[i].counter += static_cast<std::int32_t>(stations.size());
-        (lists.*layers[i].list).add(std::move(stations), tables.plotTable.texts());
+        tables.counters.*layer.counter += static_cast<std::int32_t>(stations.size());
+        (lists.*layer.list).add(std::move(stations), tables.plotTable.texts());
     }
     SilentListener nobody; // what is on the map and in the lists shows together
     drawMarks(tables, style, Picture2, nobody);

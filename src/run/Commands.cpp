@@ -9,6 +9,7 @@
 #include "platform/Numbers.h"
 #include "plot/GCMapLoadADIF.h"
 #include "run/OtherPlaces.h"
+#include "run/PictureExport.h"
 #include "state/InitSettings.h"
 #include "state/MapColours.h"
 #include "state/StationInfo.h"
@@ -160,6 +161,36 @@ void Commands::mnuSaveMap() {
     }
     // The clock is read once more: a slow save may show a second that no file has in its name.
     prompt_.tell(mapImageName(projection, clock_()) + ".bmp has been saved.");
+}
+
+/// What the user wants exported; nothing on cancel. Nothing is replaced without a question.
+std::optional<PictureWish> Commands::choosePicture() {
+    std::optional<PictureWish> wish = firstWish(data_.ini, data_.run.marks.projection, clock_());
+    do {
+        wish = windows_.dialogs.choosePicture(*wish, data_.map()->shape());
+    } while (wish && fileExists(wish->path) &&
+             !prompt_.ask({.title = "Tovrel",
+                           .text = wish->path + "\r\nThis file exists. Do you wish to replace it?",
+                           .buttons = Question::Buttons::YesNo,
+                           .icon = MessageIcon::Exclamation,
+                           .defaultYes = false}));
+    return wish;
+}
+
+void Commands::mnuExportPicture() {
+    const std::optional<PictureWish> wish = choosePicture();
+    if (!wish) {
+        return;
+    }
+    writePictureOptions(data_.ini, wish->options);
+    const PictureEnd end = exportPicture(*wish, data_, map_, clock_(), listener_);
+    const std::string name(splitPath(wish->path).name);
+    if (!end.stopped && !end.written) {
+        prompt_.tellFailure({FileFailure::Act::Write, name + " could not be saved.", wish->path,
+                             end.written.reason});
+    } else if (!end.stopped) {
+        prompt_.tell(name + " has been saved.");
+    }
 }
 
 void Commands::setLogFormat(LogFormat format) {

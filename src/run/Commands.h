@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,6 +53,11 @@ public:
     /// time on it and in its name, and tells the name, or why it could not be saved. The line to a
     /// station is no part of it.
     void mnuSaveMap();
+
+    /// Exports the map as a picture or a page, in a size and to a file that the user is asked for,
+    /// and tells its name, or why it could not be saved. The user may stop it, which leaves no
+    /// file.
+    void mnuExportPicture();
 
     /// Plots the log on a clean map with empty lists. The user is asked for a log when there is
     /// none; map and lists stay empty when there still is none, when the pass was aborted (but for
@@ -142,6 +148,7 @@ public:
 
 private:
     void keepLog(const std::string& path);
+    std::optional<PictureWish> choosePicture();
     bool logChosen() const;
     /// Lets the user choose a log if there is none, and tells if there still is none then.
     bool chooseLog();

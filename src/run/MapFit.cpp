@@ -41,9 +41,13 @@ MapPlace MapFit(const WindowArea& window, MapShape shape) {
 
 int resolutionFor(int pixels) {
     int resolution = 1;
-    while (pixelsFromTwips(static_cast<double>(baseMapSize) * resolution) < pixels)
+    while (baseMapPixels(resolution) < pixels)
         ++resolution;
     return resolution;
+}
+
+int baseMapPixels(int resolution) {
+    return pixelsFromTwips(static_cast<double>(baseMapSize) * resolution);
 }
 
 } // namespace tovrel

@@ -35,4 +35,7 @@ MapPlace MapFit(const WindowArea& window, MapShape shape);
 /// The least resolution at which a base map has so many pixels across.
 int resolutionFor(int pixels);
 
+/// Pixels across of a base map of a resolution.
+int baseMapPixels(int resolution);
+
 } // namespace tovrel

@@ -103,7 +103,7 @@ void MapPictures::LoadBaseMap() {
     const bool settingsServe = !data_.ini.isOutOfReach();
     CachedBaseMap cached = settingsServe ? loadBaseMap(cachePath()) : CachedBaseMap();
     const int resolution = neededResolution();
-    const int across = pixelsFromTwips(static_cast<double>(baseMapSize) * resolution);
+    const int across = baseMapPixels(resolution);
     const bool fits = cached.picture && cached.resolution == resolution &&
                       cached.picture.image.size() == QSize(across, across);
     if (fits && (!cached.home || cached.home == mapHome())) {
@@ -137,10 +137,25 @@ BaseMapEnd MapPictures::drawBaseMapInMemory() {
 }
 
 BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) {
+    Picture2.Cls();
+    showMap();
+    if (const int resolution = neededResolution(); Picture1.resolution() != resolution)
+        Picture1.setSize(baseMapSize, baseMapSize, resolution);
+    const BaseMapEnd end = drawBaseMapOn(Picture1, listener, prompt);
+    if (end.reliefRefused) {
+        data_.run.marks.mnuTopo = false;
+        data_.run.marksChanged();
+    }
+    baseMap_ = Picture1.Image();
+    return end;
+}
+
+/// Draws the base map that is switched on a surface of its size.
+BaseMapEnd MapPictures::drawBaseMapOn(PictureSurface& surface, PassListener& listener,
+                                      UserPrompt& prompt) {
     noteCustomMap();
-    const Projection projection = data_.run.marks.projection;
-    const auto colour = [this, projection](MapColour which) {
-        return readColour(data_.ini, projection, which, keyOf(which).byDefault);
+    const auto colour = [this](MapColour which) {
+        return readColour(data_.ini, data_.run.marks.projection, which, keyOf(which).byDefault);
     };
     const std::unique_ptr<const WorldMap> map = data_.map();
     BaseMapEnd custom;
@@ -149,19 +164,37 @@ BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) 
                              .water = colour(MapColour::Water),
                              .relief = data_.run.marks.mnuTopo ? &mapPix(custom) : nullptr,
                              .reliefLand = keyOf(MapColour::Land).byDefault};
-    Picture2.Cls();
-    showMap();
-    if (const int resolution = neededResolution(); Picture1.resolution() != resolution)
-        Picture1.setSize(baseMapSize, baseMapSize, resolution);
     BaseMapEnd end =
-        tovrel::drawBaseMap(Picture1, style, data_.ini.programFolder(), listener, prompt);
-    if (end.reliefRefused) {
-        data_.run.marks.mnuTopo = false;
-        data_.run.marksChanged();
-    }
+        tovrel::drawBaseMap(surface, style, data_.ini.programFolder(), listener, prompt);
     end.files.unreadable |= custom.files.unreadable;
-    baseMap_ = Picture1.Image();
     return end;
+}
+
+void MapPictures::addCompass(PictureSurface& surface) const {
+    const MenuMarks& marks = data_.run.marks;
+    if (data_.mapNames().compass && marks.mnuShowCompass) {
+        DrawCompass(surface, {.step = marks.mnu15Degrees ? 15 : 45, .bold = marks.mnuBoldCompass});
+    }
+}
+
+void MapPictures::drawAnew(PictureSurface& picture, PassListener& listener) {
+    const std::unique_ptr<const WorldMap> map = data_.map();
+    {
+        PictureSurface base(baseMapSize, baseMapSize, resolutionFor(picture.pixelWidth()));
+        ConsentingPrompt consent(prompt_);
+        drawBaseMapOn(base, listener, consent);
+        addCompass(base);
+        picture.StretchBlt(base);
+    }
+    for (const MapLayer& layer : Picture2.layers) {
+        drawLayer(layer, *map, data_.tables, picture, listener);
+    }
+    if (const PlotLine::Shape& line = data_.lneGCPlotLine.shape(); line.visible) {
+        picture.LineWidth = line.width;
+        picture.CurrentX = line.fromX;
+        picture.CurrentY = line.fromY;
+        picture.Line(line.toX, line.toY, line.colour);
+    }
 }
 
 void MapPictures::cacheBaseMap(const BaseMapEnd& end) {
@@ -187,10 +220,7 @@ void MapPictures::RebuildBaseMap() {
 void MapPictures::ResetMap() {
     data_.lneGCPlotLine.hide();
     Picture1.setPicture(baseMap_);
-    const MenuMarks& marks = data_.run.marks;
-    if (data_.mapNames().compass && marks.mnuShowCompass) {
-        DrawCompass(Picture1, {.step = marks.mnu15Degrees ? 15 : 45, .bold = marks.mnuBoldCompass});
-    }
+    addCompass(Picture1);
     Form_Resize();
 }
 

@@ -76,6 +76,12 @@ public:
     /// is not centred on the home, the settings are asked for the position first.
     void DrawHomeMarker();
 
+    /// Draws what is on show, base map, compass, what lies over it and the line to a station, anew
+    /// on a picture of any size. The map on show stays as it is; data files that are missing are
+    /// told.
+    /// @param picture as high and as wide as Picture2, in twips; its resolution tells its pixels
+    void drawAnew(PictureSurface& picture, PassListener& listener);
+
 private:
     std::string cachePath() const;
     std::optional<MapHome> mapHome() const;
@@ -88,6 +94,8 @@ private:
     void noteCustomMap();
     const QImage& mapPix(BaseMapEnd& end);
     BaseMapEnd drawBaseMap(PassListener& listener, UserPrompt& prompt);
+    BaseMapEnd drawBaseMapOn(PictureSurface& surface, PassListener& listener, UserPrompt& prompt);
+    void addCompass(PictureSurface& surface) const;
     void cacheBaseMap(const BaseMapEnd& end);
 
     RunData& data_;

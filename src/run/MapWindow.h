@@ -2,6 +2,7 @@
 
 #include "platform/Colour.h"
 #include "run/MapFit.h"
+#include "run/PictureWish.h"
 
 #include <optional>
 #include <string>
@@ -98,6 +99,12 @@ public:
     /// @return path of the chosen file; nothing on cancel
     virtual std::optional<std::string> openFile(const std::string& title, const std::string& folder,
                                                 const std::string& filter) = 0;
+
+    /// Asks what file of the map is to be made.
+    /// @param start what the dialog begins with
+    /// @param shape of the map
+    /// @return what the user wants, in the folder that is told there; nothing on cancel
+    virtual std::optional<PictureWish> choosePicture(const PictureWish& start, MapShape shape) = 0;
 
     /// The colour dialog, fully open.
     /// @return nothing on cancel

@@ -103,6 +103,7 @@ namespace section {
 inline constexpr std::string_view globals = "Globals";
 inline constexpr std::string_view log = "Log";
 inline constexpr std::string_view google = "GoogleMapOptions";
+inline constexpr std::string_view pictures = "PictureOptions"; ///< of the export of pictures
 } // namespace section
 
 /// Key of a member of a filter group, for example "Band12".

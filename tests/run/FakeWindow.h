@@ -49,6 +49,10 @@ public:
         fileDialogs.push_back(title + "|" + folder + "|" + filter);
         return chosenFile;
     }
+    std::optional<PictureWish> choosePicture(const PictureWish& start, MapShape) override {
+        pictureDialogs.push_back(start);
+        return onChoosePicture(start);
+    }
     std::optional<Colour> chooseColour(Colour start) override {
         colourDialogs.push_back(start);
         return chosenColour;
@@ -79,8 +83,11 @@ public:
     std::vector<std::string> calls;
     std::vector<std::string> fileDialogs;
     std::vector<Colour> colourDialogs;
+    std::vector<PictureWish> pictureDialogs;
     std::optional<std::string> chosenFile;
     std::optional<Colour> chosenColour;
+    std::function<std::optional<PictureWish>(const PictureWish&)> onChoosePicture =
+        [](const PictureWish&) { return std::nullopt; };
     std::function<void()> onAskStation = [] {};
     std::function<void()> onSettle = [] {};
     std::function<void()> onCloseStats = [] {};

@@ -1,0 +1,104 @@
+#include "run/PictureExport.h"
+
+#include "platform/Twips.h"
+#include "run/MapSheet.h"
+
+#include <QIODevice>
+#include <optional>
+
+namespace tovrel {
+
+namespace {
+
+constexpr float fullBar = 100.0F;
+constexpr float barDrawn = 60.0F; ///< when the map is drawn and remains to be encoded
+
+/// A pass within the export: its progress is a part of the bar, its words are not shown.
+class PartListener : public PassListener {
+public:
+    PartListener(PassListener& whole, float share) : whole_(whole), share_(share) {}
+
+    void beginPass(std::string_view, std::string_view, float maximum) override {
+        maximum_ = maximum;
+    }
+    void showStatus(std::string_view) override {}
+    void showProgress(float value) override { whole_.showProgress(share_ * value / maximum_); }
+    void endPass() override {}
+    void yield() override { whole_.yield(); }
+
+private:
+    PassListener& whole_;
+    float share_;
+    float maximum_ = fullBar;
+};
+
+/// Keeps what an encoder writes. Events run as it writes, and once the user wants to stop it takes
+/// nothing more, which ends the encoder.
+class StoppableBuffer : public QIODevice {
+public:
+    StoppableBuffer(const bool& stop, PassListener& listener) : stop_(stop), listener_(listener) {
+        open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    }
+
+    const std::string& bytes() const { return bytes_; }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+    qint64 writeData(const char* data, qint64 size) override {
+        listener_.yield();
+        if (stop_)
+            return -1;
+        bytes_.append(data, static_cast<std::size_t>(size));
+        return size;
+    }
+
+private:
+    const bool& stop_;
+    PassListener& listener_;
+    std::string bytes_;
+};
+
+/// Pixels of the map for a wish.
+int mapPixels(const PictureOptions& options, MapShape shape) {
+    return options.format == PictureFormat::Pdf ? mapPixelsOn(options.paper, shape)
+                                                : options.pixels;
+}
+
+} // namespace
+
+PictureEnd exportPicture(const PictureWish& wish, RunData& data, MapPictures& map,
+                         const QDateTime& now, PassListener& listener) {
+    const bool& stop = data.run.AbortRequested;
+    data.run.AbortRequested = false;
+    listener.beginPass("Exporting Picture", "Drawing the map", fullBar);
+    StoppableBuffer file(stop, listener);
+    bool encoded = false;
+    {
+        const PictureSurface& shown = map.Picture2;
+        const int pixels = mapPixels(wish.options, data.map()->shape());
+        PictureSurface picture(shown.Width(), shown.Height(),
+                               pixels * static_cast<double>(twipsPerPixel) /
+                                   static_cast<double>(shown.Width()));
+        PartListener drawing(listener, barDrawn);
+        map.drawAnew(picture, drawing);
+        listener.showProgress(barDrawn);
+        listener.showStatus(std::string("Writing: ").append(splitPath(wish.path).name));
+        listener.yield();
+        std::optional<MapCaption> caption;
+        if (wish.options.caption)
+            caption = captionOf(data, map.Picture2.layers, now);
+        encoded = !stop && encodeSheet({wish.options.format, wish.options.paper}, picture.Image(),
+                                       caption, std::nullopt, file);
+    }
+    PictureEnd end{.stopped = stop, .written = {}};
+    if (!end.stopped) {
+        listener.showProgress(fullBar);
+        end.written = encoded ? writeFile(wish.path, file.bytes())
+                              : WriteEnd{"the picture could not be encoded"};
+    }
+    listener.endPass();
+    data.run.AbortRequested = false;
+    return end;
+}
+
+} // namespace tovrel
