@@ -36,7 +36,7 @@ constexpr std::array<FormatChoice, 3> formats = {
 frmExportPicture::frmExportPicture(const PictureWish& start, MapShape shape, QWidget* parent)
     : frmDialog(parent), shape_(shape) {
     setUpDialog(*this, QStringLiteral("frmExportPicture"), QStringLiteral("Export Picture"), 6300,
-                5130);
+                4710);
     addFormats();
     addSizes();
     addFile();
@@ -88,9 +88,9 @@ void frmExportPicture::addFile() {
     auto* browse = addButton(*this, QStringLiteral("cmdBrowse"), QStringLiteral("Browse..."),
                              {4860, 3405, 1200, 360});
     cmdExport_ = addButton(*this, QStringLiteral("cmdExport"), QStringLiteral("Export"),
-                           {2640, 4440, 1635, 405});
+                           {2640, 4065, 1635, 405});
     auto* cancel = addButton(*this, QStringLiteral("cmdCancel"), QStringLiteral("Cancel"),
-                             {4425, 4440, 1635, 405});
+                             {4425, 4065, 1635, 405});
     connect(browse, &QPushButton::clicked, this, [this] { cmdBrowse_Click(); });
     connect(cmdExport_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);

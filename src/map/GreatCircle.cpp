@@ -1,6 +1,7 @@
 #include "map/GreatCircle.h"
 
 #include "platform/Numbers.h"
+#include "platform/VectorState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,6 +33,7 @@ GreatCircle::GreatCircle(HomePosition home)
 
 std::variant<Arc, CutOff, NotShown> GreatCircle::arcTo(float latitude, float longitude,
                                                        float limit) const {
+    clearUpperHalves();
     const double p = toSingle(latitude * radiansPerDegree);
     const double d = toSingle(longitude * radiansPerDegree) - homeX_;
     const double sinP = std::sin(p);
@@ -67,6 +69,7 @@ std::variant<Arc, CutOff, NotShown> GreatCircle::arcTo(float latitude, float lon
 }
 
 MapPoint GreatCircle::exactPoint(EarthPlace place) const {
+    clearUpperHalves();
     const double p = place.latitude * radiansPerDegree;
     const double d = place.longitude * radiansPerDegree - homeX_;
     const double east = std::cos(p) * std::sin(d);
@@ -78,6 +81,7 @@ MapPoint GreatCircle::exactPoint(EarthPlace place) const {
 }
 
 EarthPlace GreatCircle::placeAt(MapPoint point) const {
+    clearUpperHalves();
     constexpr double degree = std::numbers::pi / 180.0;
     const double distance = std::hypot(point.x, point.y);
     if (distance == 0.0)

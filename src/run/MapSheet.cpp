@@ -154,8 +154,8 @@ std::string sheetSizeText(SheetKind kind, int pixels, MapShape shape) {
     };
     if (kind.format != PictureFormat::Pdf) {
         return std::to_string(pixels) + " x " + std::to_string(pixels / shape.widthPerHeight) +
-               " pixels; printed at " + std::to_string(pictureDpi) + " dots per inch " +
-               extent(pixels * millimetresToAnInch / pictureDpi);
+               " pixels, " + extent(pixels * millimetresToAnInch / pictureDpi) + " at " +
+               std::to_string(pictureDpi) + " dots per inch";
     }
     const PageArea area = pageArea(kind.paper, shape);
     const double dpi = mapPixelsOn(kind.paper, shape) / area.map.width() * millimetresToAnInch;

@@ -18,8 +18,7 @@ TEST(frmExportPicture, TellsSizeAndNameOfWhatWillBeMade) {
     window.show();
     const auto result = [&window] { return control<QLabel>(window, "lblResult").text(); };
     const auto file = [&window] { return control<QLineEdit>(window, "txtFile").text(); };
-    EXPECT_EQ(result(),
-              QStringLiteral("3000 x 1500 pixels; printed at 300 dots per inch 25.4 x 12.7 cm"));
+    EXPECT_EQ(result(), QStringLiteral("3000 x 1500 pixels, 25.4 x 12.7 cm at 300 dots per inch"));
     click(window, "optPdf");
     EXPECT_EQ(file(), QStringLiteral("/pictures/map.pdf"));
     control<QComboBox>(window, "cboPaper").setCurrentText(QStringLiteral("A3"));
