@@ -217,11 +217,11 @@ BENCHMARK(baseMap)->Arg(1)->Arg(3)->Unit(benchmark::kMillisecond);
 void cachedBaseMap(benchmark::State& state) {
     const QTemporaryDir folder;
     const std::string path = folder.filePath(QStringLiteral("map")).toStdString();
-    if (!saveBaseMap(baseMapAt(3).Image(), 3, {}, path))
+    if (!saveBaseMap({PackedPicture(baseMapAt(3).Image()), 3, {}}, path))
         state.SkipWithError("the base map could not be stored");
     for (auto _ : state) {
         PictureSurface Picture1(baseMapSize, baseMapSize);
-        Picture1.setPicture(loadBaseMap(path).picture.image, 3);
+        Picture1.setPicture(loadBaseMap(path).map.picture, 3);
         benchmark::DoNotOptimize(Picture1.Image().constBits());
     }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "map/PictureFile.h"
+#include "map/PackedPicture.h"
+#include "platform/Files.h"
 
 #include <optional>
 #include <string>
@@ -15,19 +16,27 @@ struct MapHome {
     bool operator==(const MapHome&) const = default;
 };
 
-/// A base map in its file: a compressed picture that names its resolution, and its home if it has
-/// one. A plain bitmap is read as well.
-struct CachedBaseMap {
-    LoadedPicture picture; ///< as it is stored, of any size; it need not be that of a base map
-    int resolution = 1;    ///< that of a plain bitmap
-    std::optional<MapHome> home; ///< of a plain bitmap it is not known
+/// A base map as it is kept in memory and in its cache file.
+struct KeptBaseMap {
+    PackedPicture picture;
+    int resolution = 1;          ///< that of a plain bitmap, too
+    std::optional<MapHome> home; ///< of a plain bitmap, or a map without a home, it is not known
 };
 
-/// The base map of a file; Unreadable also when a bitmap is shorter or longer than its pixels.
+/// The file of a base map that was read.
+struct CachedBaseMap {
+    ReadEnd end = ReadEnd::Missing; ///< Unreadable also of what is no whole picture
+    KeptBaseMap map; ///< with Content; its picture may be of any size and need not be a base map
+
+    /// Whether there is a map.
+    explicit operator bool() const { return end == ReadEnd::Content; }
+};
+
+/// The base map of a file: of one that saveBaseMap() wrote, or of a plain bitmap.
 CachedBaseMap loadBaseMap(const std::string& path);
 
-/// Replaces a file by a base map.
-WriteEnd saveBaseMap(const QImage& image, int resolution, const std::optional<MapHome>& home,
-                     const std::string& path);
+/// Replaces a file by a base map: a compressed picture with a note of resolution and home. It is a
+/// bitmap of runs or, of more colours than such a one can have, a PNG.
+WriteEnd saveBaseMap(const KeptBaseMap& map, const std::string& path);
 
 } // namespace tovrel

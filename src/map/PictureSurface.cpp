@@ -1,6 +1,5 @@
 #include "map/PictureSurface.h"
 
-#include "map/PictureFile.h"
 #include "map/PictureStretch.h"
 #include "platform/Threads.h"
 
@@ -112,15 +111,11 @@ void PictureSurface::Cls() {
         image_ = blankImage(image_.size(), BackColor);
 }
 
-void PictureSurface::setPicture(const QImage& picture, double resolution) {
-    const QSize size = measure(width_, height_, resolution);
-    if (picture.size() == size && !picture.hasAlphaChannel()) {
-        image_ = QImage(); // not both at once
-        image_ = withoutAlpha(picture);
-        return;
-    }
+void PictureSurface::setPicture(const PackedPicture& picture, double resolution) {
+    if (picture.size() == measure(width_, height_, resolution))
+        return picture.unpackTo(image_);
     setSize(width_, height_, resolution);
-    QPainter(&image_).drawImage(0, 0, picture);
+    QPainter(&image_).drawImage(0, 0, picture.image());
 }
 
 double PictureSurface::mapX(double x) const {

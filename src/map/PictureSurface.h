@@ -1,6 +1,7 @@
 #pragma once
 
 #include "map/MapUnits.h"
+#include "map/PackedPicture.h"
 #include "platform/Colour.h"
 #include "platform/Numbers.h"
 #include "platform/Twips.h"
@@ -48,10 +49,10 @@ public:
     /// Covers the surface with BackColor.
     void Cls();
 
-    /// Covers the surface with BackColor and shows an image at its top left.
-    void setPicture(const QImage& picture) { setPicture(picture, resolution_); }
+    /// Covers the surface with BackColor and shows a picture at its top left.
+    void setPicture(const PackedPicture& picture) { setPicture(picture, resolution_); }
     /// The same at another resolution.
-    void setPicture(const QImage& picture, double resolution);
+    void setPicture(const PackedPicture& picture, double resolution);
 
     Colour BackColor = 0xFFFFFF; ///< of what is cleared, or comes with a new size
     Colour ForeColor = 0x000000; ///< of what is drawn without a colour of its own

@@ -47,7 +47,7 @@ public:
 MapPictures::MapPictures(RunData& data, MapScreen& screen, PassListener& listener,
                          UserPrompt& prompt)
     : Picture1(baseMapSize, baseMapSize), Picture2(twipsPerPixel, twipsPerPixel), data_(data),
-      screen_(screen), listener_(listener), prompt_(prompt), baseMap_(Picture1.Image()) {}
+      screen_(screen), listener_(listener), prompt_(prompt) {}
 
 std::string MapPictures::cachePath() const {
     return filePath(data_.ini.programFolder(), data_.mapNames().cacheFile);
@@ -62,11 +62,6 @@ std::optional<MapHome> MapPictures::mapHome() const {
 
 int MapPictures::neededResolution() const {
     return resolutionFor(screen_.mostPixels(data_.map()->shape()));
-}
-
-void MapPictures::takeBaseMap(QImage image, int resolution) {
-    baseMap_ = std::move(image);
-    Picture1.setPicture(baseMap_, resolution);
 }
 
 void MapPictures::noteCustomMap() {
@@ -104,13 +99,13 @@ void MapPictures::LoadBaseMap() {
     CachedBaseMap cached = settingsServe ? loadBaseMap(cachePath()) : CachedBaseMap();
     const int resolution = neededResolution();
     const int across = baseMapPixels(resolution);
-    const bool fits = cached.picture && cached.resolution == resolution &&
-                      cached.picture.image.size() == QSize(across, across);
-    if (fits && (!cached.home || cached.home == mapHome())) {
-        takeBaseMap(std::move(cached.picture.image), resolution);
+    const bool fits = cached && cached.map.resolution == resolution &&
+                      cached.map.picture.size() == QSize(across, across);
+    if (fits && (!cached.map.home || cached.map.home == mapHome())) {
+        baseMap_ = std::move(cached.map);
         return;
     }
-    if (cached.picture.end == ReadEnd::Missing) {
+    if (cached.end == ReadEnd::Missing) {
         data_.run.marks.mnuMeridian = false;
         data_.run.marks.mnuTopo = false;
         data_.run.marksChanged();
@@ -146,7 +141,8 @@ BaseMapEnd MapPictures::drawBaseMap(PassListener& listener, UserPrompt& prompt) 
         data_.run.marks.mnuTopo = false;
         data_.run.marksChanged();
     }
-    baseMap_ = Picture1.Image();
+    baseMap_ = {PackedPicture(Picture1.Image()), static_cast<int>(Picture1.resolution()),
+                mapHome()};
     return end;
 }
 
@@ -201,9 +197,7 @@ void MapPictures::cacheBaseMap(const BaseMapEnd& end) {
     if (end.files.unreadable || data_.ini.isOutOfReach()) {
         return;
     }
-    if (const WriteEnd saved =
-            saveBaseMap(baseMap_, static_cast<int>(Picture1.resolution()), mapHome(), cachePath());
-        !saved) {
+    if (const WriteEnd saved = saveBaseMap(baseMap_, cachePath()); !saved) {
         prompt_.tellFailure({FileFailure::Act::Write, "The base map could not be stored.",
                              cachePath(), saved.reason});
     }
@@ -219,7 +213,7 @@ void MapPictures::RebuildBaseMap() {
 
 void MapPictures::ResetMap() {
     data_.lneGCPlotLine.hide();
-    Picture1.setPicture(baseMap_);
+    Picture1.setPicture(baseMap_.picture, baseMap_.resolution);
     addCompass(Picture1);
     Form_Resize();
 }

@@ -87,7 +87,6 @@ private:
     std::optional<MapHome> mapHome() const;
     int neededResolution() const;
     void addLayer(const MapLayer& layer);
-    void takeBaseMap(QImage image, int resolution);
     void rebuildInSilence();
     /// Keeps the path of the custom world picture that the settings name for the first map of the
     /// run; a switch of projection keeps the picture.
@@ -104,7 +103,7 @@ private:
     UserPrompt& prompt_;
     WindowArea fittedTo_;                  ///< the window that Picture2 has its size from
     MapPlace place_;                       ///< of Picture2 in it
-    QImage baseMap_;                       ///< what Picture1 goes back to
+    KeptBaseMap baseMap_;                  ///< what Picture1 goes back to
     std::optional<std::string> customMap_; ///< path, empty for the built-in one
     QImage mapPix_;                        ///< the relief's world picture; null until it is needed
 };

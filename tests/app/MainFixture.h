@@ -77,7 +77,7 @@ protected:
     Ink ink(const QColor& colour) {
         const QImage image = map();
         PictureSurface surface = whiteSurface(image.width(), image.height());
-        surface.setPicture(image.convertToFormat(QImage::Format_RGB32));
+        surface.setPicture(PackedPicture(image));
         return inkOf(surface, colourOfImage(colour.rgb()));
     }
     int pixels(const QColor& colour) { return ink(colour).count; }

@@ -47,7 +47,7 @@ TEST_F(BatchPicture, isStampedAndOfTheKindThatItsNameTells) {
         const QImage image(QString::fromStdString(path));
         EXPECT_EQ(image.size(), c.size) << c.name;
         PictureSurface surface = whiteSurface(c.size.width(), c.size.height());
-        surface.setPicture(image);
+        surface.setPicture(PackedPicture(image));
         const Ink stamp = inkWhere(surface, [&c](int x, int y, Colour colour) {
             return x < 100 && y > c.size.height() * 94 / 100 && (colour & 0xFFU) < 100;
         });

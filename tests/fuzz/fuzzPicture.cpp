@@ -13,14 +13,13 @@ void tryInput(Input input) {
     const std::string path = folder.write("picture", input.rest());
     const CachedBaseMap cached = loadBaseMap(path);
     const QImage image = LoadPicture(path).image;
-    require(!cached.picture || withoutAlpha(cached.picture.image) == image,
-            "a cached map is a picture");
+    require(!cached || cached.map.picture.image() == image, "a cached map is a picture");
     if (image.isNull())
         return;
     require(image.sizeInBytes() <= 512 << 20 && image.format() == QImage::Format_RGB32, "it fits");
     PictureSurface Picture1(600.0F, 600.0F);
     PictureSurface Picture2(450.0F, 300.0F);
-    Picture1.setPicture(image);
+    Picture1.setPicture(PackedPicture(image));
     Picture2.StretchBlt(Picture1);
 
     if (image.width() * image.height() > 10000)
@@ -31,11 +30,11 @@ void tryInput(Input input) {
         TopoOverlay(Picture2, image, *worldMap(projection, 50.0F, 10.0F), land, {}, listener,
                     prompt);
     }
-    const MapHome home = cached.home.value_or(MapHome{50.0F, 10.0F});
-    require(bool(saveBaseMap(image, 1, home, folder.path("cache"))), "it can be saved");
-    const CachedBaseMap again = loadBaseMap(folder.path("cache"));
-    require(withoutAlpha(again.picture.image) == withoutAlpha(image) && again.home == home,
-            "it comes back from the cache");
+    const MapHome home = cached.map.home.value_or(MapHome{50.0F, 10.0F});
+    require(bool(saveBaseMap({PackedPicture(image), 1, home}, folder.path("cache"))),
+            "it can be saved");
+    const KeptBaseMap again = loadBaseMap(folder.path("cache")).map;
+    require(again.picture.image() == image && again.home == home, "it comes back from the cache");
 }
 
 } // namespace tovrel

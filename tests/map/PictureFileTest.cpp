@@ -42,36 +42,36 @@ TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
     // The missing part of a bitmap is black.
     const std::string partly = folder.write("part.bmp", bitmap.substr(0, bitmap.size() - 1));
     EXPECT_EQ(LoadPicture(partly).image.pixel(8, 0), qRgb(0, 0, 0));
-    EXPECT_EQ(loadBaseMap(partly).picture.end, ReadEnd::Unreadable);
+    EXPECT_EQ(loadBaseMap(partly).end, ReadEnd::Unreadable);
     const std::string longer = folder.write("long.bmp", bitmap + "x");
-    EXPECT_EQ(loadBaseMap(longer).picture.end, ReadEnd::Unreadable);
+    EXPECT_EQ(loadBaseMap(longer).end, ReadEnd::Unreadable);
 }
 
 TEST(BaseMapCache, KeepsHomeAndResolutionWithThePicture) {
     const TestFolder folder;
     const std::string path = folder.path("GCBaseMap.map");
-    EXPECT_FALSE(loadBaseMap(path).home);
+    EXPECT_FALSE(loadBaseMap(path).map.home);
     const std::optional<MapHome> homes[] = {MapHome{-33.87F, 151.2F},
                                             MapHome{-1.1754944e-38F, -1.1754944e-38F},
                                             MapHome{0.0F, 1e-7F}, std::nullopt};
     for (const std::optional<MapHome>& home : homes) {
-        ASSERT_TRUE(saveBaseMap(checkered(), 3, home, path));
-        const CachedBaseMap back = loadBaseMap(path);
+        ASSERT_TRUE(saveBaseMap({PackedPicture(checkered()), 3, home}, path));
+        const KeptBaseMap back = loadBaseMap(path).map;
         EXPECT_EQ(back.home, home);
         EXPECT_EQ(back.resolution, 3);
-        EXPECT_EQ(withoutAlpha(back.picture.image), checkered());
+        EXPECT_EQ(back.picture.image(), checkered());
         EXPECT_EQ(LoadPicture(path).image, checkered()) << "a picture like any other";
         const std::string bytes = folder.read("GCBaseMap.map");
-        EXPECT_FALSE(loadBaseMap(folder.write("cut", bytes.substr(0, bytes.size() - 1))).picture);
+        EXPECT_FALSE(loadBaseMap(folder.write("cut", bytes.substr(0, bytes.size() - 1))));
     }
     ASSERT_TRUE(SavePicture(checkered(), path));
-    EXPECT_EQ(withoutAlpha(loadBaseMap(path).picture.image), checkered()) << "a plain bitmap";
-    EXPECT_EQ(loadBaseMap(path).resolution, 1);
+    EXPECT_EQ(loadBaseMap(path).map.picture.image(), checkered()) << "a plain bitmap";
+    EXPECT_EQ(loadBaseMap(path).map.resolution, 1);
     QImage many(100, 100, QImage::Format_RGB32); // more colours than a table holds
     for (int i = 0; i < 10000; ++i)
         many.setPixel(i % 100, i / 100, qRgb(i % 251, i / 40, 7));
-    ASSERT_TRUE(saveBaseMap(many, 2, std::nullopt, path));
-    EXPECT_EQ(withoutAlpha(loadBaseMap(path).picture.image), many);
+    ASSERT_TRUE(saveBaseMap({PackedPicture(many), 2, {}}, path));
+    EXPECT_EQ(loadBaseMap(path).map.picture.image(), many);
 }
 
 } // namespace

@@ -204,7 +204,7 @@ TEST(PictureSurface, AnotherSizeOrPictureDropsWhatWasDrawn) {
     surface.PSet(0, 0, red);
     QImage picture(10, 5, QImage::Format_ARGB32);
     picture.fill(Qt::blue);
-    surface.setPicture(picture);
+    surface.setPicture(PackedPicture(picture));
     EXPECT_EQ(inkOf(surface, 0xFF0000).count, 50);
     EXPECT_EQ(inkOver(surface, 0xE0E0E0).count, 50);
     surface.setSize(-15.0F, nanf(""));

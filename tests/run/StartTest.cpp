@@ -102,7 +102,8 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
     writeCache(program.folder);
     const std::string whole = program.folder.read("GCBaseMap.map");
     const std::string path = program.folder.path("GCBaseMap.map");
-    ASSERT_TRUE(saveBaseMap(LoadPicture(path).image, 1, MapHome{50.0F, -20.5F}, path));
+    const PackedPicture drawn(LoadPicture(path).image);
+    ASSERT_TRUE(saveBaseMap({drawn, 1, MapHome{50.0F, -20.5F}}, path));
     const std::string ofAnotherHome = program.folder.read("GCBaseMap.map");
     for (const std::string& cached : {std::string(), whole.substr(0, whole.size() / 2), whole + "x",
                                       program.folder.read("world.bmp"), ofAnotherHome}) {
@@ -110,7 +111,7 @@ TEST(Start, ACacheThatDoesNotServeIsBuiltAnewAsAllIsSwitched) {
         program.restart();
         program.start();
         EXPECT_EQ(program.window.height, 8000.0F) << "the default of what is no number";
-        EXPECT_EQ(loadBaseMap(path).home, (MapHome{50.0F, -20.0F}));
+        EXPECT_EQ(loadBaseMap(path).map.home, (MapHome{50.0F, -20.0F}));
         EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
         EXPECT_GT(inkOf(program.map->Picture1, 0x0000FFU).count, 0) << "relief";
         EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
@@ -131,9 +132,9 @@ TEST(Start, ACacheOfAnotherResolutionIsReplacedInSilence) {
         program.window.most = most;
         program.restart();
         program.start();
-        EXPECT_EQ(loadBaseMap(path).resolution, resolution);
+        EXPECT_EQ(loadBaseMap(path).map.resolution, resolution);
         EXPECT_EQ(program.map->Picture1.resolution(), resolution);
-        EXPECT_EQ(loadBaseMap(path).picture.image.width(), program.map->Picture1.pixelWidth());
+        EXPECT_EQ(loadBaseMap(path).map.picture.size().width(), program.map->Picture1.pixelWidth());
         EXPECT_TRUE(program.data->run.marks.mnuMeridian && program.data->run.marks.mnuTopo);
         EXPECT_TRUE(program.prompt.asked.empty() && program.prompt.told.empty());
         const std::string stored = program.folder.read("GCBaseMap.map");
