@@ -37,7 +37,7 @@ public:
     /// Brings the lists of the statistics window up to date, if it is open.
     void refreshLists();
 
-    bool isMinimized() const override { return window_.isMinimized(); }
+    bool isUnseen() const override { return window_.isMinimized() || !window_.isVisible(); }
     float Width() const override;
     float Height() const override;
     void setWidth(float width) override;

@@ -159,6 +159,9 @@ void frmMain::fitToFrame(int attempt) {
     constexpr int attempts = 10; // a window system without frames never tells of one
     constexpr int pause = 30;    // milliseconds
     const bool known = parts_->outer.learnMargins();
+    if (attempt == 0 && !known) {
+        parts_->map.followSize(); // for the first paint
+    }
     if (!known && attempt < attempts) {
         QTimer::singleShot(pause, this, [this, attempt] { fitToFrame(attempt + 1); });
         return;

@@ -13,7 +13,7 @@ public:
     BatchScreen(float pictureWidth, float pictureHeight, float ratio)
         : pictureWidth_(pictureWidth), pictureHeight_(pictureHeight), ratio_(ratio) {}
 
-    bool isMinimized() const override { return false; }
+    bool isUnseen() const override { return false; }
     WindowArea area() const override {
         return {pictureWidth_, pictureHeight_, pictureWidth_, pictureHeight_, false, ratio_};
     }

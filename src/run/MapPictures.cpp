@@ -219,7 +219,8 @@ void MapPictures::ResetMap() {
 }
 
 void MapPictures::Form_Resize() {
-    if (screen_.isMinimized()) {
+    if (screen_.isUnseen()) {
+        fitAgain();
         return;
     }
     if (data_.run.FormReady) {

@@ -55,14 +55,14 @@ public:
     bool loadMapPix(const std::string& path);
 
     /// Fits Picture2 to the window and draws it anew from Picture1, with graticule and home mark.
-    /// Nothing happens while the window is minimized.
+    /// While nobody can see it, that is left to the next followSize().
     void Form_Resize();
 
     /// The same if the window has another size than the picture was fitted to. On a screen that
     /// needs a finer base map that is drawn first, in silence.
     void followSize();
 
-    /// The window was minimized, maximized or restored: the next followSize() draws in any case.
+    /// The next followSize() draws in any case, as when the window was maximized or restored.
     void fitAgain() { fittedTo_ = {}; }
 
     /// What is drawn on Picture2 reaches the screen.

@@ -14,8 +14,9 @@ class MapScreen {
 public:
     virtual ~MapScreen() = default;
 
-    /// Whether nobody sees the map, so that it need not be fitted to a size.
-    virtual bool isMinimized() const = 0;
+    /// Whether nobody can see the map, so that it need not be fitted to a size: the window is
+    /// minimized or hidden, as before it is first shown.
+    virtual bool isUnseen() const = 0;
 
     /// The window as it is now, free or not.
     virtual WindowArea area() const = 0;

@@ -15,7 +15,7 @@ public:
 
     Windows faces() { return {*this, *this, *this, *this}; }
 
-    bool isMinimized() const override { return minimized; }
+    bool isUnseen() const override { return minimized; }
     float Width() const override { return width; }
     float Height() const override { return height; }
     void setWidth(float newWidth) override { width = newWidth; }
