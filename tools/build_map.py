@@ -40,7 +40,7 @@ class Scale:
     # Near the rim of the azimuthal map a longer step would cut the coast short. Shorter ones blacken
     # more of it: the ends of each are rounded to pixels, and the line becomes a staircase.
     longest_step: float
-    bridge: float  # half width of what joins the south polar islands to their land; 0 drops them
+    polar_islands: bool  # whether those of the south polar land stay
     islet_gap: float
     islet_coast: float
     islet_count: int
@@ -51,11 +51,11 @@ class Scale:
 
 COARSE = Scale(source="land-50m.json", corrections="", cells_per_degree=10, close=42, open=28,
                least_land=20_000, least_water=60_000, smooth=22, simplify=22, longest_step=80,
-               bridge=0, islet_gap=170, islet_coast=110, islet_count=420, largest_islet=30_000, hexagon=6_000,
+               polar_islands=False, islet_gap=170, islet_coast=110, islet_count=420, largest_islet=30_000, hexagon=6_000,
                least_hexagon=0)
 FINE = Scale(source="land-10m.json", corrections="_fine", cells_per_degree=20, close=8, open=6,
              least_land=1_500, least_water=4_000, smooth=6, simplify=5, longest_step=30,
-             bridge=16, islet_gap=60, islet_coast=30, islet_count=900, largest_islet=4_000, hexagon=0,
+             polar_islands=True, islet_gap=60, islet_coast=30, islet_count=900, largest_islet=4_000, hexagon=0,
              least_hexagon=700)
 NEW_STROKE, SAME_STROKE = 5000, 0
 
@@ -74,9 +74,9 @@ LEAST_SEED_PIXELS = 400  # a seed that paints less than this, over all their map
 
 def corrections(name, scale):
     """Entries of a table of straits or isthmuses beside this tool: a name, a line of longitude and
-    latitude, a half width in km."""
+    latitude, a half width in km. A coast needs no isthmuses where it is fine."""
     path = Path(__file__).parent / f"build_map_{name}{scale.corrections}.json"
-    return json.loads(path.read_text(encoding="utf-8"))
+    return json.loads(path.read_text(encoding="utf-8")) if path.exists() else []
 
 
 def true_land(package, source, cells_per_degree):
@@ -94,12 +94,9 @@ def general_land(package, grid, scale):
             land[grid.band(entry["line_lon_lat"], entry["half_width_km"])] = value
     labels, area, north = grid.regions(land)
     land &= (area >= scale.least_land)[labels]
-    southern = np.flatnonzero((north < -60) & (area < 5e6) & (area >= scale.least_land))
-    for label in southern[southern > 0]:
-        island = labels == label
-        # The white of the south polar land comes from one fill, which reaches what is joined to it.
-        bridge = grid.bridge(island, land & (labels == labels[0, 0]), scale.bridge)
-        land = land & ~island if bridge is None else land | bridge
+    if not scale.polar_islands:
+        # At resolution 1 one fill makes the south polar land white, and would leave them green.
+        land &= ~((north < -60) & (area < 5e6))[labels]
     labels, area, _ = grid.regions(~land)
     return land | ~(area >= scale.least_water)[labels]
 

@@ -198,7 +198,7 @@ def seeds_in_the_open(strokes, land, grid):
     """Seeds that are hit where they lie, as rows of longitude, latitude: so many that each part of the
     sea in which a pixel of 33 km has room beside its coasts holds one, the deepest first, and another a
     little farther, since those near the antipode of home are cut off."""
-    net = square((0, 0), 180, 0.5)
+    net = square((0, 0), 180, 0.25)
     net = net[(np.abs(net[:, 1]) < 89) & (net[:, 0] < 180)]
     net = net[~look_up(land, *net.T, grid.cells_per_degree)]
     coast = cKDTree(unit_vectors(np.concatenate([divide(stroke, 5) for stroke in strokes])))

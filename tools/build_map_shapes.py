@@ -128,20 +128,6 @@ class Grid:
         result[rows] = np.isfinite(found)
         return result
 
-    def bridge(self, island, land, half_width_km, longest_km=150):
-        """Cells round the shortest line between two masks, nothing where it is longer than told or has
-        no width."""
-        if half_width_km == 0:
-            return None
-        shore, other = self._beside(island), self._beside(land)
-        distance, nearest = cKDTree(self.vectors[other]).query(self.vectors[shore])
-        best = int(np.argmin(distance))
-        if distance[best] > chord(longest_km):
-            return None
-        ends = [np.argwhere(shore)[best], np.argwhere(other)[nearest[best]]]
-        line = [(self.lon[column], self.lat[row]) for row, column in ends]
-        return self.band(line, half_width_km)
-
     def regions(self, mask):
         """Labels of the connected regions of `mask` across the date line, and their areas in km2 and
         northern edges in degrees, by label; label 0 is what lies outside."""

@@ -64,13 +64,12 @@ public:
         const double distance = std::hypot(point.x, point.y);
         if (distance >= MapRadius)
             return std::nullopt;
-        const double arc = distance / earthRadius;
-        const double bearing = std::atan2(point.x, point.y);
-        const double sinLat =
-            sinHome_ * std::cos(arc) + cosHome_ * std::sin(arc) * std::cos(bearing);
-        const double turn =
-            std::atan2(std::sin(bearing) * std::sin(arc),
-                       cosHome_ * std::cos(arc) - sinHome_ * std::sin(arc) * std::cos(bearing));
+        const double cosArc = std::cos(distance / earthRadius);
+        const double sinArc = std::sin(distance / earthRadius);
+        const double east = distance > 0.0 ? sinArc * point.x / distance : 0.0;
+        const double north = distance > 0.0 ? sinArc * point.y / distance : 0.0;
+        const double sinLat = sinHome_ * cosArc + cosHome_ * north;
+        const double turn = std::atan2(east, cosHome_ * cosArc - sinHome_ * north);
         return Place{std::asin(std::clamp(sinLat, -1.0, 1.0)) / degree,
                      home_.longitude + turn / degree};
     }

@@ -13,6 +13,10 @@ constexpr double minutesPerDegree = 60.0;
 
 } // namespace
 
+EarthPlace placeOf(const CoastRecord& record) {
+    return {record.latitude / minutesPerDegree, record.longitude / minutesPerDegree};
+}
+
 std::vector<CoastRecord> readCoastRecords(std::string_view bytes) {
     const double count = static_cast<double>(bytes.size()) / recordSize;
     const auto records = static_cast<std::size_t>(roundHalfEven(count));
@@ -37,8 +41,7 @@ Coastline::Coastline(PictureSurface& surface, const WorldMap& map, PassListener&
 
 void Coastline::DrawCoastline(const std::vector<CoastRecord>& records) {
     for (const CoastRecord& record : records) {
-        const EarthPlace place{record.latitude / minutesPerDegree,
-                               record.longitude / minutesPerDegree};
+        const EarthPlace place = placeOf(record);
         if (startsStroke(record)) {
             pen_.lift();
             strokeCut_ = strokeShown_ = false;

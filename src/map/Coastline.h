@@ -20,6 +20,9 @@ struct CoastRecord {
 /// Whether a record starts a new stroke.
 constexpr bool startsStroke(const CoastRecord& record) { return record.marker > 1000; }
 
+/// The place of a record.
+EarthPlace placeOf(const CoastRecord& record);
+
 /// Records of a coastline database: 6 bytes each, little-endian, no header. The count is the length
 /// divided by 6, rounded; bytes that a last record lacks count as 0.
 std::vector<CoastRecord> readCoastRecords(std::string_view bytes);

@@ -14,13 +14,14 @@ constexpr Colour outside = 0xE0E0E0;
 /// Draws a base map from the files of a folder.
 struct Drawn {
     Drawn(const std::string& folder, Projection projection, float latitude = 0.0F,
-          float longitude = 0.0F)
-        : map(worldMap(projection, latitude, longitude)) {
+          float longitude = 0.0F, double resolution = 1.0)
+        : map(worldMap(projection, latitude, longitude)),
+          surface(baseMapSize, baseMapSize, resolution) {
         drawBaseMap(surface, {.map = map.get(), .land = land, .water = water}, folder, listener,
                     prompt);
     }
     std::unique_ptr<const WorldMap> map;
-    PictureSurface surface{baseMapSize, baseMapSize};
+    PictureSurface surface;
     ScriptedListener listener;
     ScriptedPrompt prompt;
 };
@@ -75,6 +76,18 @@ TEST(BaseMap, TheSuppliedFilesMakeAWorld) {
         for (const auto& c : cases) {
             const MapPoint at = std::get<MapPoint>(map.map->position(c.latitude, c.longitude));
             EXPECT_EQ(colourAt(map.surface, at.x, at.y), c.colour) << c.latitude;
+        }
+    }
+}
+
+TEST(BaseMap, TheIslandsOfTheSouthPolarLandAreWhiteInAFineCoast) {
+    const std::pair<float, float> islands[] = {
+        {-79.5F, -47.7F}, {-79.3F, -161.8F}, {-70.0F, -70.5F}, {-80.4F, -61.7F}};
+    for (const Projection projection : {Projection::Azimuthal, Projection::Miller}) {
+        const Drawn map(TOVREL_DATA_DIR, projection, 50.0F, 10.0F, 2.0);
+        for (const auto& [latitude, longitude] : islands) {
+            const MapPoint at = std::get<MapPoint>(map.map->position(latitude, longitude));
+            EXPECT_EQ(colourAt(map.surface, at.x, at.y), white) << latitude;
         }
     }
 }
