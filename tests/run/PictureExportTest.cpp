@@ -57,7 +57,7 @@ TEST(ExportPicture, ShowsWhatIsOnShowAtManyMorePixelsAndLeavesThatAsItIs) {
     // The mark of the contact has the share of the map that it has on the screen.
     const int marks = inkOf(program.map->Picture2, confirmedColour).count;
     PictureSurface exported = whiteSurface(image.width(), image.height());
-    exported.setPicture(image);
+    exported.setPicture(PackedPicture(image));
     const double scale = 2000.0 / before.width();
     EXPECT_NEAR(inkOf(exported, confirmedColour).count / (scale * scale * marks), 1.0, 0.1);
     EXPECT_GT(shareAt(image, {row.mapX, row.mapY}, 9, confirmedColour), 0.5) << "but for the line";
@@ -78,7 +78,8 @@ TEST(ExportPicture, ShowsWhatIsOnShowAtManyMorePixelsAndLeavesThatAsItIs) {
     // What has gone from the screen is in no later picture.
     program.commands->mnuClearMap();
     program.commands->mnuExportPicture();
-    exported.setPicture(QImage(QString::fromStdString(program.folder.path("map.png"))));
+    exported.setPicture(
+        PackedPicture(QImage(QString::fromStdString(program.folder.path("map.png")))));
     EXPECT_EQ(inkOf(exported, confirmedColour).count, 0);
     EXPECT_GT(inkOf(exported, meridianColour).count, 1000);
 }
@@ -163,7 +164,7 @@ TEST(MapCaption, IsNeverCut) {
         layout.draw(painter, QPointF(edge, edge));
         painter.end();
         PictureSurface surface = whiteSurface(image.width(), image.height());
-        surface.setPicture(image);
+        surface.setPicture(PackedPicture(image));
         const Ink ink = inkOver(surface, 0xFFFFFF);
         EXPECT_GE(ink.left, edge - 1) << width;
         EXPECT_LE(ink.left + ink.width(), edge + width + 1) << width;
