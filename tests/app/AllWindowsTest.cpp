@@ -1,6 +1,7 @@
 #include "app/MainMenu.h"
 #include "app/WindowFixture.h"
 #include "app/frmAbout.h"
+#include "app/frmExportPicture.h"
 #include "app/frmGCMapCalculations.h"
 #include "app/frmInfoInput.h"
 #include "app/frmMapOptions.h"
@@ -39,6 +40,7 @@ protected:
         windows_.push_back(std::make_unique<frmGoogleMapOptions>(data_.ini, data_.google));
         windows_.push_back(std::make_unique<frmAbout>(prompt_, "1.0.0", "/home/x/Tovrel"));
         windows_.push_back(std::move(info));
+        windows_.push_back(std::make_unique<frmExportPicture>(PictureWish(), MapShape()));
         windows_.push_back(std::move(progress));
         windows_.push_back(std::move(stats));
         for (const auto& window : windows_)

@@ -61,6 +61,10 @@ def is_bitmap(content):
     return content[:2] == b"BM" and struct.unpack("<I", content[2:6])[0] == len(content)
 
 
+def is_png(content):
+    return content.startswith(b"\x89PNG") and content.endswith(b"IEND\xae\x42\x60\x82")
+
+
 def is_document(content):
     return content.startswith(b"<?xml") and content.endswith(b"</kml>\r\n")
 
@@ -268,6 +272,7 @@ def make_kinds(bench):
         Kind(bench, "tag list", TAG_LIST, act="start", old=None, later="plot"),
         Cache(bench, "map cache", "GCBaseMap.map", act="recreate", old=grey_bitmap(667, 667)),
         Kind(bench, "saved map", SAVED_MAP, act="save", is_whole=is_bitmap),
+        Kind(bench, "exported picture", "export.png", act="export", is_whole=is_png),
         Picture(bench, "picture", "map.bmp", is_whole=is_bitmap,
                 arguments=("plot", "--size", "300", "--image", "FILE")),
         Kind(bench, "report", "report.json", arguments=("plot", "--report", "FILE"),

@@ -31,6 +31,16 @@ struct Run {
 const std::map<std::string, std::function<void(Run&)>> acts = {
     {"start", [](Run& /*run*/) {}},
     {"save", [](Run& run) { run.commands.mnuSaveMap(); }},
+    {"export",
+     [](Run& run) {
+         run.prompt.answer = true; // the file may be replaced
+         run.window.onChoosePicture = [&run](PictureWish wish) {
+             wish.options.pixels = PictureOptions::leastPixels;
+             wish.path = joinPath(run.data.ini.programFolder(), "export.png");
+             return std::optional(wish);
+         };
+         run.commands.mnuExportPicture();
+     }},
     {"recreate", [](Run& run) { run.commands.mnuRecreateMap(); }},
     {"setting",
      [](Run& run) {
@@ -46,7 +56,8 @@ const std::map<std::string, std::function<void(Run&)>> acts = {
 int main(int argc, char** argv) {
     const auto act = argc == 3 ? acts.find(argv[2]) : acts.end();
     if (act == acts.end()) {
-        std::fputs("usage: windowActs FOLDER start|save|recreate|setting|plot|kmz\n", stderr);
+        std::fputs("usage: windowActs FOLDER start|save|export|recreate|setting|plot|kmz\n",
+                   stderr);
         return 2;
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");
