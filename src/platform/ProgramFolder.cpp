@@ -10,6 +10,15 @@ namespace tovrel {
 
 namespace {
 
+/// Whether the program is one that an installer put there, and not an archive that was unpacked.
+bool isInstalled(const std::string& executableFolder) {
+    return fileExists(joinPath(executableFolder, installedMark));
+}
+
+bool holdsUserFiles(const std::string& executableFolder) {
+    return !isInstalled(executableFolder) && isWritableFolder(executableFolder);
+}
+
 /// Gives a folder the data files that it lacks.
 void copyDataFiles(const std::string& from, const std::string& to) {
     const QStringList dataFiles = {QStringLiteral("*.pnt"), QStringLiteral("*.txt"),
@@ -33,7 +42,7 @@ void copyDataFiles(const std::string& from, const std::string& to) {
 
 std::string programFolder(const std::string& executableFolder, const std::string& userFolder) {
     // A disk that is full for the moment does not send the program to other settings.
-    if (isWritableFolder(executableFolder) || !QDir().mkpath(QString::fromStdString(userFolder)))
+    if (holdsUserFiles(executableFolder) || !QDir().mkpath(QString::fromStdString(userFolder)))
         return executableFolder;
     copyDataFiles(executableFolder, userFolder);
     return userFolder;
@@ -41,8 +50,8 @@ std::string programFolder(const std::string& executableFolder, const std::string
 
 std::string existingProgramFolder(const std::string& executableFolder,
                                   const std::string& userFolder) {
-    const bool usersServes = !isWritableFolder(executableFolder) &&
-                             QFileInfo(QString::fromStdString(userFolder)).isDir();
+    const bool usersServes =
+        !holdsUserFiles(executableFolder) && QFileInfo(QString::fromStdString(userFolder)).isDir();
     return usersServes ? userFolder : executableFolder;
 }
 
