@@ -1,6 +1,7 @@
 #include "app/Dialogs.h"
 
 #include "platform/ByteText.h"
+#include "platform/Files.h"
 
 #include <QColorDialog>
 #include <QDesktopServices>
@@ -27,7 +28,7 @@ std::optional<std::string> openFileDialog(QWidget& parent, const std::string& ti
     if (dialog.exec() != QDialog::Accepted) {
         return std::nullopt;
     }
-    return byteText(QDir::toNativeSeparators(dialog.selectedFiles().constFirst()));
+    return nativePath(dialog.selectedFiles().constFirst());
 }
 
 std::optional<Colour> colourDialog(QWidget& parent, Colour start) {

@@ -1,5 +1,7 @@
 #include "app/frmAbout.h"
 
+#include "platform/SystemInfo.h"
+
 #include <QApplication>
 #include <QFrame>
 #include <QIcon>
@@ -56,8 +58,10 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, const QString& fo
     info->setAutoDefault(true);
     connect(ok, &QPushButton::clicked, this, &QDialog::close);
     connect(info, &QPushButton::clicked, this, [this] {
-        StartSysInfo();
-        activateWindow(); // a message gives the focus back to the main window
+        if (!StartSysInfo()) {
+            prompt_.tell("System Information Is Unavailable At This Time");
+            activateWindow(); // a message gives the focus back to the main window
+        }
     });
     setTabOrder(ok, info);
 
@@ -71,11 +75,6 @@ frmAbout::frmAbout(UserPrompt& prompt, const QString& version, const QString& fo
     folderBox->setTextMargins(-2, 0, 0, 0);
     folderBox->setCursorPosition(0);
     folderBox->setStyleSheet(QStringLiteral("background: transparent; color: black"));
-}
-
-void frmAbout::StartSysInfo() {
-    // No platform that the program runs on has the tool of this kind at a known place.
-    prompt_.tell("System Information Is Unavailable At This Time");
 }
 
 } // namespace tovrel

@@ -19,8 +19,6 @@ public:
              QWidget* parent = nullptr);
 
 private:
-    void StartSysInfo();
-
     UserPrompt& prompt_;
 };
 

@@ -267,7 +267,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     event->accept();
     const QList<QUrl> files = event->mimeData()->urls();
     const std::string path =
-        files.size() == 1 ? byteText(files.constFirst().toLocalFile()) : std::string();
+        files.size() == 1 ? nativePath(files.constFirst().toLocalFile()) : std::string();
     // The program that the file comes from waits for the end of this event.
     QTimer::singleShot(0, this, [this, path] { plotFile(path); });
 }

@@ -1,7 +1,8 @@
 #include "app/QtPrompt.h"
 #include "app/frmMain.h"
-#include "platform/ByteText.h"
+#include "platform/Files.h"
 #include "platform/ProgramFolder.h"
+#include "platform/Streams.h"
 #include "platform/frmControls.h"
 #include "platform/frmStyle.h"
 #include "run/CommandLine.h"
@@ -29,7 +30,7 @@ QIcon programIcon() {
 std::string fullPath(const std::string& path) {
     return path.empty()
                ? path
-               : tovrel::byteText(QFileInfo(QString::fromStdString(path)).absoluteFilePath());
+               : tovrel::nativePath(QFileInfo(QString::fromStdString(path)).absoluteFilePath());
 }
 
 } // namespace
@@ -37,8 +38,8 @@ std::string fullPath(const std::string& path) {
 int main(int argc, char* argv[]) {
     // The whole command line is a name: Qt must not take options out of it.
     std::string line;
-    for (int i = 1; i < argc; ++i) {
-        line.append(i > 1 ? " " : "").append(argv[i]);
+    for (const std::string& argument : tovrel::programArguments(argc, argv)) {
+        line.append(line.empty() ? "" : " ").append(argument);
     }
     const tovrel::CommandLine commandLine = tovrel::readCommandLine(line);
     int qtArguments = 1;
@@ -51,8 +52,8 @@ int main(int argc, char* argv[]) {
     QApplication::setFont(tovrel::windowFont());
 
     const std::string folder = tovrel::programFolder(
-        tovrel::byteText(QApplication::applicationDirPath()),
-        tovrel::byteText(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+        tovrel::nativePath(QApplication::applicationDirPath()),
+        tovrel::nativePath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     tovrel::RunData data(folder, commandLine.IniFileName);
     if (data.ini.state() == tovrel::PrivateProfile::State::Foreign) {
         tovrel::QtPrompt(nullptr).tell("This is no settings file.\r\n" + data.ini.path() +

@@ -1,13 +1,13 @@
 #include "batch/BatchConsole.h"
 
 #include "batch/BatchOutput.h"
-#include "batch/Interruption.h"
 #include "platform/ByteText.h"
+#include "platform/Interruption.h"
+#include "platform/Streams.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <unistd.h>
 
 namespace tovrel {
 
@@ -30,7 +30,7 @@ std::string oneLine(std::string_view text) {
 } // namespace
 
 BatchConsole::BatchConsole(bool quiet, bool& AbortRequested)
-    : quiet_(quiet), progressVisible_(!quiet && isatty(STDERR_FILENO) != 0),
+    : quiet_(quiet), progressVisible_(!quiet && isTerminal(stderr)),
       AbortRequested_(AbortRequested) {}
 
 void BatchConsole::tell(const std::string& text, MessageIcon /*icon*/) {
@@ -83,7 +83,8 @@ void BatchConsole::showProgress(float value) {
     const int percent = static_cast<int>(value / maximum_ * 100.0F);
     if (progressVisible_ && percent != shownPercent_) {
         shownPercent_ = percent;
-        std::fprintf(stderr, "\r%s %3d %%", status_.c_str(), percent);
+        const QString number = QString::number(percent).rightJustified(3);
+        writeStream(stderr, "\r" + status_ + " " + byteText(number) + " %");
     }
 }
 
@@ -95,7 +96,7 @@ void BatchConsole::yield() {
 
 void BatchConsole::endLine() {
     if (shownPercent_ >= 0) {
-        std::fputc('\n', stderr);
+        writeStream(stderr, "\n");
         shownPercent_ = -1;
     }
 }

@@ -4,10 +4,10 @@
 #include "batch/BatchOutput.h"
 #include "batch/BatchReport.h"
 #include "batch/BatchSettings.h"
-#include "batch/Interruption.h"
 #include "export/GoogleExport.h"
 #include "platform/ByteText.h"
 #include "platform/Files.h"
+#include "platform/Interruption.h"
 #include "platform/WorkFolder.h"
 
 #include <QDir>

@@ -1,37 +1,28 @@
 #include "batch/BatchOutput.h"
 
 #include "batch/BatchOptions.h"
-#include "batch/Interruption.h"
 #include "platform/ByteText.h"
 #include "platform/Files.h"
+#include "platform/Interruption.h"
+#include "platform/Streams.h"
 #include "run/MapSheet.h"
 
 #include <QBuffer>
 #include <QFile>
-#include <QFileInfo>
 #include <cerrno>
 #include <cstdio>
-#include <system_error>
 
 namespace tovrel {
 
 namespace {
 
-/// Writes into a stream that is no file of ours to replace.
-/// @return reason of a failure
-WriteEnd writeInto(std::FILE* stream, std::string_view bytes) {
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream) == bytes.size() &&
-                         std::fflush(stream) == 0;
-    return {written ? std::string() : std::generic_category().message(errno)};
-}
-
 /// Writes into a device or a pipe, which no new file may replace.
 WriteEnd writeIntoDevice(const std::string& path, std::string_view bytes) {
-    std::FILE* const file = std::fopen(path.c_str(), "wb");
+    std::FILE* const file = openStream(path, "wb");
     if (file == nullptr) {
-        return {std::generic_category().message(errno)};
+        return {reasonOf(static_cast<std::errc>(errno))};
     }
-    WriteEnd end = writeInto(file, bytes);
+    WriteEnd end{writeStream(file, bytes)};
     std::fclose(file);
     return end;
 }
@@ -45,9 +36,7 @@ std::optional<qint64> epochTold() {
 
 } // namespace
 
-void printError(const std::string& line) {
-    std::fprintf(stderr, "tovrel-batch: %s\n", line.c_str());
-}
+void printError(const std::string& line) { writeStream(stderr, "tovrel-batch: " + line + "\n"); }
 
 std::string cantText(const std::string& path, const std::string& done, const std::string& reason) {
     return path + " can't be " + done + ": " + reason;
@@ -60,13 +49,11 @@ bool cantWrite(const std::string& path, const std::string& reason) {
 
 bool writeResult(const std::string& path, std::string_view bytes) {
     if (path == "-") {
-        const WriteEnd end = writeInto(stdout, bytes);
+        const WriteEnd end{writeStream(stdout, bytes)};
         return end || cantWrite("standard output", end.reason);
     }
-    const QFileInfo place(QString::fromStdString(path));
     const UnfinishedFile unfinished;
-    const bool device = place.exists() && !place.isFile() && !place.isDir();
-    const WriteEnd end = device ? writeIntoDevice(path, bytes) : writeFile(path, bytes);
+    const WriteEnd end = isDevice(path) ? writeIntoDevice(path, bytes) : writeFile(path, bytes);
     return end || cantWrite(path, end.reason);
 }
 
@@ -77,13 +64,13 @@ bool copyToStandardOutput(const std::string& file) {
     while (good && !source.atEnd()) {
         const QByteArray block = source.read(blockSize);
         good = !block.isEmpty();
-        const WriteEnd end =
-            writeInto(stdout, {block.constData(), static_cast<std::size_t>(block.size())});
+        const WriteEnd end{
+            writeStream(stdout, {block.constData(), static_cast<std::size_t>(block.size())})};
         if (!end) {
             return cantWrite("standard output", end.reason);
         }
     }
-    return good || cantWrite("standard output", byteText(source.errorString()));
+    return good || cantWrite("standard output", reasonOf(source));
 }
 
 bool writeMap(const std::string& path, const QImage& map, Paper paper,

@@ -4,7 +4,6 @@
 #include "export/GoogleExport.h"
 #include "platform/Files.h"
 
-#include <QFileInfo>
 #include <utility>
 #include <vector>
 
@@ -49,11 +48,6 @@ std::vector<NamedPath> inputsOf(const BatchOptions& options) {
         inputs.push_back({std::string(name), filePath(options.folder, name)});
     }
     return inputs;
-}
-
-bool isDevice(const std::string& path) {
-    const QFileInfo place(QString::fromStdString(path));
-    return place.exists() && !place.isFile() && !place.isDir();
 }
 
 PlaceFault wrongUse(const NamedPath& output, const std::string& other) {

@@ -3,10 +3,12 @@
 #include "batch/BatchOutput.h"
 #include "batch/BatchPlaces.h"
 #include "batch/BatchPlot.h"
-#include "batch/Interruption.h"
 #include "platform/ByteText.h"
+#include "platform/Files.h"
+#include "platform/Interruption.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SpooledInput.h"
+#include "platform/Streams.h"
 #include "platform/Threads.h"
 #include "run/Commands.h"
 
@@ -26,7 +28,7 @@ using tovrel::BatchResult;
 /// Qt's warnings (no runtime folder, an odd font) mean nothing to a script.
 void onlyCritical(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) {
-        std::fprintf(stderr, "%s\n", qPrintable(text));
+        tovrel::writeStream(stderr, tovrel::byteText(text) + "\n");
     }
 }
 
@@ -38,8 +40,8 @@ BatchResult fail(BatchResult result, const std::string& line) {
 BatchResult runCommand(BatchOptions options) {
     if (options.folder.empty()) {
         options.folder = tovrel::existingProgramFolder(
-            tovrel::byteText(QGuiApplication::applicationDirPath()),
-            tovrel::byteText(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
+            tovrel::nativePath(QGuiApplication::applicationDirPath()),
+            tovrel::nativePath(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)));
     } else if (!QFileInfo(QString::fromStdString(options.folder)).isDir()) {
         return fail(BatchResult::FileFailed, "there is no folder " + options.folder);
     }
@@ -72,7 +74,8 @@ BatchResult print(const std::string& text) {
 }
 
 BatchResult answer(int argc, char* argv[]) {
-    const tovrel::ParsedOptions parsed = tovrel::parseOptions({argv + 1, argv + argc});
+    tovrel::setUpStreams();
+    const tovrel::ParsedOptions parsed = tovrel::parseOptions(tovrel::programArguments(argc, argv));
     if (!parsed.error.empty()) {
         return fail(BatchResult::WrongUse, parsed.error);
     }

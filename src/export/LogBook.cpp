@@ -85,7 +85,7 @@ bool LogBook::WriteKmlHead(const std::string& KmlFileName, std::string_view MyCa
                            std::string_view scale) {
     file_.setFileName(QString::fromStdString(KmlFileName));
     if (!file_.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered)) {
-        error_ = byteText(file_.errorString());
+        error_ = reasonOf(file_);
         return false;
     }
     MyCall_ = MyCall;
@@ -182,7 +182,7 @@ bool LogBook::close() {
     writeBuffer();
     file_.close();
     if (!failed() && file_.error() != QFileDevice::NoError) {
-        error_ = byteText(file_.errorString());
+        error_ = reasonOf(file_);
     }
     return !failed();
 }

@@ -114,7 +114,7 @@ bool ZipFile::ReadAndCompress(const std::string& path) {
     if (!fileExists(path))
         return fail("file not found");
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(byteText(file.errorString()));
+        return fail(reasonOf(file));
     const QDateTime modified = file.fileTime(QFileDevice::FileModificationTime).toLocalTime();
     date_ = DosDate(modified);
     time_ = DosTime(modified);
@@ -130,7 +130,7 @@ bool ZipFile::deflateFile(QFile& file) {
     while (got == blockSize) {
         got = readBlock(file, block.get(), blockSize);
         if (got < 0)
-            return fail(byteText(file.errorString()));
+            return fail(reasonOf(file));
         const std::string_view bytes(block.get(), static_cast<std::size_t>(got));
         source_.add(bytes);
         const bool deflated = deflater.take(bytes, got < blockSize, [this](std::string_view piece) {

@@ -1,6 +1,5 @@
 #include "log/LogFile.h"
 
-#include "platform/ByteText.h"
 #include "platform/Files.h"
 
 #include <algorithm>
@@ -13,7 +12,7 @@ LogFile::LogFile(const std::string& path, Check check)
     if (const FileContent none = readFile(path, 0); !none) {
         error_ = none.isMissing() ? "No such file or directory" : none.reason;
     } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        error_ = byteText(file_.errorString());
+        error_ = reasonOf(file_);
     } else {
         size_ = file_.size();
     }
@@ -29,8 +28,7 @@ std::int64_t LogFile::read(char* to, std::int64_t most) {
     }
     const qint64 got = file_.read(to, wanted);
     if (got <= 0) {
-        return fail(got < 0 ? byteText(file_.errorString())
-                            : "the file became shorter while it was read");
+        return fail(got < 0 ? reasonOf(file_) : "the file became shorter while it was read");
     }
     bytesRead_ += got;
     if (check_ == Check::SameBytes) {
@@ -54,7 +52,7 @@ void LogFile::rewind() {
     bytesRead_ = 0;
     sum_ = {};
     if (error_.empty() && !file_.seek(0)) {
-        fail(byteText(file_.errorString()));
+        fail(reasonOf(file_));
     }
 }
 

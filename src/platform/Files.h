@@ -1,16 +1,27 @@
 #pragma once
 
-#include <QSaveFile>
+#include <QFileDevice>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 /// Whole files and paths. Paths are UTF-8 bytes. Reasons are short, in the system's words ("No
 /// space left on device"), UTF-8, and name no file.
 namespace tovrel {
+
+/// A message of the system as a reason: blanks, line ends and stops at its end taken off.
+std::string withoutStop(const QString& text);
+
+/// Why something failed, as the C library words it.
+std::string reasonOf(std::errc error);
+
+/// Why the last act on an open file failed, or its opening.
+std::string reasonOf(const QIODevice& file);
 
 /// The two parts of a path, cut after the last separator ("/" or "\").
 struct PathParts {
@@ -24,6 +35,9 @@ PathParts splitPath(std::string_view path);
 /// Folder and name joined with the platform's separator, never two of them.
 std::string joinPath(std::string_view folder, std::string_view name);
 
+/// A path of Qt's, which parts all folders by "/", as users of the system write it; UTF-8.
+std::string nativePath(const QString& path);
+
 /// A path as the system's own calls take it.
 std::filesystem::path systemPath(const std::string& path);
 
@@ -35,6 +49,12 @@ bool isSameFile(const std::string& a, const std::string& b);
 
 /// The same of places, whether a file stands there or not.
 bool isSamePlace(const std::string& a, const std::string& b);
+
+/// Whether a path names a device or a pipe, into which is written and which no file may replace.
+bool isDevice(const std::string& path);
+
+/// Hides a folder from those who list what its parent holds.
+void hideFolder(const std::string& path);
 
 /// Whether this user may make and rename files in a folder. The system is asked, and no file tried.
 bool isWritableFolder(const std::string& folder);
@@ -95,6 +115,11 @@ public:
     /// @param path of a plain file, or of none; what is wrong with it shows in error()
     explicit FileReplacement(const std::string& path);
 
+    /// A file that was not committed leaves all as it was.
+    ~FileReplacement();
+    FileReplacement(const FileReplacement&) = delete;
+    FileReplacement& operator=(const FileReplacement&) = delete;
+
     /// Appends bytes. After a failure nothing more is written.
     /// @return whether all is well so far
     bool write(std::string_view bytes);
@@ -109,7 +134,14 @@ public:
     const std::string& error() const { return error_; }
 
 private:
-    QSaveFile file_;
+    // Unbuffered, so that each write tells what became of it: what fails in a buffer that is
+    // emptied by the commit goes unnoticed, and a short file replaces the good one.
+    static constexpr QIODevice::OpenMode openMode = QIODevice::WriteOnly | QIODevice::Unbuffered;
+
+    void takePlace();
+
+    std::string place_; ///< where links of the path lead, on systems that need to know
+    std::unique_ptr<QFileDevice> file_;
     std::int64_t size_ = 0;
     std::string error_;
 };

@@ -2,81 +2,18 @@
 
 #include "platform/ByteText.h"
 #include "platform/Files.h"
+#include "platform/FolderLock.h"
 
 #include <QDir>
 #include <QFileInfo>
-#ifdef Q_OS_UNIX
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-#else
-#include <QLockFile>
-#endif
 
 namespace tovrel {
 
 namespace {
 
 const QString prefix = QStringLiteral(".tovrel-");
-const QString lockName = QStringLiteral("/lock");
-
-/// As QFileInfo numbers the owners of files.
-uint thisUser() {
-#ifdef Q_OS_UNIX
-    return geteuid();
-#else
-    return QFileInfo(QDir::homePath()).ownerId();
-#endif
-}
 
 } // namespace
-
-#ifdef Q_OS_UNIX
-/// A lock that the system takes back when its holder dies. The file's content says nothing, so that
-/// a full disk and a kill at any moment leave none that is held for ever.
-class WorkFolder::Lock {
-public:
-    /// Takes the lock of a folder.
-    /// @param make whether the file is made if need be
-    Lock(const QString& folder, bool make) {
-        const std::string path = byteText(folder + lockName);
-        file_ = open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | (make ? O_CREAT : 0), 0600);
-        held_ = file_ >= 0 && flock(file_, LOCK_EX | LOCK_NB) == 0;
-        struct stat opened {};
-        struct stat named {};
-        // Whoever clears may have taken the file, or the whole folder, in between.
-        held_ = held_ && fstat(file_, &opened) == 0 && stat(path.c_str(), &named) == 0 &&
-                opened.st_ino == named.st_ino;
-    }
-    ~Lock() {
-        if (file_ >= 0)
-            close(file_);
-    }
-    Lock(const Lock&) = delete;
-    Lock& operator=(const Lock&) = delete;
-
-    bool isHeld() const { return held_; }
-
-private:
-    int file_ = -1;
-    bool held_ = false;
-};
-#else
-class WorkFolder::Lock {
-public:
-    Lock(const QString& folder, bool make) : file_(folder + lockName) {
-        file_.setStaleLockTime(0);
-        held_ = (make || QFileInfo::exists(folder + lockName)) && file_.tryLock(0);
-    }
-    bool isHeld() const { return held_; }
-
-private:
-    QLockFile file_;
-    bool held_ = false;
-};
-#endif
 
 WorkFolder::WorkFolder(const std::string& place) {
     constexpr int attempts = 10; // against a clearing that takes the new folder for a dead one
@@ -87,7 +24,8 @@ WorkFolder::WorkFolder(const std::string& place) {
         folder_ = std::make_unique<QTemporaryDir>(pattern);
         if (!isValid())
             return;
-        lock_ = std::make_unique<Lock>(folder_->path(), true);
+        hideFolder(byteText(folder_->path()));
+        lock_ = std::make_unique<FolderLock>(byteText(folder_->path()), true);
         if (lock_->isHeld())
             return;
     }
@@ -97,7 +35,7 @@ WorkFolder::WorkFolder(const std::string& place) {
 
 WorkFolder::~WorkFolder() = default;
 
-std::string WorkFolder::error() const { return byteText(folder_->errorString()); }
+std::string WorkFolder::error() const { return withoutStop(folder_->errorString()); }
 
 std::string WorkFolder::path(std::string_view name) const {
     return joinPath(byteText(folder_->path()), name);
@@ -109,15 +47,18 @@ void WorkFolder::clearDeadOnes(const std::string& place) {
     const QFileInfoList folders = QDir(QString::fromStdString(joinPath(place, {})))
                                       .entryInfoList({prefix + QLatin1Char('*')}, filters);
     for (const QFileInfo& folder : folders) {
-        const QFileInfo lockFile(folder.filePath() + lockName);
+        const std::string path = byteText(folder.filePath());
+        const std::string lockFile = joinPath(path, FolderLock::name);
         // One without anything in it was left between two steps; nothing is lost with it.
         if (QDir().rmdir(folder.filePath()))
             continue;
-        const bool ours = folder.ownerId() == thisUser() && lockFile.ownerId() == thisUser();
-        if (!lockFile.isFile() || lockFile.isSymLink() || !ours)
+        const bool isLink = QFileInfo(QString::fromStdString(lockFile)).isSymLink();
+        if (!fileExists(lockFile) || isLink || !isOwn(path) || !isOwn(lockFile))
             continue;
-        if (const Lock lock(folder.filePath(), false); lock.isHeld())
+        if (const FolderLock lock(path, false); lock.isHeld())
             QDir(folder.filePath()).removeRecursively();
+        // On some systems the lock's file stands until it is closed.
+        QDir().rmdir(folder.filePath());
     }
 }
 

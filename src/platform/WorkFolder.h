@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FolderLock.h"
+
 #include <QTemporaryDir>
 #include <memory>
 #include <string>
@@ -29,12 +31,10 @@ public:
     std::string path(std::string_view name) const;
 
 private:
-    class Lock;
-
     static void clearDeadOnes(const std::string& place);
 
     std::unique_ptr<QTemporaryDir> folder_;
-    std::unique_ptr<Lock> lock_; ///< released before the folder goes
+    std::unique_ptr<FolderLock> lock_; ///< released before the folder goes
 };
 
 } // namespace tovrel

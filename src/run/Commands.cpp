@@ -44,7 +44,7 @@ void Commands::Form_Load() {
         data_.ini.WriteIniValue(section::globals, "Version", GetVersionString());
     }
 
-    data_.run.LogFileName = data_.ini.ReadIniValue(section::log, "adifile");
+    data_.run.LogFileName = data_.ini.readPath(section::log, "adifile");
     if (!fileExists(data_.run.LogFileName)) {
         data_.run.LogFileName.clear();
     }
@@ -119,7 +119,7 @@ void Commands::Form_Unload() {
 }
 
 void Commands::mnuOpenADIFFile() {
-    const std::string known = data_.ini.ReadIniValue(section::log, "adifile");
+    const std::string known = data_.ini.readPath(section::log, "adifile");
     std::string filter = "ADIF Files (*.ADI)|*.ADI";
     if (data_.run.reading.format == LogFormat::Adif) {
         filter += "|All ADIF Files (*.adi;*.adif)|*.adi;*.adif";

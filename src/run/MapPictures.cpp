@@ -66,7 +66,7 @@ int MapPictures::neededResolution() const {
 
 void MapPictures::noteCustomMap() {
     if (!customMap_) {
-        customMap_ = data_.ini.ReadIniValue(data_.mapNames().section, "BaseMap");
+        customMap_ = data_.ini.readPath(data_.mapNames().section, "BaseMap");
     }
 }
 

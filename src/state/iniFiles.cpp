@@ -48,6 +48,10 @@ std::string iniFiles::ReadIniValue(std::string_view section, std::string_view ke
     return profile_.read(section, key, defaultValue, valueBuffer);
 }
 
+std::string iniFiles::readPath(std::string_view section, std::string_view key) const {
+    return byteText(displayText(ReadIniValue(section, key)));
+}
+
 bool iniFiles::WriteIniValue(std::string_view section, std::string_view key,
                              std::string_view value) {
     return profile_.write(section, trimBlanks(key), trimBlanks(value));

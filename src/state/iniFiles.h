@@ -53,6 +53,10 @@ public:
     std::string ReadIniValue(std::string_view section, std::string_view key,
                              std::string_view defaultValue = {}) const;
 
+    /// Path that a key holds. Bytes that are no UTF-8 count as Windows-1252, as programs for
+    /// Windows used to write it.
+    std::string readPath(std::string_view section, std::string_view key) const;
+
     /// Stores a value, blanks at both ends taken off key and value. The file is left alone when the
     /// key has that value.
     /// @return false when the value could not be stored

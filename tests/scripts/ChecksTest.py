@@ -43,7 +43,9 @@ class Includes(unittest.TestCase):
             "src/app/frmMain.cpp": b'#include "stats/frmMapStats.h"',
             "src/run/Commands.cpp": b"#include <QAction>",
             "src/app/MapView.cpp": b'#include "MapView.moc"',
-            "src/log/Reader.cpp": b"#include <string>",
+            "src/log/Reader.cpp": b"#include <string>\n#include <zlib.h>",
+            "src/platform/Files_win.cpp": b"#include <windows.h>",
+            "src/platform/Files_unix.cpp": b"#include <sys/stat.h>",
         }
         for name, line in cases.items():
             with self.subTest(name=name):
@@ -65,6 +67,10 @@ class Includes(unittest.TestCase):
             ("src/run/A.cpp", b'#include "run/../map/BaseMap.h"', "not written from src/"),
             ("src/run/deep/A.cpp", b"#include <string>", "no room"),
             ("src/A.cpp", b"#include <string>", "no room"),
+            ("src/log/A.cpp", b"#ifdef _WIN32", "a condition"),
+            ("src/platform/A_win.cpp", b" # if 1", "a condition"),
+            ("src/platform/A.cpp", b"#include <sys/stat.h>", "a system's header"),
+            ("src/log/A_win.cpp", b"#include <string>", "outside of platform/"),
         ]
         for name, line, why in cases:
             with self.subTest(name=name, line=line):

@@ -1,4 +1,4 @@
-#include "batch/Interruption.h"
+#include "platform/Interruption.h"
 
 #include <csignal>
 #include <initializer_list>
