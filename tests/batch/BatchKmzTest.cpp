@@ -1,9 +1,6 @@
 #include "batch/BatchRun.h"
 #include "export/Unpacked.h"
 
-#include <QDirIterator>
-#include <csignal>
-
 namespace tovrel {
 
 namespace {
@@ -54,28 +51,19 @@ TEST_F(BatchKmz, liesBesideTheLogAndIsCalledLikeItOrWhereItIsTold) {
               "Tovrel.ini club.logs in log.adi ");
 }
 
-TEST_F(BatchKmz, readsPipesAndWritesToThem) {
-    const std::vector<std::string> arguments = {log, folder.path(), work.path("p.kmz")};
-    const BatchEnd piped = runShell(
-        "cat \"$1\" | \"$0\" kmz - --folder \"$2\" --allow-incomplete --output \"$3\" --report -",
-        arguments);
-    EXPECT_EQ(piped.status, 0) << piped.err;
+TEST_F(BatchKmz, readsStandardInputAndWritesToStandardOutput) {
+    QProcess program;
+    startBatch(program,
+               {"kmz", "-", "--folder", folder.path(), "--allow-incomplete", "--output",
+                work.path("p.kmz"), "--report", "-"},
+               QString::fromStdString(log));
+    const BatchEnd read = endOf(program);
+    EXPECT_EQ(read.status, 0) << read.err;
     EXPECT_EQ(entryNames(work.read("p.kmz")), "log.kml ");
-    EXPECT_EQ(piped.out, run("kmz", {"--report", "-"}).out);
+    EXPECT_EQ(read.out, run("kmz", {"--report", "-"}).out);
     const BatchEnd out = run("kmz", {"--output", "-"});
     EXPECT_EQ(entryNames(out.out), "log.kml ");
     EXPECT_TRUE(firstEntryOf(out.out) == firstEntryOf(work.read("p.kmz")));
-
-    // The program has opened the pipe when its writer has; a signal that the caller ignores is
-    // none.
-    const BatchEnd fifo =
-        runShell("mkfifo \"$3\" && { { exec 3>\"$3\"; kill -HUP $$; cat \"$1\" >&3; } & } && "
-                 "trap '' HUP && exec \"$0\" plot \"$3\" --folder \"$2\" --report -",
-                 {log, folder.path(), work.path("pipe")});
-    EXPECT_EQ(fifo.out, run("plot", {"--report", "-"}).out) << fifo.err;
-    const BatchEnd broken = runShell("exec \"$0\" plot - --report - <\"$2\"", arguments);
-    EXPECT_EQ(broken.status, 3);
-    EXPECT_EQ(broken.err, "tovrel-batch: standard input can't be read: Is a directory\n");
 }
 
 TEST_F(BatchKmz, withoutAnIconComesOnlyWhenThatIsAllowed) {
@@ -119,66 +107,6 @@ TEST_F(BatchKmz, reportsTheExportAndThatNothingWasPlaced) {
     EXPECT_EQ(everythingIn(work.path()), "log.adi ");
     EXPECT_EQ(run("kmz", {"--bands", "2M", "--keep-kml"}).status, 1);
     EXPECT_EQ(everythingIn(work.path()), "log.adi log.kml ");
-}
-
-class BatchInterrupted : public BatchTest {
-protected:
-    /// Sends a signal to a run that is in the midst of its work: the file `begun` has bytes, and
-    /// `made` is not there yet. A run that was faster gets a longer log.
-    void interrupt(std::vector<std::string> arguments, const char* begun, const char* made,
-                   int signal) {
-        arguments.insert(arguments.begin() + 1, log);
-        arguments.insert(arguments.end(), {"--folder", folder.path(), "--allow-incomplete"});
-        std::string many = contacts();
-        while (many.size() < 500'000'000) {
-            while (many.size() < 10'000'000)
-                many += many;
-            work.write("log.adi", many);
-            QProcess program;
-            // Under nohup, or behind a shell's "&", it would be ignored.
-            program.setChildProcessModifier([signal] { std::signal(signal, SIG_DFL); });
-            startBatch(program, arguments);
-            while (!program.waitForFinished(1) && !hasBytes(begun)) {
-            }
-            if (program.state() == QProcess::Running)
-                kill(static_cast<pid_t>(program.processId()), signal);
-            const int status = endOf(program).status;
-            if (status == -1 && !std::filesystem::exists(work.path(made)))
-                return;
-            EXPECT_TRUE(status == -1 || status == 0);
-            std::filesystem::remove(work.path(made));
-            std::filesystem::remove(work.path(begun));
-            many += many;
-        }
-        FAIL() << "each run was over before its signal";
-    }
-    bool hasBytes(const char* name) const {
-        QDirIterator found(QString::fromStdString(work.path()), {QString::fromLatin1(name)},
-                           QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-        return found.hasNext() && (found.next(), found.fileInfo().size() > 0);
-    }
-};
-
-TEST_F(BatchInterrupted, leavesNothingHalfWritten) {
-    for (const int signal : {SIGINT, SIGHUP}) {
-        interrupt({"kmz"}, "log.kml", "log.kmz", signal);
-        EXPECT_EQ(everythingIn(work.path()), "log.adi ");
-    }
-    interrupt({"plot", "--base-map", work.path("b.bmp"), "--image", work.path("m.png")}, "b.bmp",
-              "m.png", SIGTERM);
-    EXPECT_EQ(everythingIn(work.path()), "b.bmp log.adi ");
-    // Nobody reads the report; the archive stands by then.
-    runShell("\"$0\" kmz \"$1\" --folder \"$2\" --allow-incomplete --report - | :",
-             {log, folder.path()});
-    EXPECT_EQ(everythingIn(work.path()), "b.bmp log.adi log.kmz ");
-}
-
-TEST_F(BatchInterrupted, leavesToTheNextRunWhatAKillLeft) {
-    interrupt({"kmz"}, "log.kml", "log.kmz", SIGKILL);
-    EXPECT_NE(everythingIn(work.path()), "log.adi ");
-    work.write("log.adi", contacts());
-    EXPECT_EQ(run("kmz", {}).status, 0);
-    EXPECT_EQ(everythingIn(work.path()), "log.adi log.kmz ");
 }
 
 } // namespace

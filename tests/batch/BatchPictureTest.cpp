@@ -135,31 +135,6 @@ TEST_F(BatchPicture, goesToStandardOutputAsPng) {
     }
 }
 
-#ifdef __linux__
-TEST_F(BatchPicture, comesWithoutHelperThreadsAndNotWithoutFonts) {
-    const std::string plot = " plot \"$1\" --folder \"$2\" --size 300 --image \"$3\"";
-    const std::vector<std::string> arguments = {log, folder.path(), work.path("map.png"),
-                                                work.path("program")};
-    std::filesystem::permissions(work.path(), std::filesystem::perms::all);
-    std::filesystem::permissions(folder.path(), std::filesystem::perms::all);
-    if (geteuid() == 0) { // whom no limit of processes would stop
-        // Another user may not reach the place of the build. The leak check of a build with
-        // sanitizers starts a process of its own.
-        const std::string limited = "cp \"$0\" \"$4\"; export ASAN_OPTIONS=detect_leaks=0; "
-                                    "ulimit -c 0; exec setpriv --reuid 65533 --clear-groups "
-                                    "--inh-caps=-all prlimit --nproc=1 \"$4\"";
-        const BatchEnd alone = runShell(limited + plot, arguments);
-        EXPECT_EQ(alone.status, 0) << alone.err;
-        EXPECT_EQ(QImage(QString::fromStdString(work.path("map.png"))).width(), 300);
-    }
-    const std::string none = folder.write("fonts.conf", "<fontconfig></fontconfig>");
-    const BatchEnd mute =
-        runShell("export FONTCONFIG_FILE=" + none + "; exec \"$0\"" + plot, arguments);
-    EXPECT_EQ(mute.status, 3);
-    EXPECT_NE(mute.err.find("No font is installed"), std::string::npos) << mute.err;
-}
-#endif
-
 TEST(BatchProgram, TellsOfItselfOnStandardOutput) {
     const BatchEnd help = runBatch({"--help"});
     EXPECT_EQ(help.status, 0);
@@ -174,14 +149,6 @@ TEST(BatchProgram, TellsOfItselfOnStandardOutput) {
     for (std::string line; std::getline(lines, line); ++count)
         EXPECT_LE(line.size(), 80U) << line;
     EXPECT_LE(count, 45) << "a screen";
-#ifdef __linux__
-    for (const char* option : {"--help", "--version"}) {
-        const BatchEnd full = runShell("exec \"$0\" \"$1\" >/dev/full", {option});
-        EXPECT_EQ(full.status, 3);
-        EXPECT_EQ(full.err, "tovrel-batch: standard output can't be written: "
-                            "No space left on device\n");
-    }
-#endif
 }
 
 } // namespace

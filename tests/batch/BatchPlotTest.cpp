@@ -56,19 +56,6 @@ TEST_F(BatchPlot, withNothingToPlotEndsWithItsOwnStatus) {
     EXPECT_NE(last.find("filter"), std::string::npos) << last;
 }
 
-#ifdef __linux__
-TEST_F(BatchPlot, showsItsProgressOnATerminalUnlessItIsQuiet) {
-    for (const std::string quiet : {"", "--quiet"}) {
-        const BatchEnd end =
-            runShell("p=$0; l=$1; f=$2; export p l f; exec script -qec '\"$p\" plot "
-                     "\"$l\" --folder \"$f\" --report /dev/null " +
-                         quiet + "' /dev/null",
-                     {log, folder.path()});
-        EXPECT_EQ(end.out.find(" %") != std::string::npos, quiet.empty()) << end.out;
-    }
-}
-#endif
-
 TEST_F(BatchPlot, filterGroupsThatAreGivenReplaceThoseOfTheSettings) {
     const struct {
         std::vector<std::string> options;

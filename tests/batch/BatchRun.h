@@ -32,13 +32,15 @@ inline std::string joined(const std::vector<std::string>& arguments) {
     return qtArguments(arguments).join(QLatin1Char(' ')).toStdString();
 }
 
-/// The program on its way, with no display to draw on and nothing to read.
-inline void startBatch(QProcess& program, const std::vector<std::string>& arguments) {
+/// The program on its way, with no display to draw on.
+/// @param input file that is standard input
+inline void startBatch(QProcess& program, const std::vector<std::string>& arguments,
+                       const QString& input = QProcess::nullDevice()) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
         environment.remove(QString::fromLatin1(name));
     program.setProcessEnvironment(environment);
-    program.setStandardInputFile(QProcess::nullDevice());
+    program.setStandardInputFile(input);
     program.start(QStringLiteral(TOVREL_BATCH_PROGRAM), qtArguments(arguments));
 }
 
@@ -53,17 +55,6 @@ inline BatchEnd runBatch(const std::vector<std::string>& arguments) {
     QProcess program;
     startBatch(program, arguments);
     return endOf(program);
-}
-
-/// Runs a line of the shell, in which $0 is the program and $1 and on the arguments.
-inline BatchEnd runShell(const std::string& line, const std::vector<std::string>& arguments) {
-    QProcess shell;
-    shell.setStandardInputFile(QProcess::nullDevice());
-    QStringList all = {QStringLiteral("-c"), QString::fromStdString(line),
-                       QStringLiteral(TOVREL_BATCH_PROGRAM)};
-    all += qtArguments(arguments);
-    shell.start(QStringLiteral("sh"), all);
-    return endOf(shell);
 }
 
 /// All that a folder holds, hidden things and folders too, each followed by a blank.

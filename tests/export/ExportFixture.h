@@ -69,4 +69,28 @@ protected:
     bool canOpen = true;
 };
 
+/// Exports that fail: each tells so once and shows nothing else.
+class ExportFailureTest : public ExportTest {
+protected:
+    void expectFailure(ExportEnd end, const std::string& message, const std::string& left) {
+        prompt.told.clear();
+        data.stats.lists().lstStats = {"of an earlier pass"};
+        EXPECT_EQ(exportLog(), end);
+        ASSERT_EQ(prompt.told.size(), 1U);
+        EXPECT_TRUE(prompt.told[0].starts_with(message)) << prompt.told[0];
+        EXPECT_FALSE(listener.open);
+        EXPECT_TRUE(data.stats.lists().lstStats.empty());
+        EXPECT_TRUE(prompt.asked.empty() && opened.empty());
+        EXPECT_EQ(logs.names(), left);
+    }
+
+    static constexpr int many = 2000; // more than a buffer of the document holds
+    static std::string manyRecords() {
+        std::string log;
+        for (int i = 0; i < many; ++i)
+            log += record("A1A");
+        return log;
+    }
+};
+
 } // namespace tovrel

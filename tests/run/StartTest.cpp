@@ -166,18 +166,6 @@ TEST(MapPictures, HaveThePixelsOfTheScreenThatTheyComeTo) {
     EXPECT_EQ(program.map->Picture2.pixelWidth(), pixels);
 }
 
-TEST(Start, ThatChangesNoSettingWritesNoFile) {
-    TestProgram program(home);
-    program.start();
-    program.restart();
-    program.start(); // repairs the key that a first run leaves out
-    const ReadOnlyFolder locked(program.folder);
-    program.restart();
-    program.start();
-    EXPECT_FALSE(program.data->ini.takeFailure()) << "of a write";
-    EXPECT_TRUE(program.prompt.told.empty());
-}
-
 TEST(Start, WithSettingsOutOfReachShowsTheDefaultsAndTouchesNothing) {
     TestProgram program;
     writeCache(program.folder);
@@ -207,25 +195,6 @@ TEST(Start, WithACacheTheOverlaysComeAsStored) {
     program.data->ini.WriteIniValue("GCMapOptions", "ShowComp", "False");
     program.start();
     EXPECT_EQ(inkOf(program.map->Picture1, black).count, 0);
-}
-
-TEST(Start, ACacheThatCantBeWrittenServesFromMemory) {
-    TestProgram program(home);
-    const ReadOnlyFolder locked(program.folder);
-    program.start();
-    program.map->ResetMap();
-    EXPECT_EQ(program.look(), "world home ") << "the map never goes blank";
-    program.commands->mnuMiller();
-    EXPECT_EQ(program.look(), "world home ");
-    EXPECT_EQ(program.folder.names(), "Tovrel.ini mapper.pnt paintma.txt ");
-    const auto failure = [&program](const char* what, const char* file) {
-        return what + std::string("\r\n") + program.folder.path(file) + "\r\nPermission denied";
-    };
-    EXPECT_EQ(program.prompt.told,
-              (std::vector{failure("The tag list could not be created.", "TVADIF.txt"),
-                           failure("The base map could not be stored.", "GCBaseMap.map"),
-                           failure("The base map could not be stored.", "MillerBaseMap.map")}));
-    EXPECT_EQ(program.data->ini.takeFailure().value().what, "The settings could not be stored.");
 }
 
 TEST(Start, TellsOfADamagedCoastlineAndCachesNoMapWithoutIt) {

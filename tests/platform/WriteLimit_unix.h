@@ -1,6 +1,5 @@
 #pragma once
 
-#ifdef __unix__
 #include <csignal>
 #include <sys/resource.h>
 
@@ -27,4 +26,3 @@ private:
 };
 
 } // namespace tovrel
-#endif
