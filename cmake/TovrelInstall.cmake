@@ -1,3 +1,10 @@
+if(WIN32)
+    # One folder holds all; scripts/package-windows adds the libraries.
+    install(TARGETS tovrel tovrel-batch RUNTIME DESTINATION .)
+    install(FILES ${TOVREL_DATA_FILES} DESTINATION .)
+    return()
+endif()
+
 # The programs look for their data beside themselves, so they live in a folder of their own,
 # with links to them in the folder for programs.
 include(GNUInstallDirs)
