@@ -1,3 +1,5 @@
+#include "platform/OffscreenFonts.h"
+
 #include <QByteArray>
 #include <QGuiApplication>
 
@@ -8,6 +10,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
     }
+    tovrel::findFontsOffscreen();
     testing::InitGoogleTest(&argc, argv);
     const QGuiApplication application(argc, argv);
     return RUN_ALL_TESTS();

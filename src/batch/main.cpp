@@ -6,6 +6,7 @@
 #include "platform/ByteText.h"
 #include "platform/Files.h"
 #include "platform/Interruption.h"
+#include "platform/OffscreenFonts.h"
 #include "platform/ProgramFolder.h"
 #include "platform/SpooledInput.h"
 #include "platform/Streams.h"
@@ -95,6 +96,7 @@ BatchResult answer(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Qt numbers the parts of a page in the order of a hash table: the same one in each run.
     QHashSeed::setDeterministicGlobalSeed();
+    tovrel::findFontsOffscreen();
     int qtArguments = 1;
     const QGuiApplication application(qtArguments, argv);
     QGuiApplication::setApplicationName(QStringLiteral("Tovrel"));
