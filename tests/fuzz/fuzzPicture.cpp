@@ -1,6 +1,7 @@
 #include "fuzz/Fuzz.h"
 #include "map/BaseMapCache.h"
 #include "map/MapColours.h"
+#include "map/PictureFile.h"
 #include "map/TopoOverlay.h"
 #include "platform/TestDoubles.h"
 #include "platform/TestFolder.h"
