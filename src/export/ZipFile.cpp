@@ -113,8 +113,8 @@ bool ZipFile::ReadAndCompress(const std::string& path) {
     QFile file(QString::fromStdString(path));
     if (!fileExists(path))
         return fail("file not found");
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return fail(reasonOf(file));
+    if (const std::string reason = openForReading(file); !reason.empty())
+        return fail(reason);
     const QDateTime modified = file.fileTime(QFileDevice::FileModificationTime).toLocalTime();
     date_ = DosDate(modified);
     time_ = DosTime(modified);

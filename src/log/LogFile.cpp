@@ -11,9 +11,8 @@ LogFile::LogFile(const std::string& path, Check check)
     : file_(QString::fromStdString(path)), check_(check) {
     if (const FileContent none = readFile(path, 0); !none) {
         error_ = none.isMissing() ? "No such file or directory" : none.reason;
-    } else if (!file_.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
-        error_ = reasonOf(file_);
     } else {
+        error_ = openForReading(file_);
         size_ = file_.size();
     }
 }

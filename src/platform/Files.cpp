@@ -78,16 +78,19 @@ std::string faultOfPlace(const std::string& path) {
 }
 
 std::string findFile(const std::string& folder, std::string_view name) {
-    std::string exact = joinPath(folder, name);
-    if (fileExists(exact))
-        return exact;
+    // The folder is asked how it spells the name, even where case never counts.
+    std::string found;
     const QStringList names = QDir(fileName(folder)).entryList(QDir::Files, QDir::Name);
     for (const QString& candidate : names) {
         const std::string bytes = byteText(candidate);
-        if (equalIgnoringCase(bytes, name))
-            return joinPath(folder, bytes);
+        if (bytes == name || (found.empty() && equalIgnoringCase(bytes, name)))
+            found = joinPath(folder, bytes);
+        if (bytes == name)
+            break;
     }
-    return {};
+    if (found.empty() && fileExists(joinPath(folder, name)))
+        found = joinPath(folder, name); // of a folder that can't be listed, or a path in it
+    return found;
 }
 
 std::string filePath(const std::string& folder, std::string_view name) {
@@ -99,9 +102,9 @@ FileContent readFile(const std::string& path, std::int64_t most) {
     if (!fileExists(path))
         return notAPlainFile(path);
     QFile file(fileName(path));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
+    if (std::string reason = openForReading(file); !reason.empty()) {
         // It may have gone since it was looked at.
-        return file.exists() ? FileContent::unreadable(reasonOf(file)) : FileContent();
+        return file.exists() ? FileContent::unreadable(std::move(reason)) : FileContent();
     }
     // One byte more than the file is said to have tells whether it is longer by now.
     std::string bytes;

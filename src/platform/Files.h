@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QFileDevice>
+#include <QFile>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -96,6 +96,12 @@ struct FileContent {
 /// @param most how many bytes are wanted at the most
 FileContent readFile(const std::string& path,
                      std::int64_t most = std::numeric_limits<std::int64_t>::max());
+
+/// Opens a file to be read without a buffer. On any system other programs may append to it, replace
+/// it or take it away meanwhile; a file that its writer shares with nobody can't be opened.
+/// @param file has a name and is closed
+/// @return reason of a failure; empty when it is open
+std::string openForReading(QFile& file);
 
 /// Writes bytes to an open file that has no buffer of its own.
 /// @return reason of a failure; empty when all of them were written

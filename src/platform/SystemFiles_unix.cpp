@@ -23,6 +23,10 @@ std::string whyNoPlainFile(const std::string& path) {
                                                          : "Not a plain file";
 }
 
+std::string openForReading(QFile& file) {
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) ? std::string() : reasonOf(file);
+}
+
 std::string syncFile(int handle) {
     if (fsync(handle) == 0 || errno == EINVAL || errno == ENOTSUP)
         return {};

@@ -1,3 +1,4 @@
+#include "platform/ByteText.h"
 #include "platform/Files.h"
 #include "platform/SystemFiles.h"
 #include "platform/WindowsPaths.h"
@@ -5,6 +6,7 @@
 #include <QFileInfo>
 #include <array>
 #include <cerrno>
+#include <fcntl.h>
 #include <io.h>
 #include <memory>
 #include <optional>
@@ -86,6 +88,19 @@ std::string whyNoPlainFile(const std::string& path) {
     const bool missing =
         std::find(nothingThere.begin(), nothingThere.end(), error) != nothingThere.end();
     return missing ? std::string() : windowsReason(error);
+}
+
+std::string openForReading(QFile& file) {
+    // As Qt opens it, a file could be neither renamed nor replaced.
+    const HANDLE handle =
+        CreateFileW(widePath(byteText(file.fileName())).c_str(), GENERIC_READ, anySharing, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE)
+        return windowsReason(GetLastError());
+    const int number =
+        _open_osfhandle(reinterpret_cast<std::intptr_t>(handle), _O_RDONLY | _O_BINARY);
+    constexpr QIODevice::OpenMode mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
+    return file.open(number, mode, QFileDevice::AutoCloseHandle) ? std::string() : reasonOf(file);
 }
 
 std::string syncFile(int handle) {

@@ -38,7 +38,7 @@ WorkFolder::~WorkFolder() = default;
 std::string WorkFolder::error() const { return withoutStop(folder_->errorString()); }
 
 std::string WorkFolder::path(std::string_view name) const {
-    return joinPath(byteText(folder_->path()), name);
+    return joinPath(nativePath(folder_->path()), name);
 }
 
 void WorkFolder::clearDeadOnes(const std::string& place) {

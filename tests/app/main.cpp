@@ -1,3 +1,4 @@
+#include "platform/OffscreenFonts.h"
 #include "platform/frmControls.h"
 #include "platform/frmStyle.h"
 
@@ -10,6 +11,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
     }
+    tovrel::findFontsOffscreen();
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     // Sizes and texts have to be the program's, and the same on every machine.

@@ -20,12 +20,14 @@ protected:
 TEST_F(BatchKmz, liesBesideTheLogAndIsCalledLikeItOrWhereItIsTold) {
     std::filesystem::create_directory(work.path("club.logs"));
     std::filesystem::create_directory(work.path("in"));
+    std::filesystem::create_directory(systemPath(work.path("Größe Ж")));
     const struct {
         std::string log, archive, document;
     } cases[] = {{"./log.adi", "log.kmz", "log.kml"},
                  {"my.log.adi", "my.log.kmz", "mylog.kml"},
                  {"club.logs/log.adi", "club.logs/log.kmz", "log.kml"},
                  {".adi", ".adi.kmz", ".adi.kml"},
+                 {"Größe Ж/Журнал 世.adi", "Größe Ж/Журнал 世.kmz", "Журнал 世.kml"},
                  {"in/../noext", "noext.kmz", "noext.kml"}};
     for (const auto& c : cases) {
         work.write(c.log, contacts());
@@ -34,10 +36,10 @@ TEST_F(BatchKmz, liesBesideTheLogAndIsCalledLikeItOrWhereItIsTold) {
         startBatch(program, {"kmz", c.log, "--folder", folder.path(), "--allow-incomplete"});
         EXPECT_EQ(endOf(program).status, 0) << c.log;
         EXPECT_EQ(entryNames(work.read(c.archive)), c.document + " ") << "there are no icons";
-        std::filesystem::remove(work.path(c.archive));
-        std::filesystem::remove(work.path(c.log));
+        std::filesystem::remove(systemPath(work.path(c.archive)));
+        std::filesystem::remove(systemPath(work.path(c.log)));
     }
-    EXPECT_EQ(everythingIn(work.path()), "club.logs in ");
+    EXPECT_EQ(everythingIn(work.path()), "Größe Ж club.logs in ");
     work.write("log.adi", contacts());
     const TestFolder other;
     for (const auto& [option, left] :
@@ -48,7 +50,7 @@ TEST_F(BatchKmz, liesBesideTheLogAndIsCalledLikeItOrWhereItIsTold) {
         EXPECT_EQ(everythingIn(other.path()), left);
     }
     EXPECT_EQ(everythingIn(folder.path()) + everythingIn(work.path()),
-              "Tovrel.ini club.logs in log.adi ");
+              "Tovrel.ini Größe Ж club.logs in log.adi ");
 }
 
 TEST_F(BatchKmz, readsStandardInputAndWritesToStandardOutput) {

@@ -8,6 +8,19 @@
 namespace tovrel {
 namespace {
 
+TEST(iniFiles, readsPathsOfBothEncodingsAndLeavesThemAsTheyAre) {
+    const TestFolder folder;
+    const std::string old = "[Log]\r\nadifile=C:\\Gr\xF6\xDF"
+                            "e\\\x80.adi\r\n";
+    const std::string later = "BaseMap=\\\\host\\Größe\\世.jpg\r\n";
+    folder.write("Tovrel.ini", old + later);
+    iniFiles ini(folder.path(), "Tovrel.ini");
+    EXPECT_EQ(ini.readPath("Log", "ADIFile"), "C:\\Größe\\€.adi");
+    EXPECT_EQ(ini.readPath("Log", "BaseMap"), "\\\\host\\Größe\\世.jpg");
+    EXPECT_TRUE(ini.WriteIniValue("Log", "Other", "1"));
+    EXPECT_EQ(folder.read("Tovrel.ini"), old + later + "Other=1\r\n");
+}
+
 TEST(iniFiles, convertsTextsOfEveryKind) {
     constexpr double none = 7.0;
     const struct {
