@@ -1,13 +1,15 @@
 // Prints the user's guide: build_help docs/help.md data/Tovrel-Help.pdf
 //
 // A rule in the source ("---") in front of a heading begins a new page.
-// Pictures lie where the source says, relative to it. The same source gives the same pages; the
-// file also holds the time at which it was made.
+// Pictures lie where the source says, relative to it. A paragraph with a link to a heading
+// ("#first-steps") is an entry of the contents and gets the number of its page. The same source
+// gives the same pages; the file also holds the time at which it was made.
 
 #include <QAbstractTextDocumentLayout>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHash>
 #include <QImageReader>
 #include <QPainter>
 #include <QPdfWriter>
@@ -23,10 +25,12 @@
 
 namespace {
 
-constexpr int resolution = 300;       // dots an inch
-constexpr double pictureScale = 0.72; // of the size on a screen of 96 dots an inch
-constexpr double margin = 20.0;       // millimetres
-constexpr double footerGap = 8.0;     // millimetres below the text
+constexpr int resolution = 300;          // dots an inch
+constexpr double pictureScale = 0.72;    // of the size on a screen of 96 dots an inch
+constexpr double tallestPicture = 300.0; // on paper, a page being some 970 high
+constexpr double contentsWidth = 360.0;  // from a title to the end of its page number
+constexpr double margin = 20.0;          // millimetres
+constexpr double footerGap = 8.0;        // millimetres below the text
 
 /// Size of a heading in points, by its level from 1.
 double headingSize(int level) {
@@ -72,8 +76,9 @@ bool setPictures(const QTextBlock& block, const QString& folder) {
             return false;
         }
         document.addResource(QTextDocument::ImageResource, QUrl(picture.name()), image);
-        picture.setWidth(image.width() * pictureScale);
-        picture.setHeight(image.height() * pictureScale);
+        const double scale = std::min(pictureScale, tallestPicture / image.height());
+        picture.setWidth(image.width() * scale);
+        picture.setHeight(image.height() * scale);
         QTextCursor cursor(&document);
         cursor.setPosition(at.fragment().position());
         cursor.setPosition(at.fragment().position() + at.fragment().length(),
@@ -94,6 +99,7 @@ void setTable(QTextTable& table) {
     QTextTableFormat format = table.format();
     format.setBorder(1.0);
     format.setBorderCollapse(true);
+    format.setHeaderRowCount(1); // again on a further page
     format.setBorderBrush(QColor(0xB0, 0xB0, 0xB0));
     format.setCellPadding(3.0);
     format.setCellSpacing(0.0);
@@ -130,6 +136,48 @@ bool setUp(QTextDocument& document, const QString& folder) {
         } else if (!setPictures(block, folder)) {
             return false;
         }
+    }
+    return true;
+}
+
+/// What a link to a heading calls it.
+QString slugOf(const QString& heading) {
+    static const QRegularExpression others(QStringLiteral("[^a-z0-9 -]"));
+    return heading.toLower().remove(others).replace(' ', '-');
+}
+
+/// Tells the page of each entry of the contents. They must all stand on the first page, which ends
+/// by a rule: then no heading moves.
+/// @return false when a link leads nowhere
+bool addPageNumbers(QTextDocument& document) {
+    QHash<QString, int> pages;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() > 0) {
+            const double top = document.documentLayout()->blockBoundingRect(block).top();
+            pages[slugOf(block.text())] = static_cast<int>(top / document.pageSize().height()) + 1;
+        }
+    }
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QString link = block.begin().fragment().charFormat().anchorHref();
+        if (!link.startsWith('#')) {
+            continue;
+        }
+        const int page = pages.value(link.mid(1));
+        if (page == 0) {
+            std::fprintf(stderr, "build_help: no heading %s\n", qPrintable(link));
+            return false;
+        }
+        QTextCursor cursor(block);
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(QTextCharFormat()); // nothing to click on paper
+        QTextBlockFormat format;
+        const QTextOption::Tab end(contentsWidth, QTextOption::RightTab);
+        format.setTabPositions({end});
+        format.setTopMargin(0.0);
+        format.setBottomMargin(0.0);
+        cursor.mergeBlockFormat(format);
+        cursor.movePosition(QTextCursor::EndOfBlock);
+        cursor.insertText('\t' + QString::number(page));
     }
     return true;
 }
@@ -198,6 +246,9 @@ int main(int argc, char* argv[]) {
         return 1;
     }
     document.setPageSize(QSizeF(writer.width(), writer.height()));
+    if (!addPageNumbers(document)) {
+        return 1;
+    }
     print(document, writer);
     if (!guide.commit()) {
         std::fprintf(stderr, "build_help: can't write %s\n", qPrintable(arguments[2]));
