@@ -5,7 +5,6 @@ import contextlib
 import os
 import pathlib
 import re
-import shutil
 import signal
 import struct
 import subprocess
@@ -104,7 +103,8 @@ class Screen:
 class Desktop:
     """Xvfb and openbox, and the windows on them."""
 
-    def __init__(self, root):
+    def __init__(self, root, environment):
+        """@param environment what the programs are told beside the desktop's own"""
         self.root = root
         self._ended = contextlib.ExitStack()
         home = root / "home"
@@ -119,7 +119,7 @@ class Desktop:
                             "XDG_DATA_HOME": str(home / ".local/share"),
                             "XDG_CACHE_HOME": str(home / ".cache"),
                             "XDG_RUNTIME_DIR": str(root / "runtime"), "LC_ALL": "C.UTF-8",
-                            "TZ": "UTC", "QT_QPA_PLATFORM": "xcb", "NO_AT_BRIDGE": "1"}
+                            "TZ": "UTC", "NO_AT_BRIDGE": "1", **environment}
 
     def __enter__(self):
         with contextlib.ExitStack() as made:
@@ -241,12 +241,3 @@ def end(process):
         except subprocess.TimeoutExpired:
             process.kill()
             process.wait()
-
-
-def copy_program(programs, folder):
-    """The program with its data files in a folder of its own, where it keeps its settings."""
-    folder.mkdir()
-    shutil.copy(programs / "tovrel", folder)
-    for pattern in ("*.pnt", "*.txt", "*.png", "sample.adi"):
-        for file in programs.glob(pattern):
-            shutil.copy(file, folder)

@@ -5,7 +5,6 @@ import contextlib
 import pathlib
 import shutil
 
-import desktop
 from desktop import Failed, Rect, lasting, until
 
 AZIMUTHAL = "Tovrel - Azimuthal Equidistant Projection"
@@ -25,8 +24,9 @@ class Program:
         @param log a log in place of the sample
         """
         self.desktop = bench.desktop
+        self._command = bench.system.command
         self.folder = bench.new_folder()
-        desktop.copy_program(bench.programs, self.folder)
+        bench.system.copy_program(bench.programs, self.folder)
         (self.folder / "Tovrel.ini").write_text(
             f"[Globals]\nMyCall=W1TVR\nLatitude=41.7\nLongitude=-72.7\n{settings}\n"
             f"[Log]\nadifile={log or self.folder / 'sample.adi'}\n"
@@ -36,7 +36,7 @@ class Program:
     def __enter__(self):
         self.desktop.point(*POINTER_AWAY)
         self._made.callback(shutil.rmtree, self.folder, ignore_errors=True)
-        self.process = self.desktop.start([self.folder / "tovrel"], self._made)
+        self.process = self.desktop.start(self._command(self.folder), self._made)
         with contextlib.ExitStack() as unless_started:
             unless_started.callback(self._made.close)
             self.window = until("the main window", lambda: self.find(AZIMUTHAL) or

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """A walk through the real windows, under a window manager, with keyboard and mouse.
 
-    tests/gui/walk.py PROGRAMS [--only TEXT]
+    tests/gui/walk.py PROGRAMS [--wine] [--only TEXT]
 
-PROGRAMS is the folder that holds the built program and its data files. Each check starts a program
+PROGRAMS is the folder that holds the built program and its data files; with --wine it is one for
+Windows. Each check starts a program
 of its own. Ends with 1 if a check failed.
 """
 
@@ -17,13 +18,15 @@ import commands
 import maximised
 import sizes
 from desktop import Desktop, Failed
+from systems import ThisSystem, WindowsByWine
 
 
 class Bench:
     """What all checks share."""
 
-    def __init__(self, programs, shown_on, root):
+    def __init__(self, programs, system, shown_on, root):
         self.programs = programs
+        self.system = system
         self.desktop = shown_on
         self.root = root
         self._folders = 0
@@ -40,6 +43,9 @@ def walk(bench, only):
               for name, check in group.CHECKS.items() if only in name]
     failed = 0
     for name, check in checks:
+        if reason := bench.system.left_out.get(name):
+            print(f"left out {name}: {reason}")
+            continue
         start = time.monotonic()
         try:
             check(bench)
@@ -48,19 +54,21 @@ def walk(bench, only):
             failed += 1
             outcome = f"FAILED  {name}: {failure}"
         print(f"{outcome} ({time.monotonic() - start:.1f} s)", flush=True)
-    return failed, len(checks)
+    return failed, sum(name not in bench.system.left_out for name, _ in checks)
 
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("programs", type=pathlib.Path)
+    parser.add_argument("--wine", action="store_true", help="walk through the program for Windows")
     parser.add_argument("--only", default="", metavar="TEXT",
                         help="only the checks whose name holds a text")
     arguments = parser.parse_args()
     with tempfile.TemporaryDirectory(prefix="tovrel_gui_") as folder:
         root = pathlib.Path(folder)
-        with Desktop(root) as shown_on:
-            failed, checks = walk(Bench(arguments.programs.resolve(), shown_on, root),
+        system = WindowsByWine() if arguments.wine else ThisSystem()
+        with Desktop(root, system.environment) as shown_on:
+            failed, checks = walk(Bench(arguments.programs.resolve(), system, shown_on, root),
                                   arguments.only)
     print(f"{checks - failed} of {checks} checks held")
     # Nothing tried is nothing proved.

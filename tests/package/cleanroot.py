@@ -104,7 +104,7 @@ def dots(desktop):
 
 
 def plot_in_a_window(root, work):
-    with Desktop(work / "desktop") as desktop, contextlib.ExitStack() as made:
+    with Desktop(work / "desktop", {}) as desktop, contextlib.ExitStack() as made:
         socket = pathlib.Path("tmp/.X11-unix") / ("X" + desktop.environment["DISPLAY"][1:])
         (root.path / socket.parent).mkdir(exist_ok=True)
         with contextlib.suppress(OSError):  # another file system; the abstract socket serves then
