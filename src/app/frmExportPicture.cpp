@@ -149,13 +149,16 @@ void frmExportPicture::cmdBrowse_Click() {
 PictureWish frmExportPicture::wish() const {
     // A name alone is meant to lie where the last file does, and not where the program was started.
     const QFileInfo file(QDir(QDir::homePath()), txtFile_->text().trimmed());
+    const auto native = [](const QString& path) {
+        return byteText(QDir::toNativeSeparators(path));
+    };
     PictureWish wish;
     wish.options = {.format = format(),
                     .pixels = txtPixels_->value(),
                     .paper = allPapers[static_cast<std::size_t>(cboPaper_->currentIndex())],
                     .caption = chkCaption_->isChecked(),
-                    .folder = byteText(file.absolutePath())};
-    wish.path = withExtensionOf(format(), byteText(file.absoluteFilePath()));
+                    .folder = native(file.absolutePath())};
+    wish.path = withExtensionOf(format(), native(file.absoluteFilePath()));
     return wish;
 }
 

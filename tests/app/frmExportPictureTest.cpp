@@ -4,6 +4,7 @@
 #include "platform/ByteText.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
@@ -13,14 +14,18 @@ namespace tovrel {
 namespace {
 
 TEST(frmExportPicture, TellsSizeAndNameOfWhatWillBeMade) {
-    const PictureWish start{.options = {.pixels = 3000}, .path = "/pictures/map.png"};
+    const auto path = [](const char* below) {
+        return QDir::toNativeSeparators(QDir::rootPath() + QLatin1String(below));
+    };
+    const PictureWish start{.options = {.pixels = 3000},
+                            .path = byteText(path("pictures/map.png"))};
     frmExportPicture window(start, MapShape{.widthPerHeight = 2});
     window.show();
     const auto result = [&window] { return control<QLabel>(window, "lblResult").text(); };
     const auto file = [&window] { return control<QLineEdit>(window, "txtFile").text(); };
     EXPECT_EQ(result(), QStringLiteral("3000 x 1500 pixels, 25.4 x 12.7 cm at 300 dots per inch"));
     click(window, "optPdf");
-    EXPECT_EQ(file(), QStringLiteral("/pictures/map.pdf"));
+    EXPECT_EQ(file(), path("pictures/map.pdf"));
     control<QComboBox>(window, "cboPaper").setCurrentText(QStringLiteral("A3"));
     EXPECT_EQ(result(), QStringLiteral("A3 landscape, map 39 x 19.5 cm at 304 dots per inch"));
     EXPECT_TRUE(control(window, "cboPaper").isVisible());
@@ -31,15 +36,15 @@ TEST(frmExportPicture, TellsSizeAndNameOfWhatWillBeMade) {
     click(window, "chkCaption");
 
     auto& box = control<QLineEdit>(window, "txtFile");
-    box.setText(QStringLiteral("  /other/night.map "));
+    box.setText(QStringLiteral("  %1 ").arg(path("other/night.map")));
     const PictureWish wish = window.wish();
-    EXPECT_EQ(wish.path, "/other/night.map.jpg");
+    EXPECT_EQ(wish.path, byteText(path("other/night.map.jpg")));
     EXPECT_EQ(wish.options, (PictureOptions{.format = PictureFormat::Jpeg,
                                             .pixels = 8000,
                                             .paper = Paper::A3,
                                             .caption = false,
-                                            .folder = "/other"}));
-    box.setText(QStringLiteral("/folder/"));
+                                            .folder = byteText(path("other"))}));
+    box.setText(path("folder/"));
     EXPECT_FALSE(control(window, "cmdExport").isEnabled());
 }
 
