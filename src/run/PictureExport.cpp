@@ -32,8 +32,9 @@ private:
     float maximum_ = fullBar;
 };
 
-/// Keeps what an encoder writes. Events run as it writes, and once the user wants to stop it takes
-/// nothing more, which ends the encoder.
+/// Keeps what an encoder writes, and lets events run as it writes. Once the user wants to stop,
+/// what comes is dropped: to fail would end the encoder at once, but Qt's then leaves its memory
+/// behind.
 class StoppableBuffer : public QIODevice {
 public:
     StoppableBuffer(const bool& stop, PassListener& listener) : stop_(stop), listener_(listener) {
@@ -47,8 +48,9 @@ protected:
     qint64 writeData(const char* data, qint64 size) override {
         listener_.yield();
         if (stop_)
-            return -1;
-        bytes_.append(data, static_cast<std::size_t>(size));
+            std::string().swap(bytes_);
+        else
+            bytes_.append(data, static_cast<std::size_t>(size));
         return size;
     }
 
