@@ -7,7 +7,7 @@ import shutil
 import subprocess
 import time
 
-from harness import Row, reasons_of
+from harness import PATIENCE, Row, reasons_of
 from kinds import DATA_FILES, read
 
 PAGE = 4096
@@ -25,9 +25,14 @@ def leave_free(disk, pages):
     assert free == pages * PAGE, (free, pages)
 
 
-def empty(folder):
-    for entry in os.scandir(folder):
+def empty(disk):
+    for entry in os.scandir(disk):
         shutil.rmtree(entry) if entry.is_dir() else os.unlink(entry)
+    # The system gives back the room of a program that was running a moment ago when it likes.
+    limit = time.monotonic() + PATIENCE
+    while (state := os.statvfs(disk)).f_bavail < state.f_blocks:
+        assert time.monotonic() < limit, "the disk doesn't get empty"
+        time.sleep(0.002)
 
 
 def steps(size, most, thorough, dice):
