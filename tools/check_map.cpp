@@ -28,7 +28,7 @@ public:
     bool any = false;
 };
 
-/// What the shares of one kind come to over the maps of a set.
+/// What the shares of one kind come to over some maps.
 struct Tally {
     double sum = 0.0;
     double worst = 0.0;
@@ -37,15 +37,76 @@ struct Tally {
         sum += share.percent();
         worst = std::max(worst, share.percent());
     }
+
+    void add(const Tally& other) {
+        sum += other.sum;
+        worst = std::max(worst, other.worst);
+    }
 };
 
-/// What no set of maps may exceed: percentages of wrong sea or land, in the mean and for any home.
+/// What no maps may exceed: percentages of wrong sea or land, in the mean and for any home.
 struct Limits {
     double mean;
     double worst;
 };
 constexpr Limits shownLimits = {0.005, 0.8};
 constexpr Limits toCircleLimits = {0.02, 1.0};
+
+/// The shares of some maps: what is wrong of their seas and land, and what is black of all.
+struct Sums {
+    std::size_t maps = 0;
+    Tally sea;
+    Tally land;
+    Tally circleSea;
+    Tally circleLand;
+    Tally black;
+    int flooded = 0;
+
+    void add(const MapResult& result) {
+        ++maps;
+        sea.add(result.shown.sea);
+        land.add(result.shown.land);
+        circleSea.add(result.toCircle.sea);
+        circleLand.add(result.toCircle.land);
+        black.add(result.black);
+        flooded += result.floods.empty() ? 0 : 1;
+    }
+
+    void add(const Sums& other) {
+        maps += other.maps;
+        sea.add(other.sea);
+        land.add(other.land);
+        circleSea.add(other.circleSea);
+        circleLand.add(other.circleLand);
+        black.add(other.black);
+        flooded += other.flooded;
+    }
+
+    /// @param meanCounts whether the limits of the mean hold too
+    bool print(const char* title, double resolution, bool meanCounts) const {
+        const auto count = static_cast<double>(maps);
+        std::printf("%s at resolution %g: %zu maps, %d flooded; black mean %.3f %%\n", title,
+                    resolution, maps, flooded, black.sum / count);
+        const bool shownGood =
+            printWrong("as far as points are shown", sea, land, count, meanCounts, shownLimits);
+        const bool circleGood = printWrong("up to the inner circle", circleSea, circleLand, count,
+                                           meanCounts, toCircleLimits);
+        std::fflush(stdout);
+        return flooded == 0 && shownGood && circleGood;
+    }
+
+private:
+    static bool printWrong(const char* where, const Tally& sea, const Tally& land, double maps,
+                           bool meanCounts, Limits limits) {
+        const bool good = (!meanCounts || std::max(sea.sum, land.sum) / maps <= limits.mean) &&
+                          std::max(sea.worst, land.worst) <= limits.worst;
+        std::printf("  %s: wrong sea mean %.4f %% worst %.3f %%, wrong land mean %.4f %% worst "
+                    "%.3f %%%s\n",
+                    where, sea.sum / maps, sea.worst, land.sum / maps, land.worst,
+                    good ? "" : ": TOO MUCH");
+        return good;
+    }
+};
 
 class Checker {
 public:
@@ -54,16 +115,11 @@ public:
           surface_(baseMapSize, baseMapSize, resolution) {}
 
     /// Prints the notable maps of a set, then its sums.
-    /// @return false when a data file is missing, a map is flooded or more is wrong than may be
-    /// @param meanCounts of a few maps it says nothing
+    /// @return false when a data file is missing, a map is flooded or too much of one is wrong
+    /// @param isSample whether the set counts for the means over all homes
     bool check(const char* title, const std::vector<Home>& homes, Projection projection,
-               bool meanCounts = true) {
-        Tally sea;
-        Tally land;
-        Tally circleSea;
-        Tally circleLand;
-        Tally black;
-        int flooded = 0;
+               bool isSample = true) {
+        Sums sums;
         for (const Home& home : homes) {
             const std::unique_ptr<const WorldMap> map =
                 worldMap(projection, static_cast<float>(home.place.latitude),
@@ -75,40 +131,21 @@ public:
             if (prompt_.any)
                 return false;
             const MapResult result = compareMap(surface_, style, home.place, world_);
-            sea.add(result.shown.sea);
-            land.add(result.shown.land);
-            circleSea.add(result.toCircle.sea);
-            circleLand.add(result.toCircle.land);
-            black.add(result.black);
-            flooded += result.floods.empty() ? 0 : 1;
+            sums.add(result);
             report(home, result);
         }
-        std::printf("%s at resolution %g: %zu maps, %d flooded; black mean %.3f %%\n", title,
-                    surface_.resolution(), homes.size(), flooded, black.sum / count(homes));
-        const bool good =
-            keeps("as far as points are shown", sea, land, count(homes), meanCounts, shownLimits);
-        const bool circleGood = keeps("up to the inner circle", circleSea, circleLand, count(homes),
-                                      meanCounts, toCircleLimits);
-        std::fflush(stdout);
-        return flooded == 0 && good && circleGood;
+        if (isSample)
+            sample_.add(sums);
+        return sums.print(title, surface_.resolution(), false);
+    }
+
+    /// Prints the sums over all homes that are a sample of those there are.
+    /// @return false when the means are more than they may be
+    bool checkMeans() const {
+        return sample_.maps == 0 || sample_.print("all homes", surface_.resolution(), true);
     }
 
 private:
-    static double count(const std::vector<Home>& homes) {
-        return static_cast<double>(homes.size());
-    }
-
-    static bool keeps(const char* where, const Tally& sea, const Tally& land, double maps,
-                      bool meanCounts, Limits limits) {
-        const bool good = (!meanCounts || std::max(sea.sum, land.sum) / maps <= limits.mean) &&
-                          std::max(sea.worst, land.worst) <= limits.worst;
-        std::printf("  %s: wrong sea mean %.4f %% worst %.3f %%, wrong land mean %.4f %% worst "
-                    "%.3f %%%s\n",
-                    where, sea.sum / maps, sea.worst, land.sum / maps, land.worst,
-                    good ? "" : ": TOO MUCH");
-        return good;
-    }
-
     void report(const Home& home, const MapResult& result) const {
         const double wrong =
             std::max(result.toCircle.sea.percent(), result.toCircle.land.percent());
@@ -132,6 +169,7 @@ private:
     PictureSurface surface_;
     SilentListener listener_;
     MissingFiles prompt_;
+    Sums sample_;
 };
 
 /// Prints how true the coast is that a resolution is drawn from.
@@ -207,6 +245,7 @@ int run(const QStringList& arguments) {
             good = checker.check(title, homes, Projection::Azimuthal) && good;
         }
     }
+    good = checker.checkMeans() && good;
     return good ? 0 : 1;
 }
 

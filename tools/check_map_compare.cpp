@@ -1,6 +1,7 @@
 #include "check_map_compare.h"
 
 #include "map/WorldMap.h"
+#include "platform/VectorState.h"
 
 #include <algorithm>
 #include <cmath>
@@ -181,6 +182,8 @@ MapResult compareMap(const PictureSurface& map, const BaseMapStyle& style, Place
     for (int pixel = 0; pixel < pixels; ++pixel) {
         const int x = pixel % width;
         const int y = pixel / width;
+        if (x == 0)
+            clearUpperHalves();
         const Colour colour = map.GetPixel(x, y);
         result.black.wrong += colour == black ? 1 : 0;
         const MapPoint point = pointOf(pixel);
