@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Has an exported archive read by programs that know nothing of this one.
 
-    KmzReadersTest.py EXPORT_PROGRAM DATA_FOLDER READER
+    KmzReadersTest.py BATCH_PROGRAM DATA_FOLDER READER
 
-Exports the sample log with EXPORT_PROGRAM and gives the archive to READER: zipfile, which looks at
+Exports the sample log with BATCH_PROGRAM and gives the archive to READER: zipfile, which looks at
 each placemark, or unzip, which looks at the archive's form. Ends with 0 when it finds all of it,
 with 77 when the reader is not installed.
 """
@@ -92,7 +92,7 @@ def main():
         log = pathlib.Path(folder) / "log.adi"
         shutil.copy(data / "sample.adi", log)
         # Without the folder in the path: a dot in its name would send the document elsewhere.
-        run(program, str(data), log.name, "W1TVR", cwd=folder)
+        run(program, "kmz", log.name, "--folder", str(data), "--my-call", "W1TVR", cwd=folder)
         assert not log.with_suffix(".kml").exists()
         globals()[f"read_with_{reader}"](log.with_suffix(".kmz"), log, data)
     print(f"{reader} finds all of it")
