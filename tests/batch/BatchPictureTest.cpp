@@ -46,9 +46,7 @@ TEST_F(BatchPicture, isStampedAndOfTheKindThatItsNameTells) {
         EXPECT_TRUE(work.read(c.name).starts_with(c.magic)) << c.name;
         const QImage image(QString::fromStdString(path));
         EXPECT_EQ(image.size(), c.size) << c.name;
-        PictureSurface surface = whiteSurface(c.size.width(), c.size.height());
-        surface.setPicture(PackedPicture(image));
-        const Ink stamp = inkWhere(surface, [&c](int x, int y, Colour colour) {
+        const Ink stamp = inkWhere(surfaceOf(image), [&c](int x, int y, Colour colour) {
             return x < 100 && y > c.size.height() * 94 / 100 && (colour & 0xFFU) < 100;
         });
         EXPECT_GT(stamp.count, 50) << c.name;
@@ -88,9 +86,8 @@ TEST_F(BatchPicture, looksFollowTheirOptionAndTheBaseMapDoesNot) {
     }
     EXPECT_EQ(picture(all, "--base-map"), base);
     // The relief is no look: it is part of the base map, and nobody is asked about it.
-    QImage world(36, 18, QImage::Format_RGB32);
-    world.fill(Qt::red);
-    ASSERT_TRUE(world.save(QString::fromStdString(folder.path("world.bmp"))));
+    const QString world = QString::fromStdString(folder.path("world.bmp"));
+    ASSERT_TRUE(plainImage(36, 18, 0x0000FF).save(world));
     std::string reliefed = settings;
     reliefed.insert(reliefed.find("Band0"), "BaseMap=" + folder.path("world.bmp") + "\r\n");
     folder.write("Tovrel.ini", reliefed);

@@ -5,44 +5,38 @@
 #include "platform/TestFolder.h"
 
 #include <filesystem>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace tovrel {
 namespace {
 
 TEST(CoastData, IsTheFineCoastOnlyWhereTheSuppliedOneWouldServe) {
-    using Change = std::function<void(const TestFolder&)>;
-    const auto remove = [](const char* name) {
-        return [name](const TestFolder& folder) { std::filesystem::remove(folder.path(name)); };
-    };
-    const auto write = [](const char* name, const std::string& bytes) {
-        return [=](const TestFolder& folder) { folder.write(name, bytes); };
-    };
     const std::string own = coastAlong(0, -180, 180);
     const struct {
         const char* what;
         double resolution;
-        Change change;
+        std::string file, bytes; ///< a file that has changed; gone when it has none
         bool fine;
         std::string told;
     } cases[] = {
-        {"resolution 1", 1, [](const TestFolder&) {}, false, ""},
-        {"resolution 2", 2, [](const TestFolder&) {}, true, ""},
-        {"a coast of the user's own", 3, write("mapper.pnt", own), false, ""},
-        {"seeds of the user's own", 3, write("paintma.txt", "0,0\r\n"), false, ""},
-        {"no fine coast", 3, remove("mapper-fine.pnt"), false, ""},
-        {"no fine seeds", 3, remove("paintma-fine.txt"), false, ""},
-        {"a damaged fine coast", 3, write("mapper-fine.pnt", "\1"), false,
+        {"resolution 1", 1, "other", "", false, ""},
+        {"resolution 2", 2, "other", "", true, ""},
+        {"a coast of the user's own", 3, "mapper.pnt", own, false, ""},
+        {"seeds of the user's own", 3, "paintma.txt", "0,0\r\n", false, ""},
+        {"no fine coast", 3, "mapper-fine.pnt", "", false, ""},
+        {"no fine seeds", 3, "paintma-fine.txt", "", false, ""},
+        {"a damaged fine coast", 3, "mapper-fine.pnt", "\1", false,
          "The databse file 'mapper-fine.pnt' could not be read."},
-        {"no coast", 3, remove("mapper.pnt"), false, "The databse file 'Mapper.pnt' not found."},
+        {"no coast", 3, "mapper.pnt", "", false, "The databse file 'Mapper.pnt' not found."},
     };
     for (const auto& c : cases) {
         const TestFolder folder;
         for (const char* name :
              {"mapper.pnt", "paintma.txt", "mapper-fine.pnt", "paintma-fine.txt"})
             std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
-        c.change(folder);
+        std::filesystem::remove(folder.path(c.file));
+        if (!c.bytes.empty())
+            folder.write(c.file, c.bytes);
         ScriptedPrompt prompt;
         DataFilesEnd end;
         const CoastData data = readCoastData(folder.path(), c.resolution, prompt, end);

@@ -108,17 +108,6 @@ TEST(PictureSurface, ABadCoordinateCostsItsOwnOperationAlone) {
     }
 }
 
-TEST(PictureSurface, AFillInsideACircleDoesNotLeak) {
-    for (const auto& [size, pixels] : {std::pair{40, 10}, {667, 300}, {1200, 599}}) {
-        PictureSurface surface = whiteSurface(size, size);
-        surface.Circle(0, 0, 44000.0 * pixels / size);
-        surface.ExtFloodFill(size / 2, size / 2, red);
-        const Ink disc = inkOf(surface, red);
-        EXPECT_NEAR(disc.count, 3.14159 * pixels * pixels, 8 * pixels) << size;
-        EXPECT_NEAR(disc.width(), 2 * pixels, 3) << size;
-    }
-}
-
 TEST(PictureSurface, TheFloodTakesTheConnectedRegionOfOneColourExactly) {
     // White that it takes, and that it must not; black, which holds it at the corners; near-white.
     const std::string rows[] = {"....#,,,#.", //

@@ -3,6 +3,7 @@
 #include "map/PictureSurface.h"
 #include "platform/Twips.h"
 
+#include <QImage>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -11,6 +12,20 @@ namespace tovrel {
 /// A white surface of a number of pixels.
 inline PictureSurface whiteSurface(int width, int height) {
     return {twipsFromPixels(width), twipsFromPixels(height)};
+}
+
+/// A surface that shows a picture, pixel by pixel.
+inline PictureSurface surfaceOf(const QImage& image) {
+    PictureSurface surface = whiteSurface(image.width(), image.height());
+    surface.setPicture(PackedPicture(image));
+    return surface;
+}
+
+/// A picture of one colour.
+inline QImage plainImage(int width, int height, Colour colour) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(imageColour(colour));
+    return image;
 }
 
 /// The pixels of some kind: how many there are, and the smallest rectangle that holds them.

@@ -9,22 +9,12 @@ namespace {
 
 constexpr Colour red = 0x0000FF;
 
-TEST(Resolution, ScalesDotsLinesCirclesAndLetters) {
+TEST(Resolution, ScalesLinesCirclesAndLetters) {
     for (const double resolution : {1.0, 2.0, 3.0, 4.0, 7.0}) {
         PictureSurface surface(3000.0F, 3000.0F, resolution);
         const int times = static_cast<int>(resolution);
         EXPECT_EQ(surface.TwipsPerPixel(), 15.0 / resolution);
         EXPECT_EQ(surface.pixelWidth(), 200 * times);
-        drawMark(surface, {100, -100}, {.outer = 9, .inner = 7}, black, red);
-        const Ink outer = inkOver(surface, white);
-        const Ink inner = inkOf(surface, red);
-        EXPECT_EQ(outer.width(), 9 * times) << resolution;
-        EXPECT_EQ(outer.height(), 9 * times) << resolution;
-        EXPECT_EQ(inner.width(), 7 * times) << resolution;
-        EXPECT_EQ(inner.left - outer.left, outer.right - inner.right) << "in the middle";
-        EXPECT_EQ(inner.top - outer.top, outer.bottom - inner.bottom) << "in the middle";
-
-        surface.Cls();
         surface.CurrentX = -11000;
         surface.CurrentY = 30;
         surface.Line(11000, 30, red);
@@ -37,6 +27,7 @@ TEST(Resolution, ScalesDotsLinesCirclesAndLetters) {
         EXPECT_NEAR(ring / resolution / resolution, 2 * 3.14159 * 75, 50) << resolution;
         surface.ExtFloodFill(surface.pixelWidth() / 2, surface.pixelHeight() / 2, red);
         EXPECT_EQ(surface.GetPixel(0, 0), white) << "no gap at " << resolution;
+        EXPECT_NEAR(inkOf(surface, red).width(), 150 * times, 3 * times);
 
         surface.Cls();
         surface.CurrentX = surface.CurrentY = 0;
@@ -70,16 +61,20 @@ TEST(Resolution, AThickLineHoldsAFillInEveryDirection) {
     }
 }
 
-TEST(Resolution, AFractionKeepsMarksInTheMiddleOfEachOther) {
-    for (const double ratio : {1.25, 1.5, 1.75, 2.25}) {
+TEST(Resolution, ScalesMarksAndKeepsThemInTheMiddleOfEachOther) {
+    for (const double ratio : {1.0, 1.25, 1.5, 1.75, 2.0, 2.25, 3.0, 7.0}) {
         PictureSurface surface(3000.0F, 3000.0F, ratio);
         for (const int width : {5, 7, 9}) {
             surface.Cls();
-            drawMark(surface, {}, {.outer = width, .inner = width - 2}, black, red);
+            drawMark(surface, {100, -100}, {.outer = width, .inner = width - 2}, black, red);
             const Ink outer = inkOver(surface, white);
             const Ink inner = inkOf(surface, red);
-            EXPECT_NEAR(outer.width(), width * ratio, 1.0) << ratio;
+            const double off = ratio == std::floor(ratio) ? 0.0 : 1.0;
+            EXPECT_NEAR(outer.width(), width * ratio, off) << ratio;
+            EXPECT_NEAR(inner.width(), (width - 2) * ratio, off) << ratio;
+            EXPECT_EQ(outer.height(), outer.width()) << ratio;
             EXPECT_EQ(inner.left - outer.left, outer.right - inner.right) << ratio;
+            EXPECT_EQ(inner.top - outer.top, outer.bottom - inner.bottom) << ratio;
             EXPECT_GE(inner.left, outer.left + 1) << ratio;
         }
     }
