@@ -19,6 +19,8 @@ protected:
 
 TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
     const char* const map = "GCMapOptions";
+    const char* const miller = "MCMapOptions";
+    const QColor green("#c0ffc0"); // the land at first
     const QColor red(0xE0, 0x10, 0x20);
     const QColor violet(0x30, 0x10, 0x60);
     const struct {
@@ -40,14 +42,17 @@ TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
         {"mnuPlaceByCountry", "Log", "PlaceByCountry", "False", false, true, false},
         {"mnuLogger32", "Log", "LogFormat", "Logger32", true, true, false},
         {"mnuMiller", "Globals", "Display", "Miller", true, true, false},
+        // Cancelled; the same colour, which is stored and rebuilds nothing; others.
+        {"mnuChangeLandColor", miller, "LandColor", "", false, true, false, green},
+        {"mnuChangeLandColor", miller, "LandColor", "12648384", false, true, false, green, green},
+        {"mnuChangeLandColor", miller, "LandColor", "2101472", false, false, true, green, red},
+        {"mnuChangeWaterColor", miller, "WaterColor", "6295600", false, false, true, "#a5cdfe",
+         violet},
+        {"mnuChangeWaterColor", miller, "WaterColor", "6295600", false, true, false, violet},
+        {"mnuResetBaseColors", miller, "LandColor", "12648384", false, false, true},
         {"mnuGreatCircle", "Globals", "Display", "Azimuthal", true, true, false},
         {"mnuRecreateMap", map, "Line", "1", false, false, true},
-        {"mnuChangeLandColor", map, "LandColor", "2101472", false, false, true, "#c0ffc0", red},
-        {"mnuChangeWaterColor", map, "WaterColor", "6295600", false, false, true, "#a5cdfe",
-         violet},
-        {"mnuChangeWaterColor", map, "WaterColor", "6295600", false, true, false, violet},
-        {"mnuResetBaseColors", map, "LandColor", "12648384", false, false, true},
-        {"mnuClearMap", map, "LandColor", "12648384", false, false, false}};
+        {"mnuClearMap", map, "LandColor", "", false, false, false}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.item);
         pick("mnuLoadADIF");
@@ -72,8 +77,8 @@ TEST_F(CommandsByMenuTest, ItemsRunTheirCommandsAndShowTheirMarks) {
 }
 
 TEST_F(CommandsByMenuTest, TheReliefIsAskedForAndShowsTheCustomMap) {
-    QImage picture(360, 180, QImage::Format_RGB32);
-    picture.fill(Qt::darkYellow);
+    const QColor earth(0x80, 0x80, 0x10);
+    const QImage picture = plainImage(360, 180, colourOfImage(earth.rgb()));
     ASSERT_TRUE(picture.save(QString::fromStdString(folder_.path("earth.bmp"))));
     chooseFile("earth.bmp", "Select Base Map for Azimuthal Equidistant Projection");
     pick("mnuLoadCustomMap");
@@ -82,7 +87,7 @@ TEST_F(CommandsByMenuTest, TheReliefIsAskedForAndShowsTheCustomMap) {
         answerMessage("This is very complicated.", agreed ? QMessageBox::Ok : QMessageBox::Cancel);
         pick("mnuTopo");
         EXPECT_EQ(item("mnuTopo").isChecked(), agreed);
-        EXPECT_EQ(pixels(Qt::darkYellow) > 100, agreed);
+        EXPECT_EQ(pixels(earth) > 100, agreed);
         EXPECT_EQ(QApplication::overrideCursor(), nullptr);
     }
 }

@@ -11,8 +11,8 @@ namespace {
 class HandedLogTest : public MainFixture {
 protected:
     std::string handedLog() {
-        return folder_.write("handed over.adi", "<CALL:4>K1AB<APP_LOGGER32_LAT:2>20"
-                                                "<APP_LOGGER32_LNG:3>156<QSL_RCVD:1>Y<EOR>");
+        return folder_.write("handed over.adi",
+                             record({"K1AB", "20", "156", "", "", "", adif("QSL_RCVD", "Y")}));
     }
     void drop(const QMimeData& data) {
         const QPoint at = main_->centralWidget()->geometry().center();

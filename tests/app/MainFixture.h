@@ -3,9 +3,7 @@
 #include "app/Controls.h"
 #include "app/MainMenu.h"
 #include "app/frmMain.h"
-#include "map/Pixels.h"
-#include "platform/TestFolder.h"
-#include "run/RunData.h"
+#include "plot/PlotLog.h"
 
 #include <QColorDialog>
 #include <QDialog>
@@ -19,8 +17,6 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
-#include <numeric>
-#include <set>
 #include <utility>
 
 namespace tovrel {
@@ -33,10 +29,8 @@ protected:
     void furnish(int records = 3) {
         copyData();
         std::string log = "<EOH>\r\n";
-        for (int i = 0; i < records; ++i) {
-            log += "<CALL:4>K1AB <BAND:3>20M <MODE:2>CW <QSL_RCVD:1>Y <APP_LOGGER32_LAT:5>-15.5 "
-                   "<APP_LOGGER32_LNG:4>47.5 <EOR>\r\n";
-        }
+        for (int i = 0; i < records; ++i)
+            log += record({"K1AB", "-15.5", "47.5", "20M", "CW", "", adif("QSL_RCVD", "Y")});
         folder_.write("Tovrel.ini", "[Globals]\r\nMyCall=W1TVR\r\nLatitude=41.7\r\n"
                                     "Longitude=-72.7\r\n[Log]\r\nadifile=" +
                                         folder_.write("log.adi", log) + "\r\n");
@@ -74,12 +68,7 @@ protected:
     QImage map() { return main_->centralWidget()->grab().toImage(); }
 
     /// Where the map has a colour.
-    Ink ink(const QColor& colour) {
-        const QImage image = map();
-        PictureSurface surface = whiteSurface(image.width(), image.height());
-        surface.setPicture(PackedPicture(image));
-        return inkOf(surface, colourOfImage(colour.rgb()));
-    }
+    Ink ink(const QColor& colour) { return inkOf(surfaceOf(map()), colourOfImage(colour.rgb())); }
     int pixels(const QColor& colour) { return ink(colour).count; }
     /// What the key says of a colour.
     QColor colourOf(MapColour entry) const {
@@ -96,17 +85,6 @@ protected:
         throw std::runtime_error(std::string("no window ") + name);
     }
 
-    /// Names of the dialogs that are on the screen, each with a blank after it, in alphabetic
-    /// order.
-    static std::string shownDialogs() {
-        std::set<std::string> names;
-        for (const QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->isVisible() && qobject_cast<const QDialog*>(window))
-                names.insert(window->objectName().toStdString() + " ");
-        }
-        return std::accumulate(names.begin(), names.end(), std::string());
-    }
-
     /// Answers the next modal window that has none before it. One that does not come fails the
     /// test at its end, one that nobody expects at once.
     void answer(std::function<void(QDialog&)> act) { answers_.push_back(std::move(act)); }
@@ -119,9 +97,6 @@ protected:
             else
                 refuse(dialog);
         });
-    }
-    void cancelNext() {
-        answer([](QDialog& dialog) { dialog.reject(); });
     }
     void chooseFile(const char* name, const QString& title) {
         const QString file = QString::fromStdString(folder_.path(name));

@@ -11,12 +11,10 @@ protected:
     /// A log of contacts in one place, which lies off the diagonals of both maps.
     void startWith(const std::vector<std::string>& calls) {
         furnish();
-        std::string log = "<EOH>\r\n";
-        for (const std::string& call : calls) {
-            log += "<CALL:" + std::to_string(call.size()) + ">" + call +
-                   "<BAND:3>20M <MODE:2>CW <QSL_RCVD:1>Y <COUNTRY:10>R&D &lt;b>"
-                   "<APP_LOGGER32_LAT:4>15.5 <APP_LOGGER32_LNG:3>-20 <EOR>\r\n";
-        }
+        const std::string more = adif("QSL_RCVD", "Y") + adif("COUNTRY", "R&D &lt;b>");
+        std::string log;
+        for (const std::string& call : calls)
+            log += record({call, "15.5", "-20", "20M", "CW", "", more});
         folder_.write("log.adi", log);
         folder_.write("Tovrel.ini", folder_.read("Tovrel.ini") + "[GCMapOptions]\r\nCall=1\r\n"
                                                                  "[MCMapOptions]\r\nCall=1\r\n");

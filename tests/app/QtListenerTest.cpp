@@ -11,11 +11,7 @@ namespace {
 
 class QtListenerTest : public WindowFixture {
 protected:
-    QWidget& progress() {
-        for (QWidget* child : main_.findChildren<QWidget*>("frmGCMapCalculations"))
-            return *child;
-        throw std::runtime_error("no progress window");
-    }
+    QWidget& progress() { return control(main_, "frmGCMapCalculations"); }
     int bar() { return control<QProgressBar>(progress(), "ProgressBar1").value(); }
     QString status() { return control<QLabel>(progress(), "Label1").text(); }
 

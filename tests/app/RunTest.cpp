@@ -1,5 +1,4 @@
 #include "app/MainFixture.h"
-#include "plot/PlotLog.h"
 #include "stats/frmItemList.h"
 #include "stats/frmTabStrip.h"
 
@@ -75,14 +74,6 @@ TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
         EXPECT_GT(pixels(QColor::fromRgb(imageColour(keyOf(base).byDefault))), 1000);
 }
 
-TEST_F(RunTest, AStartOnTheMillerMapDrawsTheHomeMarkInThatMapsColour) {
-    startWith("Display=Miller\r\n", "[GCMapOptions]\r\nQTHColor=1193046\r\n"
-                                    "[MCMapOptions]\r\nQTHColor=6636321\r\n");
-    EXPECT_GT(pixels(QColor::fromRgb(imageColour(6636321))), 0);
-    EXPECT_EQ(pixels(colourOf(MapColour::Home)), 0);
-    EXPECT_EQ(data_->stats.legend().colour(MapColour::Home), 1193046U);
-}
-
 TEST_F(RunTest, AStoredSizeIsHeldBetweenTheMenuAndTheScreen) {
     for (const std::string height : {"100", "90000"}) {
         startWith("GCHeight=" + height + "\r\n");
@@ -92,9 +83,10 @@ TEST_F(RunTest, AStoredSizeIsHeldBetweenTheMenuAndTheScreen) {
     }
 }
 
-TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnce) {
+TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnceAndATickOfTheTimerIsDropped) {
     plotAnd([this] {
         EXPECT_TRUE(window("frmGCMapCalculations").isVisible());
+        QMetaObject::invokeMethod(main_->findChild<QTimer*>("Timer1"), "timeout");
         pick("mnuMeridian");
         pick("mnuMeridian");
         EXPECT_FALSE(data_->run.marks.mnuMeridian || item("mnuMeridian").isChecked());
@@ -102,12 +94,6 @@ TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnce) {
     EXPECT_EQ(read(), longLog);
     EXPECT_TRUE(data_->run.marks.mnuMeridian && plotOnMap());
     EXPECT_FALSE(window("frmGCMapCalculations").isVisible());
-}
-
-TEST_F(RunTest, ATickOfTheTimerDuringAPassIsDropped) {
-    plotAnd([this] { QMetaObject::invokeMethod(main_->findChild<QTimer*>("Timer1"), "timeout"); });
-    EXPECT_EQ(read(), longLog);
-    EXPECT_TRUE(plotOnMap());
 }
 
 TEST_F(RunTest, AbortStopsThePassWithABareMap) {

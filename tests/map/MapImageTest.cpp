@@ -17,12 +17,6 @@ int inkIn(const PictureSurface& picture, double left, double top, double right, 
         .count;
 }
 
-TEST(MapImage, IsNamedAfterMapAndClock) {
-    const QDateTime time(QDate(2011, 3, 2), QTime(7, 5, 9));
-    EXPECT_EQ(mapImageName(Projection::Azimuthal, time), "TovrelAP_20110302-070509");
-    EXPECT_EQ(mapImageName(Projection::Miller, time), "TovrelMP_20110302-070509");
-}
-
 TEST(MapImage, StampsTheLowerCornersOfACopy) {
     for (const Projection projection : allProjections) {
         const bool azimuthal = projection == Projection::Azimuthal;

@@ -12,11 +12,10 @@ namespace tovrel {
 /// Keeps what a pass tells of itself, and lets a test act in its yields.
 class ScriptedListener : public PassListener {
 public:
-    void beginPass(std::string_view newCaption, std::string_view newStatus,
+    void beginPass(std::string_view /*caption*/, std::string_view newStatus,
                    float newMaximum) override {
         ++begun;
         open = true;
-        caption = newCaption;
         status = newStatus;
         maximum = newMaximum;
         progress = {0.0F};
@@ -37,7 +36,6 @@ public:
     bool open = false; ///< the progress window
     int begun = 0;
     int yields = 0;
-    std::string caption;
     std::string status;
     float maximum = 0.0F;
     std::vector<float> progress;

@@ -87,28 +87,17 @@ TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
     EXPECT_TRUE(dark[0] < dark[1] && dark[1] > dark[2] && dark[2] > dark[3]);
 }
 
-TEST(OpenADIFFile, OffersTheFolderOfTheLastLogAndKeepsTheChoice) {
-    PlottedProgram program(home + "[Log]\r\nadifile=/logs/2011/log.adi\r\n", false);
-    program.data->run.LogFileName = "before";
-    program.commands->mnuOpenADIFFile();
-    EXPECT_EQ(
-        program.window.fileDialogs,
-        (std::vector<std::string>{"Load Log Input File|/logs/2011/|ADIF Files (*.ADI)|*.ADI"}));
-    EXPECT_EQ(program.data->run.LogFileName, "before") << "cancelled";
-    EXPECT_EQ(program.takeChanges(), "");
-    program.window.chosenFile = "/new/log.adi";
-    program.commands->mnuOpenADIFFile();
-    EXPECT_EQ(program.data->run.LogFileName, "/new/log.adi");
-    EXPECT_EQ(program.takeChanges(), "Log.adifile=/new/log.adi ");
-    EXPECT_EQ(program.listener.begun, 0) << "nothing is plotted yet";
-}
-
 TEST(LoadADIF, WithoutALogAsksForOneAndTellsWhenThereIsNone) {
     for (const Command command : {&Commands::mnuLoadADIF, &Commands::mnuGoogle}) {
-        PlottedProgram program;
-        std::filesystem::remove(program.data->run.LogFileName);
+        PlottedProgram program(home + "[Log]\r\nadifile=/logs/2011/log.adi\r\n");
+        const std::string before = program.data->run.LogFileName;
+        std::filesystem::remove(before);
         (*program.commands.*command)();
-        EXPECT_EQ(program.window.fileDialogs.size(), 1U);
+        EXPECT_EQ(
+            program.window.fileDialogs,
+            std::vector<std::string>{"Load Log Input File|/logs/2011/|ADIF Files (*.ADI)|*.ADI"});
+        EXPECT_EQ(program.data->run.LogFileName, before) << "cancelled";
+        EXPECT_EQ(program.takeChanges(), "");
         EXPECT_EQ(
             program.prompt.told,
             (std::vector<std::string>{"You must select an ADIF file before continuing.\r\n"
@@ -166,16 +155,11 @@ TEST(LoadADIF, KeepsNoListOfAPlotBeforeOrOfAnExport) {
     EXPECT_EQ(lists.lstConfirmed.size(), 0U);
 }
 
-TEST(MapOptionCommands, ApplyShowsTheFilterAndCountsFromTheNextPlotOn) {
+TEST(MapOptionCommands, ApplyShowsTheFilterOfItsWindow) {
     PlottedProgram program;
     program.data->maps.of(Projection::Azimuthal).filter.band.set(1, true);
     program.commands->applyMapOptions(Projection::Azimuthal);
-    EXPECT_EQ(program.takeChanges(), "Band0=0 Band1=1 ");
     EXPECT_EQ(program.data->stats.filterText(Criterion::Band), "BAND\r\n--------\r\n2M\r\n");
-    EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U);
-    EXPECT_EQ(program.look(), "world home plot ");
-    program.commands->mnuLoadADIF();
-    EXPECT_EQ(program.look(), "world home ");
     program.commands->applyMapOptions(Projection::Miller);
     EXPECT_EQ(program.data->stats.filterText(Criterion::Band), "BAND\r\n--------\r\nOFF\r\n")
         << "of the window that was applied, whatever map is on show";
@@ -202,8 +186,8 @@ TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
 
 TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
     PlottedProgram program;
-    program.data->ini.WriteIniValue("Globals", "Latitude", "45");
-    const auto latitude = [&program] { return program.data->run.HomeLatitude; };
+    program.data->ini.WriteIniValue("Globals", "Latitude", "-30");
+    program.data->ini.WriteIniValue("Globals", "Longitude", "20");
     program.commands->applyMapOptions(Projection::Azimuthal);
     program.data->run.marks.mnuTopo = true;
     program.data->maps.inForce().filter.band.set(3, true);
@@ -212,24 +196,26 @@ TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
     EXPECT_TRUE(program.data->run.marks.mnuTopo) << "no mark of the menu is taken back";
     program.commands->mnuLoadADIF();
     program.commands->mnuGreatCircle(); // it is on
-    program.commands->mnuShowMe();
-    EXPECT_EQ(latitude(), 50.0F);
-    EXPECT_EQ(program.look(), "world plot ");
+    program.commands->mnuMeridian();
+    EXPECT_EQ(program.data->run.HomeLatitude, 50.0F);
+    EXPECT_EQ(program.look(), "world home graticule plot ");
     program.commands->mnuRecreateMap();
-    EXPECT_EQ(latitude(), 45.0F);
-    EXPECT_EQ(program.look(), "world ");
+    EXPECT_EQ(program.data->run.HomeLatitude, -30.0F);
+    EXPECT_EQ(program.look(), "world home graticule ");
+    EXPECT_EQ(program.mapAt(-30, 20), homeColour);
+    const QImage now = program.map->Picture2.Image();
+    program.restart(); // its cache knows the home
+    program.start();
+    EXPECT_EQ(program.map->Picture2.Image(), now);
 }
 
 TEST(Hover, EndsWithTheMapAndWithAPlotThatFindsNoLog) {
-    const std::function<void(PlottedProgram&)> ends[] = {
-        [](PlottedProgram& program) { program.commands->mnuClearMap(); },
-        [](PlottedProgram& program) { program.commands->mnuMiller(); },
-        [](PlottedProgram& program) { program.commands->mnuLoadADIF(); }};
-    for (const auto& end : ends) {
+    for (const Command end :
+         {&Commands::mnuClearMap, &Commands::mnuMiller, &Commands::mnuLoadADIF}) {
         PlottedProgram program;
         EXPECT_EQ(tipAtContact(program), "KH6A  ");
         std::filesystem::remove(program.data->run.LogFileName);
-        end(program);
+        (*program.commands.*end)();
         EXPECT_EQ(tipAtContact(program), "");
     }
 }

@@ -53,10 +53,7 @@ public:
         pictureDialogs.push_back(start);
         return onChoosePicture(start);
     }
-    std::optional<Colour> chooseColour(Colour start) override {
-        colourDialogs.push_back(start);
-        return chosenColour;
-    }
+    std::optional<Colour> chooseColour(Colour /*start*/) override { return chosenColour; }
     bool openWithSystem(const std::string& /*path*/) override { return true; }
     void close() override { calls.emplace_back("close"); }
 
@@ -82,7 +79,6 @@ public:
     bool statsShown = false;
     std::vector<std::string> calls;
     std::vector<std::string> fileDialogs;
-    std::vector<Colour> colourDialogs;
     std::vector<PictureWish> pictureDialogs;
     std::optional<std::string> chosenFile;
     std::optional<Colour> chosenColour;

@@ -1,7 +1,4 @@
-#include "plot/PlotLog.h"
 #include "run/TestProgram.h"
-
-#include <gtest/gtest.h>
 
 namespace tovrel {
 namespace {

@@ -3,35 +3,31 @@
 namespace tovrel {
 namespace {
 
-constexpr Colour reliefColour = 0x224466;
-
-/// A plain world picture for the relief.
-std::string writeWorld(const TestFolder& folder, int height = 54) {
-    QImage world(2 * height, height, QImage::Format_RGB32);
-    world.fill(imageColour(reliefColour));
-    EXPECT_TRUE(SavePicture(world, folder.path("world.bmp")));
-    return folder.path("world.bmp");
-}
-
 bool showsRelief(const TestProgram& program) {
     return inkOf(program.map->Picture1, reliefColour).count > 0;
 }
 
 TEST(ProjectionSwitch, ShowsTheOtherMapWithThePlotOnIt) {
-    PlottedProgram program;
+    PlottedProgram program(home +
+                           "[GCMapOptions]\r\nHeardColor=1\r\n[MCMapOptions]\r\nHeardColor=2\r\n");
+    const char* const miller = "Tovrel - Miller Cylindrical Projection";
+    const char* const afresh = "hide stats,hide,center,show,close stats,view stats,timer off";
     const struct {
         Projection map;
-        const char* caption;
+        const char *caption, *calls;
         float width, height;
-    } cases[] = {
-        {Projection::Miller, "Tovrel - Miller Cylindrical Projection", 7000, 3500},
-        {Projection::Azimuthal, "Tovrel - Azimuthal Equidistant Projection", 7100, 8000},
-        {Projection::Miller, "Tovrel - Miller Cylindrical Projection", 7000, 3500}}; // its cache
+    } cases[] = {{Projection::Miller, miller, afresh, 7000, 3500},
+                 {Projection::Azimuthal, "Tovrel - Azimuthal Equidistant Projection",
+                  "hide,center,show,timer off", 7100, 8000},
+                 {Projection::Miller, miller, afresh, 7000, 3500}}; // of its cache
     for (const auto& c : cases) {
+        program.window.statsShown = c.calls == afresh;
         program.data->maps.of(c.map).filter.band.set(3, true); // not applied
         c.map == Projection::Miller ? program.commands->mnuMiller()
                                     : program.commands->mnuGreatCircle();
-        EXPECT_EQ(program.window.takeCalls(), "hide,center,show,timer off");
+        EXPECT_EQ(program.window.takeCalls(), c.calls);
+        EXPECT_EQ(program.data->stats.legend().colour(MapColour::Heard), 2U);
+        EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U) << "the replot fills it";
         EXPECT_EQ(program.data->run.marks.projection, c.map);
         EXPECT_EQ(program.window.caption, c.caption);
         EXPECT_EQ(program.setting("Globals", "Display"), namesOf(c.map).display);
@@ -44,18 +40,6 @@ TEST(ProjectionSwitch, ShowsTheOtherMapWithThePlotOnIt) {
     program.window.height = 7777.0F;
     program.commands->mnuMiller();
     EXPECT_EQ(program.window.height, 7777.0F) << "the map on show keeps its size";
-}
-
-TEST(ProjectionSwitch, OpensTheStatisticsAfreshWithTheOtherPalette) {
-    PlottedProgram program(home +
-                           "[GCMapOptions]\r\nHeardColor=1\r\n[MCMapOptions]\r\nHeardColor=2\r\n");
-    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Heard), 1U);
-    program.window.statsShown = true;
-    program.commands->mnuMiller();
-    EXPECT_EQ(program.window.takeCalls(),
-              "hide stats,hide,center,show,close stats,view stats,timer off");
-    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Heard), 2U);
-    EXPECT_EQ(program.data->stats.lists().lstConfirmed.size(), 1U) << "the replot fills it again";
 }
 
 TEST(ProjectionSwitch, WithoutACacheSwitchesGraticuleAndReliefOff) {
@@ -89,20 +73,6 @@ TEST(Topo, AsksAndKeepsTheAnswer) {
     }
 }
 
-TEST(RecreateMap, BringsANewHomeToTheMapAndToItsCache) {
-    PlottedProgram program;
-    program.data->ini.WriteIniValue("Globals", "Latitude", "-30");
-    program.data->ini.WriteIniValue("Globals", "Longitude", "20");
-    program.commands->mnuRecreateMap();
-    EXPECT_EQ(program.data->run.HomeLatitude, -30.0F);
-    EXPECT_EQ(program.look(), "world home ");
-    EXPECT_EQ(program.mapAt(-30, 20), homeColour);
-    const QImage now = program.map->Picture2.Image();
-    program.restart();
-    program.start();
-    EXPECT_EQ(program.map->Picture2.Image(), now);
-}
-
 TEST(CustomMap, IsKeptForItsMapAndServesTheRelief) {
     PlottedProgram program(settingsOf(Projection::Miller));
     program.commands->mnuLoadCustomMap();
@@ -133,33 +103,6 @@ TEST(CustomMap, IsKeptForItsMapAndServesTheRelief) {
     EXPECT_FALSE(showsRelief(program)) << "the built-in picture serves";
     EXPECT_EQ(program.prompt.told, unusable);
     EXPECT_TRUE(program.folder.read("MillerBaseMap.map") == cache) << "until the user's is back";
-}
-
-TEST(BaseColours, AreStoredAndRebuiltWhenTheyChange) {
-    const struct {
-        void (Commands::*command)();
-        const char* key;
-        Colour whenEmpty;
-    } cases[] = {{&Commands::mnuChangeLandColor, "LandColor=", 12648384},
-                 {&Commands::mnuChangeWaterColor, "WaterColor=", 16698789}};
-    for (const auto& c : cases) {
-        PlottedProgram program(settingsOf(Projection::Miller));
-        const auto change = [&](std::optional<Colour> chosen) {
-            program.window.chosenColour = chosen;
-            (*program.commands.*c.command)();
-            return program.window.colourDialogs.back();
-        };
-        EXPECT_EQ(change(std::nullopt), c.whenEmpty);
-        EXPECT_EQ(program.takeChanges(), "");
-        EXPECT_EQ(change(c.whenEmpty), c.whenEmpty);
-        EXPECT_EQ(program.takeChanges(), c.key + std::to_string(c.whenEmpty) + " ");
-        EXPECT_EQ(program.look(), "world home plot ") << "the same colour rebuilds nothing";
-        EXPECT_EQ(change(0x4080C0), c.whenEmpty);
-        EXPECT_EQ(program.takeChanges(), std::string(c.key) + "4227264 ");
-        const bool ofLand = c.whenEmpty == land;
-        EXPECT_EQ(program.look(ofLand ? 0x4080C0 : land, ofLand ? water : 0x4080C0), "world home ");
-        EXPECT_EQ(change(std::nullopt), 0x4080C0U);
-    }
 }
 
 } // namespace

@@ -4,10 +4,6 @@
 
 namespace tovrel {
 
-std::ostream& operator<<(std::ostream& out, const MapPlace& p) {
-    return out << p.left << "," << p.top << " " << p.width << "x" << p.height;
-}
-
 namespace {
 
 TEST(MapFit, FillsAWindowOfItsShapeAndLiesInTheMiddleOfAnyOther) {

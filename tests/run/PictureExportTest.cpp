@@ -1,6 +1,5 @@
 #include "run/PictureExport.h"
 
-#include "map/MapUnits.h"
 #include "run/MapSheet.h"
 #include "run/TestProgram.h"
 
@@ -23,21 +22,6 @@ struct ExportingProgram : PlottedProgram {
     }
 };
 
-/// Share of a colour within the middle of a place of the map, 1 for all of it.
-double shareAt(const QImage& image, MapPoint at, int across, Colour colour) {
-    const auto pixel = [&image](double part) { return static_cast<int>(part * image.width()); };
-    int count = 0;
-    for (int y = 0; y < across; ++y) {
-        for (int x = 0; x < across; ++x)
-            count += colourOfImage(
-                         image.pixel(pixel((at.x + mapEdge) / mapWidth) - across / 2 + x,
-                                     pixel((mapEdge - at.y) / mapWidth) - across / 2 + y)) == colour
-                         ? 1
-                         : 0;
-    }
-    return static_cast<double>(count) / (across * across);
-}
-
 TEST(ExportPicture, ShowsWhatIsOnShowAtManyMorePixelsAndLeavesThatAsItIs) {
     ExportingProgram program({.pixels = 2000, .caption = false});
     program.commands->mnuMeridian();
@@ -56,15 +40,17 @@ TEST(ExportPicture, ShowsWhatIsOnShowAtManyMorePixelsAndLeavesThatAsItIs) {
     EXPECT_EQ(image.dotsPerMeterX(), 11811) << "300 dots per inch";
     // The mark of the contact has the share of the map that it has on the screen.
     const int marks = inkOf(program.map->Picture2, confirmedColour).count;
-    PictureSurface exported = whiteSurface(image.width(), image.height());
-    exported.setPicture(PackedPicture(image));
+    PictureSurface exported = surfaceOf(image);
     const double scale = 2000.0 / before.width();
-    EXPECT_NEAR(inkOf(exported, confirmedColour).count / (scale * scale * marks), 1.0, 0.1);
-    EXPECT_GT(shareAt(image, {row.mapX, row.mapY}, 9, confirmedColour), 0.5) << "but for the line";
+    const Ink mark = inkOf(exported, confirmedColour);
+    EXPECT_NEAR(mark.count / (scale * scale * marks), 1.0, 0.1);
+    EXPECT_NEAR((mark.left + mark.right) / 2.0, exported.pixelX(row.mapX), 2);
+    EXPECT_NEAR((mark.top + mark.bottom) / 2.0, exported.pixelY(row.mapY), 2);
     EXPECT_GT(inkOf(exported, homeColour).count, 0);
     EXPECT_GT(inkOf(exported, meridianColour).count, 1000);
-    const MapPoint onLine = {row.mapX / 2, row.mapY / 2};
-    EXPECT_GT(shareAt(image, onLine, 3, program.data->lneGCPlotLine.shape().colour), 0.3);
+    const Ink line = inkOf(exported, program.data->lneGCPlotLine.shape().colour);
+    EXPECT_NEAR(line.right, exported.pixelX(0), 5) << "from home";
+    EXPECT_NEAR(line.left, exported.pixelX(row.mapX), 5) << "to the station";
 
     EXPECT_EQ(program.map->Picture2.Image(), before);
     EXPECT_EQ(program.map->Picture1.Image(), base);
@@ -78,14 +64,13 @@ TEST(ExportPicture, ShowsWhatIsOnShowAtManyMorePixelsAndLeavesThatAsItIs) {
     // What has gone from the screen is in no later picture.
     program.commands->mnuClearMap();
     program.commands->mnuExportPicture();
-    exported.setPicture(
-        PackedPicture(QImage(QString::fromStdString(program.folder.path("map.png")))));
+    exported = surfaceOf(QImage(QString::fromStdString(program.folder.path("map.png"))));
     EXPECT_EQ(inkOf(exported, confirmedColour).count, 0);
     EXPECT_GT(inkOf(exported, meridianColour).count, 1000);
 }
 
 TEST(ExportPicture, ReplacesNothingUnasked) {
-    ExportingProgram program({.pixels = 1000});
+    ExportingProgram program({.pixels = 1000}, settingsOf(Projection::Miller));
     program.folder.write("map.png", "precious");
     program.prompt.answer = false;
     // After a no the dialog comes again with what was chosen.
@@ -95,7 +80,7 @@ TEST(ExportPicture, ReplacesNothingUnasked) {
     };
     program.commands->mnuExportPicture();
     ASSERT_EQ(program.window.pictureDialogs.size(), 2U);
-    EXPECT_TRUE(program.window.pictureDialogs[0].path.ends_with("TovrelAP_20110302-070509.png"));
+    EXPECT_TRUE(program.window.pictureDialogs[0].path.ends_with("TovrelMP_20110302-070509.png"));
     EXPECT_EQ(program.window.pictureDialogs[1].path, program.folder.path("map.png"));
     EXPECT_EQ(program.prompt.asked.size(), 1U);
     EXPECT_EQ(program.folder.read("map.png"), "precious");
@@ -163,9 +148,7 @@ TEST(MapCaption, IsNeverCut) {
         QPainter painter(&image);
         layout.draw(painter, QPointF(edge, edge));
         painter.end();
-        PictureSurface surface = whiteSurface(image.width(), image.height());
-        surface.setPicture(PackedPicture(image));
-        const Ink ink = inkOver(surface, 0xFFFFFF);
+        const Ink ink = inkOver(surfaceOf(image), white);
         EXPECT_GE(ink.left, edge - 1) << width;
         EXPECT_LE(ink.left + ink.width(), edge + width + 1) << width;
         EXPECT_GE(ink.top, edge - 1) << width;

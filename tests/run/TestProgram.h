@@ -4,9 +4,7 @@
 #include "map/CoastFile.h"
 #include "map/MapColours.h"
 #include "map/PictureFile.h"
-#include "map/Pixels.h"
-#include "platform/TestDoubles.h"
-#include "platform/TestFolder.h"
+#include "plot/PlotLog.h"
 #include "run/Commands.h"
 #include "run/FakeWindow.h"
 
@@ -20,6 +18,7 @@ namespace tovrel {
 constexpr Colour confirmedColour = 0x40FF00;
 constexpr Colour homeColour = 0x00FFFF;
 constexpr Colour meridianColour = 0x808080;
+constexpr Colour reliefColour = 0x224466;
 
 /// A run of the program in a folder of its own, without a window. Its world is one square island,
 /// 30 to 50 degrees north and 10 degrees round the meridian, in a sea down to 60 degrees south.
@@ -30,18 +29,9 @@ public:
         if (!settings.empty())
             folder.write("Tovrel.ini", settings);
         if (withWorld) {
-            std::vector<CoastPoint> island;
-            const int corners[][2] = {{30, -10}, {30, 10}, {50, 10}, {50, -10}, {30, -10}};
-            for (int side = 0; side < 4; ++side) {
-                for (int i = 0; i <= 20 * 60; i += 60) {
-                    const auto between = [=](int axis) {
-                        return corners[side][axis] * 60 +
-                               (corners[side + 1][axis] - corners[side][axis]) * i / 20;
-                    };
-                    island.push_back({between(0), between(1)});
-                }
-            }
-            folder.write("mapper.pnt", coastAlong(-60, -180, 182) + coastStroke(island));
+            const std::string island =
+                coastStroke({{1800, -600}, {1800, 600}, {3000, 600}, {3000, -600}, {1800, -600}});
+            folder.write("mapper.pnt", coastAlong(-60, -180, 182) + island);
             folder.write("paintma.txt", "0,-40\r\n");
         }
         restart();
@@ -67,8 +57,7 @@ public:
     /// Chooses a log with one contact in Hawaii, confirmed.
     void chooseLog() {
         data->run.LogFileName = folder.write(
-            "log.adi",
-            "<CALL:4>KH6A<APP_LOGGER32_LAT:2>20<APP_LOGGER32_LNG:3>156<QSL_RCVD:1>Y<EOR>\n");
+            "log.adi", record({"KH6A", "20", "156", "", "", "", adif("QSL_RCVD", "Y")}));
     }
 
     std::string setting(std::string_view section, std::string_view key) const {
@@ -131,6 +120,13 @@ public:
 private:
     std::map<std::string, std::string> settings_;
 };
+
+/// A plain world picture for the relief.
+inline std::string writeWorld(const TestFolder& folder, int height = 54) {
+    const std::string path = folder.path("world.bmp");
+    EXPECT_TRUE(SavePicture(plainImage(2 * height, height, reliefColour), path));
+    return path;
+}
 
 inline const std::string home = "[Globals]\r\nLatitude=50\r\nLongitude=-20\r\n";
 
