@@ -145,13 +145,6 @@ TEST_F(ExportFailureTest, ofFilesThatWouldReplaceTheLogLeavesIt) {
     }
 }
 
-TEST_F(ExportFailureTest, ofADictionaryThatIsMissingTellsSo) {
-    useLog(record("A1A"));
-    std::filesystem::remove(program.path(FieldTable::fileName));
-    expectFailure(ExportEnd::DictionaryMissing, std::string(FieldTable::missingMessage),
-                  "log.adi ");
-}
-
 TEST_F(ExportFailureTest, ofTheDocumentIsToldWithItsPlace) {
     useLog(manyRecords());
     const std::string told = "The Google Earth document could not be written.\r\n";

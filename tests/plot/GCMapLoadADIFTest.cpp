@@ -55,27 +55,6 @@ TEST(GCMapLoadADIF, ShowsTheShareOfTheBytesDone) {
               (std::vector<float>{0.0F, share, share, 2.0F * share, 2.0F * share}));
 }
 
-TEST(GCMapLoadADIF, FiltersByTheOptionsOfTheMapInForce) {
-    const std::string log = record({"W1A", "41", "72", "20M", "CW"}) +
-                            record({"W2A", "41", "72", "40M", "SSB", "NA-001"}) +
-                            record({"W3A", "41", "72", "40M", "FT8", "EU-005"});
-    const struct {
-        Projection plotted;
-        Criterion criterion; ///< of the options of the Miller map
-        int member;
-        const char* counters;
-    } cases[] = {{Projection::Azimuthal, Criterion::Band, 9, "3 3 0 3 0 0"},
-                 {Projection::Miller, Criterion::Band, 9, "3 2 0 2 0 0"},
-                 {Projection::Miller, Criterion::Mode, 3, "3 1 0 1 0 0"},
-                 {Projection::Miller, Criterion::Iota, 4, "3 1 0 1 0 0"}};
-    for (const auto& c : cases) {
-        PlotRun run(log, c.plotted);
-        run.data.maps.of(Projection::Miller).filter.group(c.criterion).set(c.member, true);
-        run.plot();
-        EXPECT_EQ(run.counters(), c.counters) << c.member;
-    }
-}
-
 TEST(GCMapLoadADIF, SaysWhyThereIsNothingToShow) {
     const struct {
         std::string log;
