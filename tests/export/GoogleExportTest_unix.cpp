@@ -1,20 +1,9 @@
-// Of full disks, which other systems can't be made to pretend, and of links, which only an
-// administrator makes there.
+// Of full disks, which other systems can't be made to pretend.
 #include "export/ExportFixture.h"
 #include "platform/WriteLimit_unix.h"
 
 namespace tovrel {
 namespace {
-
-TEST_F(ExportTest, leavesTheDocumentInThePlaceOfALink) {
-    const std::string other = logs.write("other", "mine");
-    std::filesystem::create_symlink(other, logs.path("log.kml"));
-    data.google.filter.band.set(1, true);
-    useLog(record("A1A"));
-    EXPECT_EQ(exportLog(), ExportEnd::NothingPlaced);
-    EXPECT_TRUE(logs.read("log.kml").ends_with(" </Document>\r\n</kml>\r\n"));
-    EXPECT_EQ(logs.read("other"), "mine");
-}
 
 TEST_F(ExportFailureTest, ofTheDocumentOnAFullDiskIsSeenAtOnce) {
     useLog(manyRecords());

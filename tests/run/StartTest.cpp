@@ -59,34 +59,30 @@ TEST(Start, APreparedFolderServesAndWhatItLacksIsTold) {
 }
 
 TEST(Start, DisplayChoosesTheMapAndItsSizeWhichTheEndStores) {
-    const struct {
-        const char* display;
-        bool azimuthal;
-    } cases[] = {{"Azimuthal", true}, {"azimuthal", false}};
-    for (const auto& c : cases) {
+    for (const auto& [display, azimuthal] : {std::pair{"Azimuthal", true}, {"azimuthal", false}}) {
         TestProgram program(
-            home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + c.display +
+            home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + display +
             "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n" +
-            (c.azimuthal ? "QTHColor=7\r\n[GCMapOptions]" : "[GCMapOptions]\r\nQTHColor=7") +
+            (azimuthal ? "QTHColor=7\r\n[GCMapOptions]" : "[GCMapOptions]\r\nQTHColor=7") +
             "\r\nHeardColor=3\r\nMeridianColor=4\r\n");
         program.start();
-        EXPECT_EQ(program.data->run.marks.projection == Projection::Azimuthal, c.azimuthal)
-            << c.display;
-        EXPECT_EQ(program.window.height, c.azimuthal ? 6000.0F : 4500.0F);
-        EXPECT_EQ(program.window.width, c.azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
+        EXPECT_EQ(program.data->run.marks.projection == Projection::Azimuthal, azimuthal)
+            << display;
+        EXPECT_EQ(program.window.height, azimuthal ? 6000.0F : 4500.0F);
+        EXPECT_EQ(program.window.width, azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
         EXPECT_EQ(program.map->Picture2.Height(), program.window.height - FakeWindow::frame);
-        EXPECT_EQ(program.map->Picture2.Width(), program.window.width - (c.azimuthal ? 0 : 110));
+        EXPECT_EQ(program.map->Picture2.Width(), program.window.width - (azimuthal ? 0 : 110));
         EXPECT_EQ(program.look(), "world home ") << "the mark in its own map's colour";
         const Legend& legend = program.data->stats.legend();
         EXPECT_EQ(legend.colour(MapColour::Heard), 3U) << "the azimuthal palette, on either map";
-        EXPECT_EQ(legend.colour(MapColour::Meridian), c.azimuthal ? 4U : 2U);
+        EXPECT_EQ(legend.colour(MapColour::Meridian), azimuthal ? 4U : 2U);
 
         program.window.height = 6543.5F;
         program.window.width = 8765.0F;
         program.takeChanges();
         program.commands->Form_Unload();
         EXPECT_EQ(program.takeChanges(),
-                  c.azimuthal ? "Globals.GCHeight=6543.5 " : "Globals.MlWidth=8765 ");
+                  azimuthal ? "Globals.GCHeight=6543.5 " : "Globals.MlWidth=8765 ");
     }
 }
 
@@ -240,7 +236,10 @@ TEST(MapPictures, HomeLiesOnTheGraticuleInTheMarkerSizeOfItsMap) {
         const int width = map == Projection::Azimuthal ? 3 : 7;
         EXPECT_EQ(inkOf(program.map->Picture2, homeColour).width(), width);
         EXPECT_EQ(program.mapAt(0, -20), homeColour) << "not the lines that cross there";
-        program.commands->mnuLoadADIF();
+        program.folder.write("log.adi",
+                             program.folder.read("log.adi") +
+                                 record({"G1A", "0", "20", "", "", "", adif("QSL_RCVD", "Y")}));
+        program.commands->mnuLoadADIF(); // home lies over the mark of the neighbour
         EXPECT_EQ(inkOf(program.map->Picture2, homeColour).width(), width);
         EXPECT_EQ(inkOf(program.map->Picture2, confirmedColour).width(), width);
     }

@@ -73,12 +73,10 @@ public:
     /// "home", "graticule" and "plot", each followed by a blank.
     std::string look(Colour landColour = land, Colour waterColour = water) const {
         bool world = true;
-        for (const auto& [latitude, longitude] : {std::pair{40, 4}, {33, 7}, {47, -7}})
-            world &=
-                mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) == landColour;
-        for (const auto& [latitude, longitude] : {std::pair{25, 3}, {3, -37}, {55, -7}, {44, 16}})
-            world &=
-                mapAt(static_cast<float>(latitude), static_cast<float>(longitude)) == waterColour;
+        for (const auto& [north, east] : {std::pair{40.0F, 4.0F}, {33, 7}, {47, -7}})
+            world &= mapAt(north, east) == landColour;
+        for (const auto& [north, east] : {std::pair{25.0F, 3.0F}, {3, -37}, {55, -7}, {44, 16}})
+            world &= mapAt(north, east) == waterColour;
         const auto shows = [this](Colour colour, int above, const char* name) {
             return inkOf(map->Picture2, colour).count > above ? name : "";
         };
