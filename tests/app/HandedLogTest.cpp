@@ -2,7 +2,6 @@
 
 #include <QMimeData>
 #include <QUrl>
-#include <QWindow>
 
 namespace tovrel {
 namespace {

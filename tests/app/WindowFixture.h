@@ -6,7 +6,6 @@
 #include "run/RunData.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 namespace tovrel {
 

@@ -24,8 +24,7 @@ TEST_F(frmMapOptionsTest, FilterBoxesKeepTheirRuleUnderTheMouse) {
         const char* clicked;
         bool off, third; ///< boxes that are checked afterwards
     } rows[] = {{"chkBand(12)", true, false}, {"chkBand(0)", true, false},
-                {"chkBand(3)", false, true},  {"chkBand(4)", false, true},
-                {"chkBand(4)", false, true},  {"chkBand(3)", true, false},
+                {"chkBand(3)", false, true},  {"chkBand(3)", true, false},
                 {"chkBand(3)", false, true},  {"chkBand(0)", true, false}};
     for (const auto& row : rows) {
         click(window_, row.clicked);

@@ -57,17 +57,15 @@ TEST_F(BatchPlot, withNothingToPlotEndsWithItsOwnStatus) {
 }
 
 TEST_F(BatchPlot, filterGroupsThatAreGivenReplaceThoseOfTheSettings) {
-    const struct {
-        std::vector<std::string> options;
-        const char* calls;
-    } rows[] = {{{}, "A1A C1C "}, // the settings let 20M through
-                {{"--bands", "40m,20m"}, "A1A B1B C1C "},
-                {{"--bands=2M", "--bands=40M"}, "B1B "},
-                {{"--modes", "CW"}, "A1A "},
-                {{"--bands", "off", "--modes", " Phone , CW"}, "A1A B1B C1C "},
-                {{"--bands", "off", "--iota", "NA,EU"}, "A1A B1B "}};
-    for (const auto& row : rows)
-        EXPECT_EQ(plottedCalls(report("plot", row.options)), row.calls) << joined(row.options);
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{}, "A1A C1C "}, // the settings let 20M through
+        {{"--bands", "40m,20m"}, "A1A B1B C1C "},
+        {{"--bands=2M", "--bands=40M"}, "B1B "},
+        {{"--modes", "CW"}, "A1A "},
+        {{"--bands", "off", "--modes", " Phone , CW"}, "A1A B1B C1C "},
+        {{"--bands", "off", "--iota", "NA,EU"}, "A1A B1B "}};
+    for (const auto& [options, calls] : rows)
+        EXPECT_EQ(plottedCalls(report("plot", options)), calls) << joined(options);
 }
 
 TEST_F(BatchPlot, printsTheTipsInTheirOrder) {
@@ -78,17 +76,15 @@ TEST_F(BatchPlot, printsTheTipsInTheirOrder) {
                decimalText(contact[QStringLiteral("mapX")].toDouble());
     };
     const std::vector<std::string> tips = {at(1), "--tip", "-21000,21000", at(0)};
-    const struct {
-        std::vector<std::string> parts;
-        std::string lines;
-    } rows[] = {{{}, "C1C  \n\nA1A  \n"}, // the settings select the calls
-                {{"--tip-parts", "country"}, "\xC3\x85land: \n\n: \n"},
-                {{"--tip-parts", "latlong,call"}, "[-30, -60] C1C  \n\n[50, 10] A1A  \n"},
-                {{"--tip-parts="}, "\n\n\n"}};
-    for (const auto& row : rows) {
+    const std::pair<std::vector<std::string>, const char*> rows[] = {
+        {{}, "C1C  \n\nA1A  \n"}, // the settings select the calls
+        {{"--tip-parts", "country"}, "\xC3\x85land: \n\n: \n"},
+        {{"--tip-parts", "latlong,call"}, "[-30, -60] C1C  \n\n[50, 10] A1A  \n"},
+        {{"--tip-parts="}, "\n\n\n"}};
+    for (const auto& [parts, lines] : rows) {
         std::vector<std::string> options = tips;
-        options.insert(options.end(), row.parts.begin(), row.parts.end());
-        EXPECT_EQ(run("plot", options).out, row.lines);
+        options.insert(options.end(), parts.begin(), parts.end());
+        EXPECT_EQ(run("plot", options).out, lines);
     }
     // The settings select nothing on this map: then all is shown.
     EXPECT_EQ(run("plot", {"--bands", "40M", "--projection", "miller", "--tip=7200,-12200"}).out,

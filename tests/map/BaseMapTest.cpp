@@ -30,10 +30,7 @@ TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
     const TestFolder folder;
     folder.write("MAPPER.PNT", coastAlong(-60, -180, 182) + coastAlong(60, -180, 182));
     folder.write("paintma.txt", "0,0\r\n");
-    const struct {
-        Projection projection;
-        std::vector<std::pair<MapPoint, Colour>> places;
-    } cases[] = {
+    const std::pair<Projection, std::vector<std::pair<MapPoint, Colour>>> cases[] = {
         {Projection::Azimuthal,
          {{{0, 6000}, land},
           {{0, 0}, water},
@@ -44,11 +41,11 @@ TEST(BaseMap, PaintsLandSeaAndTheSouthPolarLand) {
           {{-22000, 22000}, outside},
           {{21900, -21900}, outside}}},
         {Projection::Miller, {{{-22000, 22000}, land}, {{0, 0}, water}, {{21900, -21900}, white}}}};
-    for (const auto& c : cases) {
-        const Drawn map(folder.path(), c.projection, 30.0F);
+    for (const auto& [projection, places] : cases) {
+        const Drawn map(folder.path(), projection, 30.0F);
         EXPECT_TRUE(map.prompt.told.empty()) << "found in any case";
         EXPECT_EQ(map.listener.yields, 2);
-        for (const auto& [at, colour] : c.places)
+        for (const auto& [at, colour] : places)
             EXPECT_EQ(colourAt(map.surface, at.x, at.y), colour) << at.x << ", " << at.y;
     }
 }

@@ -47,22 +47,20 @@ TEST(WindowShape, RoundsTheMillerHeightToAnEvenBottom) {
 
 TEST(WindowShape, TellsTheDraggedEdgeFromWhatMoved) {
     const QRect before = rect(100, 100, 500, 500);
-    const struct {
-        QRect after;
-        SizingEdge edge;
-    } cases[] = {{rect(90, 100, 500, 500), SizingEdge::Left},
-                 {rect(100, 100, 510, 500), SizingEdge::Right},
-                 {rect(100, 120, 500, 500), SizingEdge::Top},
-                 {rect(100, 100, 500, 480), SizingEdge::Bottom},
-                 {rect(110, 110, 500, 500), SizingEdge::TopLeft},
-                 {rect(100, 90, 520, 500), SizingEdge::TopRight},
-                 {rect(80, 100, 500, 530), SizingEdge::BottomLeft},
-                 {rect(100, 100, 530, 520), SizingEdge::BottomRight},
-                 {rect(100, 100, 500, 500), SizingEdge::BottomRight},
-                 {rect(130, 140, 530, 540), SizingEdge::BottomRight}, // moved, not sized
-                 {rect(130, 140, 540, 540), SizingEdge::Left}};       // moved and sized by a jump
-    for (const auto& c : cases)
-        EXPECT_EQ(draggedEdge(before, c.after), c.edge) << static_cast<int>(c.edge);
+    const std::pair<QRect, SizingEdge> cases[] = {
+        {rect(90, 100, 500, 500), SizingEdge::Left},
+        {rect(100, 100, 510, 500), SizingEdge::Right},
+        {rect(100, 120, 500, 500), SizingEdge::Top},
+        {rect(100, 100, 500, 480), SizingEdge::Bottom},
+        {rect(110, 110, 500, 500), SizingEdge::TopLeft},
+        {rect(100, 90, 520, 500), SizingEdge::TopRight},
+        {rect(80, 100, 500, 530), SizingEdge::BottomLeft},
+        {rect(100, 100, 530, 520), SizingEdge::BottomRight},
+        {rect(100, 100, 500, 500), SizingEdge::BottomRight},
+        {rect(130, 140, 530, 540), SizingEdge::BottomRight}, // moved, not sized
+        {rect(130, 140, 540, 540), SizingEdge::Left}};       // moved and sized by a jump
+    for (const auto& [after, edge] : cases)
+        EXPECT_EQ(draggedEdge(before, after), edge) << static_cast<int>(edge);
 }
 
 } // namespace
