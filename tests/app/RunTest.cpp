@@ -60,7 +60,6 @@ TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
         EXPECT_EQ(dialog.objectName(), "frmInfoInput");
         EXPECT_TRUE(dialog.isModal());
         EXPECT_FALSE(main_->isVisible());
-        EXPECT_EQ(folder_.names(), "Tovrel.ini mapper.pnt paintma.txt ");
         control<QLineEdit>(dialog, "txtLatitude").setText("-15.5");
         control<QLineEdit>(dialog, "txtLongitude").setText("47.5");
         click(dialog, "cmdInfoApply");
@@ -69,7 +68,6 @@ TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
     EXPECT_TRUE(main_->isVisible());
     EXPECT_EQ(main_->windowTitle(), "Tovrel - Azimuthal Equidistant Projection");
     EXPECT_FLOAT_EQ(data_->run.HomeLatitude, -15.5F);
-    EXPECT_EQ(folder_.names(), "GCBaseMap.map TVADIF.txt Tovrel.ini mapper.pnt paintma.txt ");
     for (const MapColour base : {MapColour::Land, MapColour::Water})
         EXPECT_GT(pixels(QColor::fromRgb(imageColour(keyOf(base).byDefault))), 1000);
 }
@@ -97,8 +95,12 @@ TEST_F(RunTest, ACommandPickedDuringAPassWaitsAndRunsOnceAndATickOfTheTimerIsDro
 }
 
 TEST_F(RunTest, AbortStopsThePassWithABareMap) {
-    plotAnd([this] { pick("mnuAbort"); });
+    plotAnd([this] {
+        main_->findChild<QTimer*>("Timer1")->start();
+        pick("mnuAbort");
+    });
     EXPECT_LT(read(), longLog);
+    EXPECT_TRUE(main_->findChild<QTimer*>("Timer1")->isActive());
     EXPECT_FALSE(plotOnMap() || data_->run.AbortRequested);
     EXPECT_TRUE(window("frmGCMapCalculations").isVisible());
     pick("mnuLoadADIF");
@@ -176,11 +178,19 @@ TEST_F(RunTest, SwitchingTheProjectionOpensTheStatisticsAfreshInItsColours) {
     pick("mnuLoadADIF");
     pick("mnuView_Stats");
     pick("mnuMiller");
-    EXPECT_EQ(data_->stats.legend().colour(MapColour::Confirmed), 1193046U);
     EXPECT_TRUE(window("frmMapStats").isVisible());
     EXPECT_EQ(control(window("frmMapStats"), "cmdConfirmed").accessibleDescription(),
               colourOf(MapColour::Confirmed).name());
     EXPECT_TRUE(plotOnMap()) << "it comes back in its new colour";
+    control<frmTabStrip>(window("frmMapStats"), "tabStats").choose(5);
+    chooseColour(colourOf(MapColour::Meridian), {}); // cancelled
+    click(window("frmMapStats"), "cmdMeridian");
+    EXPECT_TRUE(plotOnMap());
+    EXPECT_EQ(setting("MCMapOptions", "MeridianColor"), "8421504");
+    chooseColour(colourOf(MapColour::Heard), Qt::magenta);
+    click(window("frmMapStats"), "cmdHeard");
+    EXPECT_EQ(setting("MCMapOptions", "HeardColor"), "16711935");
+    EXPECT_EQ(data_->stats.legend().colour(MapColour::Heard), 16711935U);
     EXPECT_FALSE(item("mnuCompass").isEnabled());
     pick("mnuGreatCircle");
     EXPECT_TRUE(plotOnMap());

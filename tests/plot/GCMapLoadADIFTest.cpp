@@ -158,17 +158,5 @@ TEST(GCMapLoadADIF, TheTagListIsReadAtTheFirstRecordOfAPassAndThereAlone) {
                                           run.folder.path("TVADIF.txt") + "\r\nIs a directory");
 }
 
-TEST(GCMapLoadADIF, TheMillerMapReadsHomeAfreshAndTheAzimuthalDoesNot) {
-    for (const Projection projection : allProjections) {
-        PlotRun run(record({"W1A", "41", "72"}), projection);
-        run.data.ini.WriteIniValue("Globals", "Latitude", "10");
-        run.data.ini.WriteIniValue("Globals", "Longitude", "");
-        run.plot();
-        const bool miller = projection == Projection::Miller;
-        EXPECT_EQ(run.data.run.HomeLatitude, miller ? 10.0F : 40.0F);
-        EXPECT_EQ(run.data.run.HomeLongitude, miller ? 0.0F : -74.0F);
-    }
-}
-
 } // namespace
 } // namespace tovrel

@@ -28,18 +28,6 @@ protected:
     PlotTables tables;
 };
 
-TEST_F(HoverTipTest, TellsThePartsThatAreSelected) {
-    add("K1AA", 1000.0, 1000.0);
-    add("K2BB", 1100.0, 1000.0);
-    const std::string place = "[46.5, -72.25] ";
-    EXPECT_EQ(tipText(tables, {true, true, true}, 1000.0, 1000.0),
-              place + "Country of K1AA: K1AA  K2BB  ");
-    EXPECT_EQ(callsAt(1000.0, 1000.0), "K1AA  K2BB  ");
-    EXPECT_EQ(tipText(tables, {.latLong = true, .country = true}, 1000.0, 1000.0),
-              place + "Country of K1AA: ");
-    EXPECT_EQ(tipText(tables, {}, 1000.0, 1000.0), "");
-}
-
 TEST_F(HoverTipTest, FindsTheRowsFewerThanFiveStepsAwayInLogOrder) {
     // Halves go to the even step, of a row after its units were rounded.
     add("A", 0, 0);

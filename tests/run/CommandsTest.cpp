@@ -24,8 +24,7 @@ struct Step {
     int passes = 0;
 };
 
-template <std::size_t n>
-void expectSteps(PlottedProgram& program, const Step (&steps)[n]) {
+void expectSteps(PlottedProgram& program, const std::vector<Step>& steps) {
     int number = 0;
     for (const Step& step : steps) {
         SCOPED_TRACE(++number);
@@ -41,22 +40,21 @@ void expectSteps(PlottedProgram& program, const Step (&steps)[n]) {
 
 TEST(Commands, ChangeTheMapAndStoreWhatTheyChange) {
     PlottedProgram program(settingsOf(Projection::Miller));
-    const Step steps[] = {
-        // An overlay is drawn over what stands; to take it off, the plot is made again.
-        {&Commands::mnuMeridian, "world home graticule plot ", "", "Meridian=True "},
-        {&Commands::mnuShowMe, "world graticule plot ", "timer off", "ShowMe=False ", 1},
-        {&Commands::mnuMeridian, "world plot ", "timer off", "Meridian=False ", 1},
-        {&Commands::mnuShowMe, "world home plot ", "", "ShowMe=True "},
-        {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
-        {&Commands::mnuRecreateMap, "world home ", "timer off,timer on", ""},
-        {&Commands::mnuLoadADIF, "world home plot ", "timer off", "", 1},
-        {&Commands::mnuResetBaseColors, "world home ", "timer off,timer on",
-         "LandColor=12648384 WaterColor=16698789 "},
-        {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
-        {&Commands::mnuClearMap, "world home ", "", ""},
-        {&Commands::mnuShowMe, "world ", "", "ShowMe=False "}, // nothing to plot again
-        {&Commands::mnuMiller, "world ", "hide,show", ""}};
-    expectSteps(program, steps);
+    expectSteps(program,
+                {// An overlay is drawn over what stands; to take it off, the plot is made again.
+                 {&Commands::mnuMeridian, "world home graticule plot ", "", "Meridian=True "},
+                 {&Commands::mnuShowMe, "world graticule plot ", "timer off", "ShowMe=False ", 1},
+                 {&Commands::mnuMeridian, "world plot ", "timer off", "Meridian=False ", 1},
+                 {&Commands::mnuShowMe, "world home plot ", "", "ShowMe=True "},
+                 {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
+                 {&Commands::mnuRecreateMap, "world home ", "timer off,timer on", ""},
+                 {&Commands::mnuLoadADIF, "world home plot ", "timer off", "", 1},
+                 {&Commands::mnuResetBaseColors, "world home ", "timer off,timer on",
+                  "LandColor=12648384 WaterColor=16698789 "},
+                 {&Commands::mnuMiller, "world home plot ", "hide,show,timer off", "", 1},
+                 {&Commands::mnuClearMap, "world home ", "", ""},
+                 {&Commands::mnuShowMe, "world ", "", "ShowMe=False "}, // nothing to plot again
+                 {&Commands::mnuMiller, "world ", "hide,show", ""}});
     EXPECT_EQ(tipAtContact(program), "");
     const StatusLists& lists = program.data->stats.lists();
     EXPECT_EQ(lists.lstConfirmed.size() + lists.lstStats.size(), 0U);
@@ -67,15 +65,14 @@ TEST(Commands, OfTheCompassResetTheMapAndLeaveMapPlotted) {
                            "[GCMapOptions]\r\nShowComp=False\r\n15Deg=True\r\n45Deg=False\r\n");
     int told = 0;
     const Connection marks = program.data->run.marksChanged.connect([&] { ++told; });
-    const Step steps[] = {
-        {&Commands::mnuShowCompass, "world home ", "", "ShowComp=True "},
-        {&Commands::mnuBoldCompass, "world home ", "", "CompBold=True CompNorm=False "},
-        {&Commands::mnuBoldCompass, "world home ", "", ""},
-        {&Commands::mnuLightCompass, "world home ", "", "CompBold=False CompNorm=True "},
-        {&Commands::mnu45Degrees, "world home ", "", "15Deg=False 45Deg=True "},
-        {&Commands::mnu15Degrees, "world home ", "", "15Deg=True 45Deg=False "},
-        {&Commands::mnuShowCompass, "world home ", "", "ShowComp=False "}};
-    expectSteps(program, steps);
+    expectSteps(program,
+                {{&Commands::mnuShowCompass, "world home ", "", "ShowComp=True "},
+                 {&Commands::mnuBoldCompass, "world home ", "", "CompBold=True CompNorm=False "},
+                 {&Commands::mnuBoldCompass, "world home ", "", ""},
+                 {&Commands::mnuLightCompass, "world home ", "", "CompBold=False CompNorm=True "},
+                 {&Commands::mnu45Degrees, "world home ", "", "15Deg=False 45Deg=True "},
+                 {&Commands::mnu15Degrees, "world home ", "", "15Deg=True 45Deg=False "},
+                 {&Commands::mnuShowCompass, "world home ", "", "ShowComp=False "}});
     EXPECT_EQ(told, 7);
     EXPECT_TRUE(program.data->run.MapPlotted);
     std::vector<int> dark;
@@ -112,17 +109,6 @@ TEST(LoadADIF, WithoutALogAsksForOneAndTellsWhenThereIsNone) {
         EXPECT_EQ(program.setting("Log", "adifile"), *program.window.chosenFile);
         EXPECT_EQ(program.listener.begun, 1);
     }
-}
-
-TEST(LoadADIF, AnAbortLeavesTheTimerAndTheBareMap) {
-    PlottedProgram program;
-    program.window.timer1 = true;
-    const std::string log = program.folder.read("log.adi");
-    program.folder.write("log.adi", log + log + log);
-    program.listener.onYield = [&](int) { program.commands->mnuAbort(); };
-    program.commands->mnuLoadADIF();
-    EXPECT_EQ(program.look(), "world home ");
-    EXPECT_TRUE(program.window.timer1 && program.data->run.MapPlotted);
 }
 
 TEST(LoadADIF, EndsTheProgramWhenTheDictionaryHasGoneAndNotWhenItCantBeRead) {
@@ -165,25 +151,6 @@ TEST(MapOptionCommands, ApplyShowsTheFilterOfItsWindow) {
         << "of the window that was applied, whatever map is on show";
 }
 
-TEST(LegendColours, GoToTheMapInForceAndOnlyNewMeridiansAskForARebuild) {
-    PlottedProgram program(settingsOf(Projection::Miller));
-    const struct {
-        MapColour entry;
-        std::optional<Colour> chosen;
-        bool rebuild;
-        const char* changes;
-    } cases[] = {{MapColour::Meridian, std::nullopt, false, ""},
-                 {MapColour::Meridian, 77, true, "MeridianColor=77 "},
-                 {MapColour::Confirmed, 78, false, "ConfirmedColor=78 "}};
-    for (const auto& c : cases) {
-        program.window.chosenColour = c.chosen;
-        EXPECT_EQ(program.commands->pickLegendColour(c.entry), c.rebuild);
-        EXPECT_EQ(program.takeChanges(), c.changes);
-    }
-    EXPECT_EQ(program.data->stats.legend().colour(MapColour::Confirmed), 78U);
-    EXPECT_EQ(program.look(), "world home plot ") << "a new colour does not recolour the map";
-}
-
 TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
     PlottedProgram program;
     program.data->ini.WriteIniValue("Globals", "Latitude", "-30");
@@ -207,6 +174,11 @@ TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
     program.restart(); // its cache knows the home
     program.start();
     EXPECT_EQ(program.map->Picture2.Image(), now);
+    program.commands->mnuMiller();
+    program.data->ini.WriteIniValue("Globals", "Latitude", "10");
+    program.chooseLog();
+    program.commands->mnuLoadADIF();
+    EXPECT_EQ(program.data->run.HomeLatitude, 10.0F) << "that map is not centred on it";
 }
 
 TEST(Hover, EndsWithTheMapAndWithAPlotThatFindsNoLog) {

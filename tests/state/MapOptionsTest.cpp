@@ -17,22 +17,21 @@ struct MapOptionsTest : testing::Test {
 };
 
 TEST_F(MapOptionsTest, loadsFilterGroupsInRisingOrder) {
-    const struct {
-        std::string_view keys;
-        int selected; ///< a bit of each member, starting from the third alone
-    } cases[] = {{"Band0=\nBand5=1\n", 1},
-                 {"Band0=0\n", 1},
-                 {"Band0=0\nBand4=1\nBand12=1\n", 1 << 4 | 1 << 12},
-                 {"Band0=1\nBand3=1\n", 1 << 3}};
-    for (const auto& c : cases) {
-        settings(std::string("[MCMapOptions]\n").append(c.keys));
+    // A bit of each member that is selected then; before it is the third alone.
+    const std::pair<std::string_view, int> cases[] = {
+        {"Band0=\nBand5=1\n", 1},
+        {"Band0=0\n", 1},
+        {"Band0=0\nBand4=1\nBand12=1\n", 1 << 4 | 1 << 12},
+        {"Band0=1\nBand3=1\n", 1 << 3}};
+    for (const auto& [keys, bits] : cases) {
+        settings(std::string("[MCMapOptions]\n").append(keys));
         FilterGroup group(Criterion::Band);
         group.set(3, true);
         MapOptionForms::loadGroup(ini, "MCMapOptions", group);
         int selected = 0;
         for (int member = 0; member <= group.lastMember(); ++member)
             selected |= group.selected(member) ? 1 << member : 0;
-        EXPECT_EQ(selected, c.selected) << c.keys;
+        EXPECT_EQ(selected, bits) << keys;
     }
 }
 
