@@ -72,6 +72,14 @@ TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
         EXPECT_GT(pixels(QColor::fromRgb(imageColour(keyOf(base).byDefault))), 1000);
 }
 
+TEST_F(RunTest, AStartOnTheMillerMapDrawsTheHomeMarkInThatMapsColour) {
+    startWith("Display=Miller\r\n", "[GCMapOptions]\r\nQTHColor=1193046\r\n"
+                                    "[MCMapOptions]\r\nQTHColor=6636321\r\n");
+    EXPECT_GT(pixels(QColor::fromRgb(imageColour(6636321))), 0);
+    EXPECT_EQ(pixels(colourOf(MapColour::Home)), 0);
+    EXPECT_EQ(data_->stats.legend().colour(MapColour::Home), 1193046U);
+}
+
 TEST_F(RunTest, AStoredSizeIsHeldBetweenTheMenuAndTheScreen) {
     for (const std::string height : {"100", "90000"}) {
         startWith("GCHeight=" + height + "\r\n");

@@ -176,6 +176,7 @@ TEST(Home, OfTheAzimuthalMapChangesOnlyWithTheBaseMap) {
     EXPECT_EQ(program.map->Picture2.Image(), now);
     program.commands->mnuMiller();
     program.data->ini.WriteIniValue("Globals", "Latitude", "10");
+    program.data->run.marks.mnuShowMe = false; // its mark asks, too
     program.chooseLog();
     program.commands->mnuLoadADIF();
     EXPECT_EQ(program.data->run.HomeLatitude, 10.0F) << "that map is not centred on it";

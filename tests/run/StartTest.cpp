@@ -60,11 +60,9 @@ TEST(Start, APreparedFolderServesAndWhatItLacksIsTold) {
 
 TEST(Start, DisplayChoosesTheMapAndItsSizeWhichTheEndStores) {
     for (const auto& [display, azimuthal] : {std::pair{"Azimuthal", true}, {"azimuthal", false}}) {
-        TestProgram program(
-            home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + display +
-            "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n" +
-            (azimuthal ? "QTHColor=7\r\n[GCMapOptions]" : "[GCMapOptions]\r\nQTHColor=7") +
-            "\r\nHeardColor=3\r\nMeridianColor=4\r\n");
+        TestProgram program(home + "GCHeight=6000\r\nMlWidth=9000\r\nDisplay=" + display +
+                            "\r\n[MCMapOptions]\r\nHeardColor=1\r\nMeridianColor=2\r\n"
+                            "[GCMapOptions]\r\nHeardColor=3\r\nMeridianColor=4\r\n");
         program.start();
         EXPECT_EQ(program.data->run.marks.projection == Projection::Azimuthal, azimuthal)
             << display;
@@ -72,7 +70,7 @@ TEST(Start, DisplayChoosesTheMapAndItsSizeWhichTheEndStores) {
         EXPECT_EQ(program.window.width, azimuthal ? 6000.0F - FakeWindow::frame : 9000.0F);
         EXPECT_EQ(program.map->Picture2.Height(), program.window.height - FakeWindow::frame);
         EXPECT_EQ(program.map->Picture2.Width(), program.window.width - (azimuthal ? 0 : 110));
-        EXPECT_EQ(program.look(), "world home ") << "the mark in its own map's colour";
+        EXPECT_EQ(program.look(), "world home ") << display;
         const Legend& legend = program.data->stats.legend();
         EXPECT_EQ(legend.colour(MapColour::Heard), 3U) << "the azimuthal palette, on either map";
         EXPECT_EQ(legend.colour(MapColour::Meridian), azimuthal ? 4U : 2U);
