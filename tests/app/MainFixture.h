@@ -3,6 +3,7 @@
 #include "app/Controls.h"
 #include "app/MainMenu.h"
 #include "app/frmMain.h"
+#include "platform/SuppliedFiles.h"
 #include "plot/PlotLog.h"
 
 #include <QColorDialog>
@@ -27,18 +28,13 @@ protected:
     /// Puts the data files and the settings of a user with a log of `records` contacts in the
     /// folder.
     void furnish(int records = 3) {
-        copyData();
+        copySupplied(folder_);
         std::string log = "<EOH>\r\n";
         for (int i = 0; i < records; ++i)
             log += record({"K1AB", "-15.5", "47.5", "20M", "CW", "", adif("QSL_RCVD", "Y")});
         folder_.write("Tovrel.ini", "[Globals]\r\nMyCall=W1TVR\r\nLatitude=41.7\r\n"
                                     "Longitude=-72.7\r\n[Log]\r\nadifile=" +
                                         folder_.write("log.adi", log) + "\r\n");
-    }
-    void copyData() {
-        for (const char* name : {"mapper.pnt", "paintma.txt"})
-            std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder_.path(name),
-                                       std::filesystem::copy_options::skip_existing);
     }
 
     /// Starts the program as its user does.

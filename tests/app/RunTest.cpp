@@ -55,7 +55,7 @@ protected:
 };
 
 TEST_F(RunTest, BeginsInAnEmptyFolderWithTheQuestionForTheStation) {
-    copyData();
+    copySupplied(folder_);
     answer([this](QDialog& dialog) {
         EXPECT_EQ(dialog.objectName(), "frmInfoInput");
         EXPECT_TRUE(dialog.isModal());

@@ -1,5 +1,6 @@
 #include "batch/BatchRun.h"
 
+#include "platform/SuppliedFiles.h"
 #include "state/MapColours.h"
 
 #include <QImage>
@@ -15,8 +16,7 @@ class BatchPicture : public BatchTest {
 protected:
     /// The supplied map, and a log whose contacts lie far from each other.
     BatchPicture() {
-        for (const char* name : {"mapper.pnt", "paintma.txt"})
-            std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
+        copySupplied(folder);
         log = work.write("log.adi",
                          record({"DL1A", "50", "-10.5", "20M", "CW", "", adif("QSL_RCVD", "Y")}) +
                              record({"ZS1A=", "-33", "-18"}));

@@ -1,6 +1,7 @@
 // Of signals, pipes in the tree of files, terminals, limits of processes, /dev/full and names that
 // are no UTF-8: other systems have none of these, or end programs in their own way.
 #include "batch/BatchRun.h"
+#include "platform/SuppliedFiles.h"
 
 #include <QDirIterator>
 #include <QImage>
@@ -67,8 +68,7 @@ TEST_F(BatchOnUnix, showsItsProgressOnATerminalUnlessItIsQuiet) {
 }
 
 TEST_F(BatchOnUnix, drawsWithoutHelperThreadsAndNotWithoutFonts) {
-    for (const char* name : {"mapper.pnt", "paintma.txt"})
-        std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
+    copySupplied(folder);
     const std::string plot = " plot \"$1\" --folder \"$2\" --size 300 --image \"$3\"";
     const std::vector<std::string> arguments = {log, folder.path(), work.path("map.png"),
                                                 work.path("program")};

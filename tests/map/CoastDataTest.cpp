@@ -1,8 +1,8 @@
 #include "map/CoastData.h"
 
 #include "map/CoastFile.h"
+#include "platform/SuppliedFiles.h"
 #include "platform/TestDoubles.h"
-#include "platform/TestFolder.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -31,9 +31,7 @@ TEST(CoastData, IsTheFineCoastOnlyWhereTheSuppliedOneWouldServe) {
     };
     for (const auto& c : cases) {
         const TestFolder folder;
-        for (const char* name :
-             {"mapper.pnt", "paintma.txt", "mapper-fine.pnt", "paintma-fine.txt"})
-            std::filesystem::copy_file(joinPath(TOVREL_DATA_DIR, name), folder.path(name));
+        copySupplied(folder, {"mapper.pnt", "paintma.txt", "mapper-fine.pnt", "paintma-fine.txt"});
         std::filesystem::remove(folder.path(c.file));
         if (!c.bytes.empty())
             folder.write(c.file, c.bytes);
