@@ -28,9 +28,8 @@ LEAST = ("the X11 window manager, which drags here, does not learn from Wine of 
 
 
 class WindowsByWine:
-    """Programs unpacked from the archive; the environment that calls tells Wine its folder."""
+    """Programs unpacked from the archive."""
 
-    environment = {}
     # Checks of what differs there, and why.
     left_out = {
         "the azimuthal window starts with the stored height and a square map": FRAME,
@@ -46,6 +45,10 @@ class WindowsByWine:
         "the statistics opened again have a close button alone":
             "asks the X11 window manager for the kind of the window",
     }
+
+    def __init__(self, environment):
+        """@param environment tells Wine its folder"""
+        self.environment = environment
 
     def copy_program(self, programs, folder):
         # Whatever the program writes, it puts in the place of a file and not into it.

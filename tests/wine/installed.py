@@ -49,8 +49,7 @@ def run_installed(windows, programs, command, screenshot=None):
     arguments = ["wine", *(quoted or plain for quoted, plain in
                            re.findall(r'"([^"]*)"|(\S+)', command.replace("%1", inside)))]
     before = {path for path in programs.rglob("*")}
-    wine = {name: value for name, value in windows.environment.items() if name.startswith("WINE")}
-    with Desktop(windows.root / "desktop", wine) as desktop:
+    with Desktop(windows.root / "desktop", windows.own_environment) as desktop:
         with Installed(desktop, folder, arguments) as program:
             until("the dots of the plot", lambda: program.dots() > 100, 60)
             program.wait_for_rest()

@@ -7,6 +7,7 @@ from windows import Failed, expect
 
 TESTS = pathlib.Path(__file__).resolve().parent.parent
 PROGRAMS = ("tovrel_tests", "tovrel_window_tests")
+PATIENCE = 900  # seconds for all tests of a program
 # Tests that are built for Windows and don't hold under Wine, and why.
 NOT_UNDER_WINE = {}
 
@@ -45,7 +46,7 @@ def environment(qt, compiler_folders):
 def run(windows, program, ran, surroundings):
     output = windows.run("wine", program, "--gtest_brief=1",
                          "--gtest_filter=-" + ":".join(NOT_UNDER_WINE), status=None,
-                         **surroundings).decode(errors="replace")
+                         patience=PATIENCE, **surroundings).decode(errors="replace")
     told = re.search(r"(\d+) tests? from .* ran", output)
     failed = sorted(set(re.findall(r"^\[  FAILED  \] (\w[\w/.]*)", output, re.MULTILINE)))
     if not told or failed:

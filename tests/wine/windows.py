@@ -1,5 +1,6 @@
 """A Windows of its own, made by Wine in a folder: none of the user's files, settings or fonts."""
 
+import contextlib
 import os
 import pathlib
 import shutil
@@ -9,7 +10,7 @@ import sys
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "gui"))
 from desktop import Failed  # pylint: disable=wrong-import-position
 
-PATIENCE = 900  # seconds for one program; the tests are one
+PATIENCE = 120  # seconds for one program
 
 # Windows has Arial, this one has not; Liberation Sans is as wide.
 FONTS = pathlib.Path("/usr/share/fonts/truetype/liberation")
@@ -32,21 +33,29 @@ class Windows:
             "WINEDLLOVERRIDES": "mscoree,mshtml=;winemenubuilder.exe=d"}
 
     def __enter__(self):
-        (self.root / "home").mkdir(parents=True)
-        self.run("wineboot", "--init")
-        for font in FONTS.glob("LiberationSans-*.ttf"):
-            shutil.copy(font, self.drive / "windows/Fonts")
-        self.run("wine", "reg", "add", REPLACEMENTS, "/v", "Arial", "/d", "Liberation Sans")
+        with contextlib.ExitStack() as unless_made:
+            unless_made.callback(self.end)
+            (self.root / "home").mkdir(parents=True)
+            self.run("wineboot", "--init", patience=300)
+            for font in FONTS.glob("LiberationSans-*.ttf"):
+                shutil.copy(font, self.drive / "windows/Fonts")
+            self.run("wine", "reg", "add", REPLACEMENTS, "/v", "Arial", "/d", "Liberation Sans")
+            unless_made.pop_all()
         return self
 
     def __exit__(self, *_):
         self.end()
 
     def end(self):
-        """Ends all that runs. What is started next finds the screen that there is then."""
-        subprocess.run(["wineserver", "--kill"], env=self.environment, check=False,
-                       stderr=subprocess.DEVNULL)
-        subprocess.run(["wineserver", "--wait"], env=self.environment, check=False)
+        """Ends all that runs."""
+        for act in ("--kill", "--wait"):
+            subprocess.run(["wineserver", act], env=self.environment, check=False,
+                           stderr=subprocess.DEVNULL, timeout=PATIENCE)
+
+    @property
+    def own_environment(self):
+        """What a program that starts in another surrounding has to be told to run in it."""
+        return {name: value for name, value in self.environment.items() if name.startswith("WINE")}
 
     @property
     def user(self):
@@ -57,13 +66,13 @@ class Windows:
         """The path of a file of drive C: by the name that a program there has for it."""
         return self.drive / str(name).removeprefix("C:").replace("\\", "/").lstrip("/")
 
-    def run(self, *command, status=0, **environment):
+    def run(self, *command, status=0, patience=PATIENCE, **environment):
         """@return standard output, bytes"""
         try:
             answer = subprocess.run([str(part) for part in command], cwd=self.root,
                                     env={**self.environment, **environment},
                                     stdin=subprocess.DEVNULL, capture_output=True, check=False,
-                                    timeout=PATIENCE)
+                                    timeout=patience)
         except subprocess.TimeoutExpired:
             raise Failed(f"{command[1]} does not end") from None
         if status is not None and answer.returncode != status:
