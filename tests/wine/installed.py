@@ -9,6 +9,7 @@ from program import AZIMUTHAL, Program
 
 WORKED_DOT = b"\x00\x00\xff"  # blue, green, red
 SETTINGS = "[Globals]\r\nMyCall=W1TVR\r\nLatitude=41.7\r\nLongitude=-72.7\r\n"
+REFUSED = 3  # the installer's status
 SAVE_MAP = ("f", "s")
 
 
@@ -37,7 +38,23 @@ class Installed(Program):
                    for at in range(0, len(row), 4))
 
 
-def run_installed(windows, programs, command, screenshot=None):
+def check_refusals(windows, programs, setup):
+    """Neither a new version nor the removal touches the program while it runs."""
+    for what, tool, *arguments in (("the installer", setup, "/S"),
+                                   # Without the folder it would go on in a copy and end at once.
+                                   ("the removal", programs / "uninstall.exe", "/S",
+                                    f"_?={windows.name(programs)}")):
+        before = contents(programs)
+        windows.run("wine", tool, *arguments, status=REFUSED)
+        expect(f"{what} leaves a program that runs alone, and its status tells so",
+               contents(programs) == before)
+
+
+def contents(folder):
+    return {path: path.stat().st_mtime_ns for path in folder.rglob("*")}
+
+
+def run_installed(windows, programs, command, setup, screenshot=None):
     """@return the folder of the user's files"""
     folder = windows.user / "AppData/Roaming/Tovrel"
     folder.mkdir(parents=True)
@@ -45,7 +62,7 @@ def run_installed(windows, programs, command, screenshot=None):
     log = windows.user / "Журнал ä.adi"
     log.write_bytes((programs / "sample.adi").read_bytes())
     # As the file manager fills it in.
-    inside = "C:\\users\\" + windows.user.name + "\\" + log.name
+    inside = windows.name(log)
     arguments = ["wine", *(quoted or plain for quoted, plain in
                            re.findall(r'"([^"]*)"|(\S+)', command.replace("%1", inside)))]
     before = {path for path in programs.rglob("*")}
@@ -55,6 +72,7 @@ def run_installed(windows, programs, command, screenshot=None):
             program.wait_for_rest()
             if screenshot:
                 desktop.ask("import", "-window", "root", screenshot)
+            check_refusals(windows, programs, setup)
             program.menu(*SAVE_MAP)
             told = program.wait_for("Tovrel")
             desktop.activate(told)

@@ -16,6 +16,7 @@ import sys
 import tempfile
 import time
 
+import console
 import installed
 import packages
 import units
@@ -66,7 +67,8 @@ def check_units(arguments, windows):
 
 
 def check_archive(arguments, windows):
-    packages.check_archive(windows, one(arguments.packages, ARCHIVE), arguments.native)
+    programs = packages.check_archive(windows, one(arguments.packages, ARCHIVE), arguments.native)
+    console.check(windows, programs)
 
 
 def check_installer(arguments, windows):
@@ -74,7 +76,7 @@ def check_installer(arguments, windows):
     programs, command = packages.check_installer(windows, setup)
     packages.check_upgrade(windows, setup, programs)
     windows.end()  # what is started next finds the screen that there is then
-    folder = installed.run_installed(windows, programs, command, arguments.screenshot)
+    folder = installed.run_installed(windows, programs, command, setup, arguments.screenshot)
     windows.end()
     installed.check_removal(windows, programs, folder)
 

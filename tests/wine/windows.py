@@ -66,6 +66,10 @@ class Windows:
         """The path of a file of drive C: by the name that a program there has for it."""
         return self.drive / str(name).removeprefix("C:").replace("\\", "/").lstrip("/")
 
+    def name(self, path):
+        """The name that a program there has for a file of drive C:."""
+        return "C:\\" + str(path.relative_to(self.drive)).replace("/", "\\")
+
     def run(self, *command, status=0, patience=PATIENCE, **environment):
         """@return standard output, bytes"""
         try:
