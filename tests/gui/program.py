@@ -24,7 +24,7 @@ class Program:
         @param log a log in place of the sample
         """
         self.desktop = bench.desktop
-        self._command = bench.system.command
+        self.system = bench.system
         self.folder = bench.new_folder()
         bench.system.copy_program(bench.programs, self.folder)
         (self.folder / "Tovrel.ini").write_text(
@@ -36,7 +36,7 @@ class Program:
     def __enter__(self):
         self.desktop.point(*POINTER_AWAY)
         self._made.callback(shutil.rmtree, self.folder, ignore_errors=True)
-        self.process = self.desktop.start(self._command(self.folder), self._made)
+        self.process = self.desktop.start(self.system.command(self.folder), self._made)
         with contextlib.ExitStack() as unless_started:
             unless_started.callback(self._made.close)
             self.window = until("the main window", lambda: self.find(AZIMUTHAL) or
@@ -73,6 +73,10 @@ class Program:
 
     def client(self):
         return self.desktop.client(self.window)
+
+    def fits(self, seen, wanted):
+        """Whether a width or height with the frame is what the program was to make it."""
+        return abs(seen - wanted) <= self.system.frame_slack
 
     def menu(self, *letters):
         """Picks a menu item by the underlined letters of its path."""
@@ -114,6 +118,12 @@ class Program:
                     position = (folder / "fdinfo" / link.name).read_text(encoding="ascii")
                     return int(position.split()[1])
         return None
+
+    def stores_size(self, key, pixels):
+        """Fails where the settings hold another size with the frame."""
+        stored = self.stored("Globals", key)
+        if not self.fits(int(stored) / TWIPS, pixels):
+            raise Failed(f"{key}={stored} is stored, the window has {pixels * TWIPS}")
 
     def menu_height(self):
         """The height of the menu bar: one colour at its left edge, and a line at its end."""
