@@ -67,7 +67,8 @@ def information_kept(bench):
         desktop.key("Tab")
         desktop.key("1", "2", "period", "5")
         program.menu(*INFORMATION)
-        until("the dialog in front", lambda: desktop.active() == dialog)
+        # That it has the keyboard as well is shown by the keys below.
+        lasting("the dialog in front", lambda: program.system.in_front(desktop) == dialog)
         if list(desktop.windows(program.process.pid).values()).count("Information Input") != 1:
             raise Failed("there is a second dialog")
         # From the latitude to the button Apply.

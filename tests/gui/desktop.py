@@ -199,6 +199,11 @@ class Desktop:
         found = re.search(r"0x[0-9a-f]+", self.ask("xprop", "-root", "_NET_ACTIVE_WINDOW"))
         return int(found[0], 16) if found else 0
 
+    def topmost(self):
+        """The window above all others, whichever has the keyboard."""
+        found = re.findall(r"0x[0-9a-f]+", self.ask("xprop", "-root", "_NET_CLIENT_LIST_STACKING"))
+        return int(found[-1], 16) if found else 0
+
     def activate(self, window):
         def is_active():
             if self.active() == window:

@@ -21,9 +21,13 @@ class ThisSystem:
     def command(self, folder):
         return [folder / "tovrel"]
 
+    def in_front(self, desktop):
+        """The window that the program has brought to the front."""
+        return desktop.active()
+
 
 LEAST = ("the X11 window manager, which drags here, does not learn from Wine of the least size that "
-         "the program tells Windows")
+         "the program tells Windows: its WM_NORMAL_HINTS have none")
 
 
 class WindowsByWine:
@@ -38,10 +42,8 @@ class WindowsByWine:
             "of the X11 window manager, which comes around it, is then up to 5 pixels beyond one",
         "a narrow Miller window keeps its map": LEAST,
         "a narrow azimuthal window keeps its map": LEAST,
-        "Your Information picked again keeps what was typed":
-            "under Wine the dialog does not come to the front; of Windows that is not known",
         "the statistics opened again have a close button alone":
-            "asks the X11 window manager for the kind of the window",
+            "asks for the kind of the window, and to X11 all of Wine's are of the kind \"normal\"",
     }
 
     def __init__(self, environment):
@@ -54,3 +56,7 @@ class WindowsByWine:
 
     def command(self, folder):
         return ["wine", folder / "tovrel.exe"]
+
+    def in_front(self, desktop):
+        # The window manager does not learn from Wine which window has the keyboard.
+        return desktop.topmost()
