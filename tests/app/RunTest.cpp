@@ -131,7 +131,7 @@ TEST_F(RunTest, ANewSizeDuringAPassShapesTheMapBeforeItsMarks) {
     QSize before;
     plotAnd([this, &before] {
         before = main_->centralWidget()->size();
-        main_->resize(main_->size() + QSize(60, 60));
+        main_->resize(main_->size() + QSize(60, 0));
     });
     EXPECT_EQ(data_->tables.counters.QsosPlotted, longLog);
     EXPECT_NE(main_->centralWidget()->size(), before);

@@ -68,6 +68,17 @@ TEST(PlotRendering, WithinAStatusTheLaterContactLiesOnTop) {
     EXPECT_EQ(run.surface.GetPixel(x - 3, y), run.colour(MapColour::Worked));
 }
 
+TEST(PlotRendering, HomeLiesOnTopOfAllWhenShown) {
+    for (const bool shown : {true, false}) {
+        PlotRun run(record({"W2A", "40", "74", "", "", "", qsl}), Projection::Miller);
+        run.data.run.marks.mnuShowMe = shown;
+        run.plot();
+        EXPECT_EQ(run.ink(MapColour::Confirmed).count > 0, !shown);
+        EXPECT_EQ(colourAt(run.surface, -74 * 122.0, 40 * 240.0),
+                  run.colour(shown ? MapColour::Home : MapColour::Confirmed));
+    }
+}
+
 TEST(PlotRendering, ListsHoldPlacesOfFourDecimals) {
     PlotRun run(contact("G1A", "-0.00001"));
     run.plot();
