@@ -66,8 +66,11 @@ bool isWhole(std::string_view bytes) {
         return bytes.ends_with("IEND\xAE\x42\x60\x82");
     if (bytes.size() < headers)
         return false;
-    const qint64 row = (numberAt<qint32>(bytes, 18) * numberAt<quint16>(bytes, 28) + 31) / 32 * 4;
+    const qint64 width = std::abs(numberAt<qint32>(bytes, 18));
+    const qint64 row = (width * numberAt<quint16>(bytes, 28) + 31) / 32 * 4;
     const auto size = static_cast<qint64>(bytes.size());
+    if (row > size)
+        return false; // nor could it be multiplied
     return numberAt<qint32>(bytes, 2) == size &&
            numberAt<qint32>(bytes, 10) + row * std::abs(numberAt<qint32>(bytes, 22)) == size;
 }

@@ -14,6 +14,7 @@ namespace tovrel {
 namespace {
 
 constexpr int mostMebibytes = 512; // of a decoded picture: 16,384 by 8,192 pixels
+constexpr qint64 mostPixels = (qint64{mostMebibytes} << 20U) / 4;
 constexpr const char* tooLarge = "The picture takes more than 512 MiB of memory";
 
 LoadedPicture unreadable(std::string reason) {
@@ -45,9 +46,10 @@ LoadedPicture decodeAsStored(const FileContent& file) {
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMebibytes);
     QImageReader reader(&buffer);
-    QSize size = reader.size();
-    size = {std::abs(size.width()), std::abs(size.height())}; // a bitmap may count downward
-    if (qint64{4} * size.width() * size.height() > qint64{mostMebibytes} << 20U)
+    const QSize size = reader.size();
+    const qint64 width = std::abs(qint64{size.width()}); // a bitmap may count downward
+    const qint64 height = std::abs(qint64{size.height()});
+    if (width > 0 && height > mostPixels / width)
         return unreadable(tooLarge);
     QImage image;
     if (reader.format() == "bmp") {

@@ -30,11 +30,15 @@ TEST(PictureFile, TellsWhatIsNoPictureFromNone) {
     const std::string bitmap = folder.read("good.bmp");
     std::string huge = bitmap; // claims 12,000 pixels square
     huge.replace(18, 8, std::string("\xE0\x2E\0\0\xE0\x2E\0\0", 8));
-    for (const std::string& bytes : {std::string(), bitmap.substr(0, 30), huge}) {
+    std::string endless = bitmap; // claims more than can be counted in 64 bits
+    endless.replace(18, 8, "\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x7F");
+    endless.replace(28, 2, "\xFF\xFF");
+    for (const std::string& bytes : {std::string(), bitmap.substr(0, 30), huge, endless}) {
         const LoadedPicture bad = LoadPicture(folder.write("bad.bmp", bytes));
         EXPECT_EQ(bad.end, ReadEnd::Unreadable) << bytes.size();
         EXPECT_EQ(bad.reason == "The picture takes more than 512 MiB of memory", bytes == huge);
         EXPECT_FALSE(bad.reason.empty());
+        EXPECT_EQ(loadBaseMap(folder.path("bad.bmp")).end, ReadEnd::Unreadable);
     }
     EXPECT_EQ(LoadPicture(folder.path("none.bmp")).end, ReadEnd::Missing);
     EXPECT_EQ(LoadPicture(folder.path()).reason, "Is a directory");
