@@ -5,6 +5,7 @@
 #include "platform/FolderLock.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace tovrel {
@@ -12,6 +13,24 @@ namespace tovrel {
 namespace {
 
 const QString prefix = QStringLiteral(".tovrel-");
+
+/// Removes all that is in a folder, the file of its lock last: what a kill on the way leaves is
+/// known to be dead, too.
+void empty(const QString& path) {
+    const QString lockFile = QLatin1String(FolderLock::name);
+    const QDir folder(path);
+    bool isGone = true;
+    for (const QFileInfo& entry : folder.entryInfoList(QDir::AllEntries | QDir::Hidden |
+                                                       QDir::System | QDir::NoDotAndDotDot)) {
+        if (entry.fileName() == lockFile)
+            continue;
+        const bool isFolder = entry.isDir() && !entry.isSymLink();
+        isGone &=
+            isFolder ? QDir(entry.filePath()).removeRecursively() : QFile::remove(entry.filePath());
+    }
+    if (isGone)
+        QFile::remove(folder.filePath(lockFile));
+}
 
 } // namespace
 
@@ -33,7 +52,10 @@ WorkFolder::WorkFolder(const std::string& place) {
     // could tell later that its owner is dead.
 }
 
-WorkFolder::~WorkFolder() = default;
+WorkFolder::~WorkFolder() {
+    if (isValid())
+        empty(folder_->path());
+}
 
 std::string WorkFolder::error() const { return withoutStop(folder_->errorString()); }
 
@@ -56,7 +78,7 @@ void WorkFolder::clearDeadOnes(const std::string& place) {
         if (!fileExists(lockFile) || isLink || !isOwn(path) || !isOwn(lockFile))
             continue;
         if (const FolderLock lock(path, false); lock.isHeld())
-            QDir(folder.filePath()).removeRecursively();
+            empty(folder.filePath());
         // On some systems the lock's file stands until it is closed.
         QDir().rmdir(folder.filePath());
     }

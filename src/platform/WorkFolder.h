@@ -34,7 +34,7 @@ private:
     static void clearDeadOnes(const std::string& place);
 
     std::unique_ptr<QTemporaryDir> folder_;
-    std::unique_ptr<FolderLock> lock_; ///< released before the folder goes
+    std::unique_ptr<FolderLock> lock_; ///< released when only the folder is left
 };
 
 } // namespace tovrel

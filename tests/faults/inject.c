@@ -2,7 +2,7 @@
  * it by LD_PRELOAD, and told by the environment what to do:
  *
  *     INJECT_TEXT   only calls on files whose path holds this text count
- *     INJECT_KIND   write, rename, fsync, fsyncdir (of a folder), openw, openr, read or mkdir
+ *     INJECT_KIND   write, rename, fsync, fsyncdir (of a folder), openw, openr, read, mkdir or remove
  *     INJECT_AT     number of the call of that kind, from 1; 0 for none
  *     INJECT_DO     number of an error; or short (half of it is written or read), kill (before the
  *                   call), killed (after it), torn (after half of a write), stop (before it,
@@ -314,3 +314,15 @@ char* mkdtemp(char* path) {
     WITH_FATE(fate, result, NULL, REAL(mkdtemp)(path));
     return result;
 }
+
+static int removed(int folder, const char* path, int flags) {
+    char room[4100];
+    const char* full = whole(folder, path, room);
+    const struct fate fate = counts(full) ? decide("remove", full) : (struct fate){pass, 0};
+    int result;
+    WITH_FATE(fate, result, -1, (int)syscall(SYS_unlinkat, folder, path, flags));
+    return result;
+}
+int unlink(const char* path) { return removed(AT_FDCWD, path, 0); }
+int unlinkat(int folder, const char* path, int flags) { return removed(folder, path, flags); }
+int rmdir(const char* path) { return removed(AT_FDCWD, path, AT_REMOVEDIR); }

@@ -7,7 +7,7 @@ import time
 
 from harness import Row, spread
 
-WRITING = ("openw", "mkdir", "write", "fsync", "fsyncdir", "rename")
+WRITING = ("openw", "mkdir", "write", "fsync", "fsyncdir", "rename", "remove")
 
 
 def check_killed(kind, tally, trial, label):
