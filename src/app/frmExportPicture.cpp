@@ -8,7 +8,6 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -28,13 +27,13 @@ struct FormatChoice {
 
 constexpr std::array<FormatChoice, 3> formats = {
     {{PictureFormat::Png, "optPng", "PNG, a picture for the web and for slides"},
-     {PictureFormat::Jpeg, "optJpeg", "JPEG, a smaller picture of the relief"},
+     {PictureFormat::Jpeg, "optJpeg", "JPEG, smaller with relief and few contacts"},
      {PictureFormat::Pdf, "optPdf", "PDF, a page to print"}}};
 
 } // namespace
 
 frmExportPicture::frmExportPicture(const PictureWish& start, MapShape shape, QWidget* parent)
-    : frmDialog(parent), shape_(shape) {
+    : frmDialog(parent), shape_(shape), folder_(QFileInfo(displayText(start.path)).absolutePath()) {
     setUpDialog(*this, QStringLiteral("frmExportPicture"), QStringLiteral("Export Picture"), 6300,
                 4710);
     addFormats();
@@ -94,9 +93,10 @@ void frmExportPicture::addFile() {
     connect(browse, &QPushButton::clicked, this, [this] { cmdBrowse_Click(); });
     connect(cmdExport_, &QPushButton::clicked, this, &QDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    // A file needs a name besides its folder.
+    // A file needs a name besides its folder, and no folder's.
     connect(txtFile_, &QLineEdit::textChanged, this, [this](const QString& path) {
-        cmdExport_->setEnabled(!splitPath(byteText(path.trimmed())).name.empty());
+        cmdExport_->setEnabled(!splitPath(byteText(path.trimmed())).name.empty() &&
+                               !file().isDir());
     });
 }
 
@@ -138,7 +138,7 @@ void frmExportPicture::cmdBrowse_Click() {
     const QString extension = displayText(extensionOf(format()));
     // Whether a file is replaced is asked later, wherever its name comes from.
     const QString chosen = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Export Picture"), txtFile_->text(),
+        this, QStringLiteral("Export Picture"), file().absoluteFilePath(),
         QStringLiteral("%1 Files (*%2)").arg(extension.mid(1).toUpper(), extension), nullptr,
         QFileDialog::DontConfirmOverwrite);
     if (!chosen.isEmpty())
@@ -146,9 +146,14 @@ void frmExportPicture::cmdBrowse_Click() {
             QDir::toNativeSeparators(displayText(withExtensionOf(format(), byteText(chosen)))));
 }
 
+/// What the field tells. A name alone is meant to lie where the last file does, and not where the
+/// program was started.
+QFileInfo frmExportPicture::file() const {
+    return QFileInfo(QDir::cleanPath(QDir(folder_).absoluteFilePath(txtFile_->text().trimmed())));
+}
+
 PictureWish frmExportPicture::wish() const {
-    // A name alone is meant to lie where the last file does, and not where the program was started.
-    const QFileInfo file(QDir(QDir::homePath()), txtFile_->text().trimmed());
+    const QFileInfo file = this->file();
     const auto native = [](const QString& path) {
         return byteText(QDir::toNativeSeparators(path));
     };

@@ -4,6 +4,8 @@
 #include "platform/frmControls.h"
 #include "run/PictureWish.h"
 
+#include <QFileInfo>
+#include <QString>
 #include <array>
 
 class QCheckBox;
@@ -34,11 +36,13 @@ private:
     void addFile();
     void showWish(const PictureWish& wish);
     PictureFormat format() const;
+    QFileInfo file() const;
     void followFormat();
     void followSize();
     void cmdBrowse_Click();
 
     MapShape shape_;
+    QString folder_; ///< of the last file
     std::array<QRadioButton*, 3> optFormats_{};
     QLabel* lblSize_ = nullptr;
     QSpinBox* txtPixels_ = nullptr;

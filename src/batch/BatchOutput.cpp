@@ -27,11 +27,15 @@ WriteEnd writeIntoDevice(const std::string& path, std::string_view bytes) {
     return end;
 }
 
-/// The seconds that SOURCE_DATE_EPOCH tells, if it does.
+constexpr const char* epochName = "SOURCE_DATE_EPOCH";
+
+/// The seconds that SOURCE_DATE_EPOCH tells, where it tells some.
 std::optional<qint64> epochTold() {
+    constexpr qint64 lastSecond = 253402300799; // of the year 9999: a PDF has no room for the next
     bool isNumber = false;
-    const qint64 seconds = qgetenv("SOURCE_DATE_EPOCH").toLongLong(&isNumber);
-    return isNumber && seconds >= 0 ? std::optional(seconds) : std::nullopt;
+    const qint64 seconds = qgetenv(epochName).toLongLong(&isNumber);
+    return isNumber && seconds >= 0 && seconds <= lastSecond ? std::optional(seconds)
+                                                             : std::nullopt;
 }
 
 } // namespace
@@ -85,6 +89,12 @@ bool writeMap(const std::string& path, const QImage& map, Paper paper,
     }
     const QByteArray& bytes = buffer.data();
     return writeResult(path, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+std::string faultOfTime() {
+    return qgetenv(epochName).isEmpty() || epochTold()
+               ? std::string()
+               : std::string(epochName) + " tells no seconds of the years 1970 to 9999";
 }
 
 QDateTime timeOfRun() {

@@ -30,6 +30,9 @@ bool writeMap(const std::string& path, const QImage& map, Paper paper = Paper::A
 /// SOURCE_DATE_EPOCH, https://reproducible-builds.org/specs/source-date-epoch/.
 QDateTime timeOfRun();
 
+/// Why SOURCE_DATE_EPOCH can't tell the time of the run; empty where it can, or is not set.
+std::string faultOfTime();
+
 /// Tells of a file that can't be written.
 /// @param reason short, UTF-8
 /// @return false

@@ -89,6 +89,9 @@ BatchResult answer(int argc, char* argv[]) {
     case BatchOptions::Command::Kmz:
         break;
     }
+    if (const std::string fault = tovrel::faultOfTime(); !fault.empty()) {
+        return fail(BatchResult::WrongUse, fault);
+    }
     tovrel::watchForInterruption();
     tovrel::limitThreadsToPossible();
     // Text on the map needs fonts, and those an application, but no display.

@@ -165,6 +165,7 @@ bool TopoOverlay(PictureSurface& Picture1, const QImage& mapPix, const WorldMap&
     }
     // What no pixel of the picture falls on shows its place all the same.
     for (int y = 0; y < Picture1.pixelHeight(); ++y) {
+        listener.yield();
         for (int x = 0; x < Picture1.pixelWidth(); ++x) {
             if (!takesPicture(x, y) || reached.at(x, y))
                 continue;

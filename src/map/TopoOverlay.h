@@ -14,8 +14,8 @@ namespace tovrel {
 /// land of another colour stay, and the first source pixel that reaches it is the one that it
 /// shows. What none reaches, as at many pixels, takes the colour of the place that it shows.
 ///
-/// Progress is reported, and events run, at every 5000th source pixel; once begun, the pass runs to
-/// its end.
+/// Progress is reported, and events run, at every 5000th source pixel, and events at each row of
+/// what none reaches; once begun, the pass runs to its end.
 /// @param mapPix plate carree, of any size, longitude -180 at the left edge, latitude 90 at the top
 /// @param land the land colour that the picture covers
 /// @param last the position that a source pixel counts for which is not shown, until one is

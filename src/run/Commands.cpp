@@ -164,8 +164,8 @@ void Commands::mnuSaveMap() {
 }
 
 /// What the user wants exported; nothing on cancel. Nothing is replaced without a question.
-std::optional<PictureWish> Commands::choosePicture() {
-    std::optional<PictureWish> wish = firstWish(data_.ini, data_.run.marks.projection, clock_());
+std::optional<PictureWish> Commands::choosePicture(PictureWish start) {
+    std::optional<PictureWish> wish = std::move(start);
     do {
         wish = windows_.dialogs.choosePicture(*wish, data_.map()->shape());
     } while (wish && fileExists(wish->path) &&
@@ -178,18 +178,22 @@ std::optional<PictureWish> Commands::choosePicture() {
 }
 
 void Commands::mnuExportPicture() {
-    const std::optional<PictureWish> wish = choosePicture();
-    if (!wish) {
-        return;
-    }
-    writePictureOptions(data_.ini, wish->options);
-    const PictureEnd end = exportPicture(*wish, data_, map_, clock_(), listener_);
-    const std::string name(splitPath(wish->path).name);
-    if (!end.stopped && !end.written) {
+    std::optional<PictureWish> wish =
+        choosePicture(firstWish(data_.ini, data_.run.marks.projection, clock_()));
+    while (wish) {
+        writePictureOptions(data_.ini, wish->options);
+        const PictureEnd end = exportPicture(*wish, data_, map_, clock_(), listener_);
+        const std::string name(splitPath(wish->path).name);
+        if (end.stopped) {
+            return;
+        }
+        if (end.written) {
+            prompt_.tell(name + " has been saved.");
+            return;
+        }
         prompt_.tellFailure({FileFailure::Act::Write, name + " could not be saved.", wish->path,
                              end.written.reason});
-    } else if (!end.stopped) {
-        prompt_.tell(name + " has been saved.");
+        wish = choosePicture(*std::move(wish));
     }
 }
 

@@ -148,7 +148,9 @@ public:
 
 private:
     void keepLog(const std::string& path);
-    std::optional<PictureWish> choosePicture();
+    /// Asks for a picture until its file is new or may be replaced.
+    /// @return nothing when the user wants none
+    std::optional<PictureWish> choosePicture(PictureWish start);
     bool logChosen() const;
     /// Lets the user choose a log if there is none, and tells if there still is none then.
     bool chooseLog();

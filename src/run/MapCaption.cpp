@@ -31,7 +31,7 @@ QString coordinate(float degrees, const char* positive, const char* negative) {
     const double shown =
         std::round(std::abs(static_cast<double>(degrees)) * tenThousandths) / tenThousandths;
     return displayText(decimalText(shown)) + QStringLiteral("° ") +
-           QLatin1String(degrees < 0.0F ? negative : positive);
+           QLatin1String(degrees < 0.0F && shown > 0.0 ? negative : positive);
 }
 
 QFont captionFont(double textHeight, bool bold) {

@@ -60,22 +60,35 @@ QImage captioned(const QImage& map, const MapCaption& caption) {
     return picture;
 }
 
-/// Replaces the time of making in a PDF, which Qt takes from the clock. Its digits and its zone
-/// keep their places, and so does all that the file refers to by its offset.
+/// Replaces the time of making in a PDF, which Qt takes from the clock and tells in as many letters
+/// as the computer's zone takes. What lies behind it moves with its end, and so do the places that
+/// the table at the end of the file tells.
 void setCreationDate(QByteArray& pdf, const QDateTime& made) {
     const QByteArray key = "/CreationDate (D:";
-    const qsizetype at = pdf.indexOf(key);
-    if (at < 0) {
+    const qsizetype told = pdf.indexOf(key);
+    const qsizetype end = pdf.indexOf(')', told);
+    const qsizetype table = pdf.lastIndexOf("\nxref\n");
+    if (told < 0 || end < 0 || table < end) {
         return;
     }
-    const qsizetype digits = at + key.size();
-    const QByteArray time = made.toUTC().toString(QStringLiteral("yyyyMMddHHmmss")).toLatin1();
-    pdf.replace(digits, time.size(), time);
-    const qsizetype zone = digits + time.size();
-    if (pdf.mid(zone, 1) != "Z") {
-        const QByteArray utc = "+00'00'";
-        pdf.replace(zone, utc.size(), utc);
+    const qsizetype start = told + key.size();
+    const QByteArray time = made.toUTC().toString(QStringLiteral("yyyyMMddHHmmss'Z'")).toLatin1();
+    const auto moved = [start, growth = time.size() - (end - start)](const QByteArray& place) {
+        const qsizetype was = place.toLongLong();
+        return QByteArray::number(was > start ? was + growth : was);
+    };
+    constexpr qsizetype digits = 10; // of a place in the table
+    QList<QByteArray> lines = pdf.mid(table).split('\n');
+    for (qsizetype i = 1; i < lines.size(); ++i) {
+        if (lines[i].endsWith(" 00000 n ")) {
+            lines[i] =
+                moved(lines[i].first(digits)).rightJustified(digits, '0') + lines[i].mid(digits);
+        } else if (lines[i - 1] == "startxref") {
+            lines[i] = moved(lines[i].trimmed());
+        }
     }
+    pdf.replace(table, pdf.size() - table, lines.join('\n'));
+    pdf.replace(start, end - start, time);
 }
 
 bool encodePage(Paper paper, const QImage& map, const std::optional<MapCaption>& caption,
@@ -153,8 +166,9 @@ std::string sheetSizeText(SheetKind kind, int pixels, MapShape shape) {
         return centimetres(width) + " x " + centimetres(width / shape.widthPerHeight) + " cm";
     };
     if (kind.format != PictureFormat::Pdf) {
-        return std::to_string(pixels) + " x " + std::to_string(pixels / shape.widthPerHeight) +
-               " pixels, " + extent(pixels * millimetresToAnInch / pictureDpi) + " at " +
+        return "Map " + std::to_string(pixels) + " x " +
+               std::to_string(pixels / shape.widthPerHeight) + " pixels, " +
+               extent(pixels * millimetresToAnInch / pictureDpi) + " at " +
                std::to_string(pictureDpi) + " dots per inch";
     }
     const PageArea area = pageArea(kind.paper, shape);

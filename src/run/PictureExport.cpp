@@ -4,6 +4,7 @@
 #include "run/MapSheet.h"
 
 #include <QIODevice>
+#include <exception>
 #include <optional>
 
 namespace tovrel {
@@ -13,10 +14,15 @@ namespace {
 constexpr float fullBar = 100.0F;
 constexpr float barDrawn = 60.0F; ///< when the map is drawn and remains to be encoded
 
-/// A pass within the export: its progress is a part of the bar, its words are not shown.
+/// Thrown out of a drawing that the user has stopped.
+class Stopped : public std::exception {};
+
+/// A pass within the export: its progress is a part of the bar, its words are not shown, and the
+/// user's stop ends it.
 class PartListener : public PassListener {
 public:
-    PartListener(PassListener& whole, float share) : whole_(whole), share_(share) {}
+    PartListener(PassListener& whole, float share, const bool& stop)
+        : whole_(whole), share_(share), stop_(stop) {}
 
     void beginPass(std::string_view, std::string_view, float maximum) override {
         maximum_ = maximum;
@@ -24,11 +30,16 @@ public:
     void showStatus(std::string_view) override {}
     void showProgress(float value) override { whole_.showProgress(share_ * value / maximum_); }
     void endPass() override {}
-    void yield() override { whole_.yield(); }
+    void yield() override {
+        whole_.yield();
+        if (stop_)
+            throw Stopped();
+    }
 
 private:
     PassListener& whole_;
     float share_;
+    const bool& stop_;
     float maximum_ = fullBar;
 };
 
@@ -60,10 +71,17 @@ private:
     std::string bytes_;
 };
 
-/// Pixels of the map for a wish.
-int mapPixels(const PictureOptions& options, MapShape shape) {
-    return options.format == PictureFormat::Pdf ? mapPixelsOn(options.paper, shape)
-                                                : options.pixels;
+/// The map on show, drawn anew in the size of a wish.
+PictureSurface drawnMap(const PictureOptions& options, MapShape shape, MapPictures& map,
+                        PassListener& listener) {
+    const int pixels =
+        options.format == PictureFormat::Pdf ? mapPixelsOn(options.paper, shape) : options.pixels;
+    const PictureSurface& shown = map.Picture2;
+    PictureSurface picture(shown.Width(), shown.Height(),
+                           pixels * static_cast<double>(twipsPerPixel) /
+                               static_cast<double>(shown.Width()));
+    map.drawAnew(picture, listener);
+    return picture;
 }
 
 } // namespace
@@ -75,22 +93,19 @@ PictureEnd exportPicture(const PictureWish& wish, RunData& data, MapPictures& ma
     listener.beginPass("Exporting Picture", "Drawing the map", fullBar);
     StoppableBuffer file(stop, listener);
     bool encoded = false;
-    {
-        const PictureSurface& shown = map.Picture2;
-        const int pixels = mapPixels(wish.options, data.map()->shape());
-        PictureSurface picture(shown.Width(), shown.Height(),
-                               pixels * static_cast<double>(twipsPerPixel) /
-                                   static_cast<double>(shown.Width()));
-        PartListener drawing(listener, barDrawn);
-        map.drawAnew(picture, drawing);
+    try {
+        PartListener drawing(listener, barDrawn, stop);
+        const PictureSurface picture = drawnMap(wish.options, data.map()->shape(), map, drawing);
         listener.showProgress(barDrawn);
         listener.showStatus(std::string("Writing: ").append(splitPath(wish.path).name));
-        listener.yield();
+        drawing.yield();
         std::optional<MapCaption> caption;
         if (wish.options.caption)
             caption = captionOf(data, map.Picture2.layers, now);
-        encoded = !stop && encodeSheet({wish.options.format, wish.options.paper}, picture.Image(),
-                                       caption, std::nullopt, file);
+        encoded = encodeSheet({wish.options.format, wish.options.paper}, picture.Image(), caption,
+                              std::nullopt, file);
+    } catch (const Stopped&) {
+        encoded = false;
     }
     PictureEnd end{.stopped = stop, .written = {}};
     if (!end.stopped) {

@@ -23,7 +23,8 @@ TEST(frmExportPicture, TellsSizeAndNameOfWhatWillBeMade) {
     window.show();
     const auto result = [&window] { return control<QLabel>(window, "lblResult").text(); };
     const auto file = [&window] { return control<QLineEdit>(window, "txtFile").text(); };
-    EXPECT_EQ(result(), QStringLiteral("3000 x 1500 pixels, 25.4 x 12.7 cm at 300 dots per inch"));
+    EXPECT_EQ(result(),
+              QStringLiteral("Map 3000 x 1500 pixels, 25.4 x 12.7 cm at 300 dots per inch"));
     click(window, "optPdf");
     EXPECT_EQ(file(), path("pictures/map.pdf"));
     control<QComboBox>(window, "cboPaper").setCurrentText(QStringLiteral("A3"));
@@ -44,8 +45,12 @@ TEST(frmExportPicture, TellsSizeAndNameOfWhatWillBeMade) {
                                             .paper = Paper::A3,
                                             .caption = false,
                                             .folder = byteText(path("other"))}));
-    box.setText(path("folder/"));
-    EXPECT_FALSE(control(window, "cmdExport").isEnabled());
+    for (const QString& folder : {path("folder/"), QStringLiteral(".."), QDir::tempPath()}) {
+        box.setText(folder);
+        EXPECT_FALSE(control(window, "cmdExport").isEnabled()) << byteText(folder);
+    }
+    box.setText(QStringLiteral("alone"));
+    EXPECT_EQ(window.wish().path, byteText(path("pictures/alone.jpg"))) << "beside the last one";
 }
 
 } // namespace

@@ -69,6 +69,14 @@ TEST_F(BatchWrongUse, isToldInOneLineAndTouchesNoFile) {
         expect(row, 2);
 }
 
+TEST_F(BatchWrongUse, isATimeThatNoPageCanTell) {
+    for (const char* time : {"253402300800", "-1", "noon"}) {
+        qputenv("SOURCE_DATE_EPOCH", time);
+        expect({{"plot", "LOG", "--image", "WORK/m.pdf"}, "SOURCE_DATE_EPOCH"}, 2);
+    }
+    qunsetenv("SOURCE_DATE_EPOCH");
+}
+
 TEST_F(BatchWrongUse, isAPlaceThatTwoFilesShare) {
     std::filesystem::create_hard_link(log, folder.path("hard.kmz"));
     const Row rows[] = {

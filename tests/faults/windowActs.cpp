@@ -34,10 +34,12 @@ const std::map<std::string, std::function<void(Run&)>> acts = {
     {"export",
      [](Run& run) {
          run.prompt.answer = true; // the file may be replaced
-         run.window.onChoosePicture = [&run](PictureWish wish) {
+         run.window.onChoosePicture = [&run](PictureWish wish) -> std::optional<PictureWish> {
+             if (run.window.pictureDialogs.size() > 1)
+                 return std::nullopt; // what can't be saved is asked for again
              wish.options.pixels = PictureOptions::leastPixels;
              wish.path = joinPath(run.data.ini.programFolder(), "export.png");
-             return std::optional(wish);
+             return wish;
          };
          run.commands.mnuExportPicture();
      }},

@@ -101,6 +101,7 @@ TEST(ExportPicture, StopsAtAnyMomentAndLeavesTheOldFile) {
             EXPECT_FALSE(program.listener.open);
             EXPECT_FALSE(program.data->run.AbortRequested);
             yields = program.listener.yields;
+            EXPECT_TRUE(stopAt > 1 || yields == 1) << "nothing more is drawn";
             if (yields < stopAt)
                 break; // it ended before
             EXPECT_EQ(program.folder.read(name), "precious") << stopAt;
@@ -112,7 +113,13 @@ TEST(ExportPicture, StopsAtAnyMomentAndLeavesTheOldFile) {
 TEST(ExportPicture, TellsWhyAFileCouldNotBeSaved) {
     ExportingProgram program({.pixels = 1000});
     std::filesystem::create_directory(program.folder.path("map.png"));
+    const auto choose = program.window.onChoosePicture;
+    program.window.onChoosePicture = [&](const PictureWish& start) {
+        return program.window.pictureDialogs.size() < 2 ? choose(start) : std::nullopt;
+    };
     program.commands->mnuExportPicture();
+    ASSERT_EQ(program.window.pictureDialogs.size(), 2U) << "for another file";
+    EXPECT_EQ(program.window.pictureDialogs[1].path, program.folder.path("map.png"));
     ASSERT_EQ(program.prompt.told.size(), 1U);
     EXPECT_TRUE(program.prompt.told[0].starts_with("map.png could not be saved.\r\n" +
                                                    program.folder.path("map.png")))
