@@ -85,7 +85,7 @@ Cut AdifReader::next() {
 
 /// @return false at the end of the file and on failure
 bool AdifReader::toRecordEnd() {
-    if (!std::exchange(started_, true) && (isXml() || !skipHeader())) {
+    if (!std::exchange(started_, true) && (isXml() || isUtf16() || !skipHeader())) {
         return false;
     }
     recordStart_ = at_;
@@ -132,6 +132,17 @@ bool AdifReader::isXml() {
         error_ = "it is an XML file (ADX); Tovrel reads ADI files";
     }
     return xml;
+}
+
+/// Two bytes to a letter, as an editor may save a log.
+bool AdifReader::isUtf16() {
+    const std::string_view begin = has(3) ? text(0, 4) : std::string_view();
+    const bool utf16 = (begin.starts_with("\xFF\xFE") && begin[3] == '\0') ||
+                       (begin.starts_with("\xFE\xFF") && begin[2] == '\0');
+    if (utf16) {
+        error_ = "its text is UTF-16; Tovrel reads ADI files in ASCII or UTF-8";
+    }
+    return utf16;
 }
 
 /// Leaves the first tag of the first record ahead. A header ends at its `<EOH>`, whatever lengths

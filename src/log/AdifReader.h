@@ -66,6 +66,7 @@ private:
     bool toRecordEnd();
     void forgetFields();
     bool isXml();
+    bool isUtf16();
     bool skipHeader();
     bool goBackTo(Place place);
     bool toNextMark();
