@@ -163,7 +163,6 @@ void Commands::mnuSaveMap() {
     prompt_.tell(mapImageName(projection, clock_()) + ".bmp has been saved.");
 }
 
-/// What the user wants exported; nothing on cancel. Nothing is replaced without a question.
 std::optional<PictureWish> Commands::choosePicture(PictureWish start) {
     std::optional<PictureWish> wish = std::move(start);
     do {

@@ -139,6 +139,14 @@ TEST(PictureWish, GivesANameTheExtensionOfItsFormat) {
         EXPECT_EQ(withExtensionOf(row.format, row.path), row.becomes);
 }
 
+TEST(MapCaption, KnowsNoSouthOfZero) {
+    PlottedProgram program;
+    program.data->run.HomeLatitude = -0.00001F;
+    program.data->run.HomeLongitude = -72.7F;
+    const QString station = captionOf(*program.data, {}, QDateTime()).station;
+    EXPECT_TRUE(station.endsWith(QStringLiteral("0° N, 72.7° W"))) << station.toStdString();
+}
+
 TEST(MapCaption, IsNeverCut) {
     MapCaption caption;
     caption.station = QString(90, QLatin1Char('W'));
